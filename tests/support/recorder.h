@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QMap>
+#include <QStringList>
+
+#include "app/app.h"
+#include "device/device.h"
+#include "image/image.h"
+#include "platform/dialogs.h"
+
+namespace tolvex::testing {
+
+/// The person, as the operations see them: keeps every call in order, answers from a script.
+/// `calls` reads like a transcript: "status 1: text", "message OK: text", "progress: text",
+/// "close message", "option LockBit = 2", "verify report", "box Stop title|text" ...
+class Recorder : public StatusPanels,
+                 public MessageDialog,
+                 public ListingWindows,
+                 public SettingPanel,
+                 public Dialogs {
+  public:
+    struct Progress {
+        bool visible;
+        double value;
+        double maximum;
+    };
+
+    QStringList calls;
+    QMap<int, QString> panels;      ///< what each status panel shows now
+    QString message;                ///< what the message dialog shows now; null = closed
+    QList<Progress> progress;       ///< every SetProgress(on), as the bar would show it
+    QMap<OptionList, int> options;  ///< selected entries
+    QMap<OptionList, QStringList> optionEntries;
+    QMap<OptionList, bool> optionShown;
+    QStringList devices;
+    int markedDevice = -1;
+    QString flashListing, eepromListing, verifyReport, flashCaption, eepromCaption;
+    QString flashSize, eepromSize;
+    bool fuseReadEnabled = true, fuseWriteEnabled = true, patchPanelShown = false;
+
+    QList<FileDialogAnswer> fileAnswers;  ///< taken from the front; none left = cancelled
+    QList<bool> okCancelAnswers;          ///< none left = Cancel
+    QList<FileDialogRequest> fileRequests;
+
+    /// The calls that a person sees (status 1 and the message dialog), in order.
+    QStringList Seen() const;
+
+    void SetStatusText(int panel, const QString& text) override;
+
+    void ShowMessage(MessageMode mode, const QString& text) override;
+    void CloseMessage() override;
+    void SetProgress(bool on, double minimum, double value, double maximum) override;
+
+    void SetFlashListing(const QString& text) override;
+    void SetEepromListing(const QString& text) override;
+    void ShowVerifyReport(const QString& text) override;
+    void SetFlashCaption(const QString& caption) override;
+    void SetEepromCaption(const QString& caption) override;
+
+    void FillOptions(OptionList list, const QStringList& entries) override;
+    int SelectedOption(OptionList list) const override { return options.value(list, -1); }
+    void SelectOption(OptionList list, int entry) override;
+    void ShowOption(OptionList list, bool on) override { optionShown[list] = on; }
+    void EnableFuseRead(bool enabled) override { fuseReadEnabled = enabled; }
+    void EnableFuseWrite(bool enabled) override { fuseWriteEnabled = enabled; }
+    void FillDevices(const QStringList& names) override { devices = names; }
+    void MarkDevice(int index) override { markedDevice = index; }
+    void ShowSizes(const QString& flash, const QString& eeprom) override;
+    void ShowPatchPanel() override { patchPanelShown = true; }
+
+    FileDialogAnswer AskOpenFile(const FileDialogRequest& request) override;
+    FileDialogAnswer AskSaveFile(const FileDialogRequest& request) override;
+    void ShowBox(BoxIcon icon, const QString& title, const QString& text) override;
+    bool AskOkCancel(const QString& title, const QString& text) override;
+};
+
+/// An accepted file dialog for `path`.
+FileDialogAnswer Chosen(const QString& path);
+
+/// Settings in memory.
+class MemorySettings : public Settings {
+  public:
+    QMap<QString, QString> values;
+
+    QString GetSetting(const QString& key, const QString& standard) const override {
+        return values.value(key, standard);
+    }
+    void SaveSetting(const QString& key, const QString& text) override { values[key] = text; }
+};
+
+}  // namespace tolvex::testing
