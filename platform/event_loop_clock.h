@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QElapsedTimer>
+#include <QObject>
+
+#include "platform/event_clock.h"
+
+namespace tolvex {
+
+/// The real clock and the real event loop. A yield rests in the loop without burning the
+/// processor: it returns after the first event (bytes, input, paint, timer), or at the deadline and
+/// then at most about a millisecond late, never early. It is made after the QCoreApplication and
+/// used in its thread. Yields may nest (an event handler may wait itself).
+///
+/// Trap: while a handler waits, objects on which it called deleteLater() before or while waiting
+/// stay alive; the event loop deletes them only after that handler has returned. What handlers that
+/// run inside the wait delete later is gone with the next yield. So a chain of commands never sees
+/// its own objects vanish, but must not count on them being gone either: hide a window before
+/// deleteLater().
+class EventLoopClock : public EventClock {
+  public:
+    EventLoopClock();
+
+    Instant Now() const override;
+    /// A deadline in the past gives one pass without rest.
+    void Yield(Instant deadline) override;
+    bool Ended() const override { return ended_; }
+
+    /// The shutdown: from now on nothing waits, and no yield delivers events any more. Yields that
+    /// rest further up the stack return when the calling event handler does.
+    void End();
+
+  private:
+    void KeepAwakeAfterNestedYield();
+
+    QElapsedTimer timer_;
+    QObject context_;  ///< ends the connection to the event dispatcher
+    bool ended_ = false;
+    int depth_ = 0;         ///< of the running yield; 0 = none
+    int resumedDepth_ = 0;  ///< of the yield under which a nested one ended last
+};
+
+}  // namespace tolvex
