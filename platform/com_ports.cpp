@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#include "platform/com_ports.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSerialPortInfo>
+
+namespace tolvex {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+#ifndef Q_OS_WIN
+struct PortRange {
+    int first;
+    int last;
+    const char* device;  ///< followed by number - first
+};
+
+constexpr PortRange kRanges[] = {
+    {1, 4, "/dev/ttyS"},
+    {5, 12, "/dev/ttyUSB"},
+    {13, 20, "/dev/ttyACM"},
+};
+#endif
+
+QString StandardPath(int number) {
+#ifdef Q_OS_WIN
+    return u"COM%1"_s.arg(number);
+#else
+    for (const PortRange& range : kRanges) {
+        if (number >= range.first && number <= range.last) {
+            return QString::fromLatin1(range.device) + QString::number(number - range.first);
+        }
+    }
+    return {};
+#endif
+}
+
+/// The name that says most to a person.
+QString AdapterName(const QSerialPortInfo& info) {
+    return info.description().isEmpty() ? info.manufacturer() : info.description();
+}
+
+}  // namespace
+
+ComPorts::ComPorts(const QString& configFolder)
+    : linkFolder_(QDir(configFolder).absoluteFilePath(u"ports"_s)) {}
+
+QString ComPorts::DevicePath(int number) const {
+    if (number < 1 || number > kComPortCount) {
+        return {};
+    }
+#ifndef Q_OS_WIN
+    const QFileInfo link(linkFolder_ + u"/com%1"_s.arg(number));
+    if (link.isSymLink() || link.exists()) {
+        return link.filePath();
+    }
+#endif
+    return StandardPath(number);
+}
+
+QList<ComPort> ComPorts::All() const {
+    const QList<QSerialPortInfo> attached = QSerialPortInfo::availablePorts();
+    QList<ComPort> ports;
+    for (int number = 1; number <= kComPortCount; ++number) {
+        ComPort port{number, DevicePath(number), false, {}};
+        const bool linked = port.devicePath != StandardPath(number);
+        const QString device = QFileInfo(port.devicePath).canonicalFilePath();
+        port.present = linked && !device.isEmpty();
+        for (const QSerialPortInfo& info : attached) {
+            if (info.systemLocation() == device || info.portName() == port.devicePath) {
+                port.present = true;
+                port.adapter = AdapterName(info);
+            }
+        }
+        ports << port;
+    }
+    return ports;
+}
+
+}  // namespace tolvex

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QList>
+#include <QString>
+
+namespace tolvex {
+
+inline constexpr int kComPortCount = 20;
+
+struct ComPort {
+    int number = 0;      ///< 1 to 20
+    QString devicePath;  ///< what is opened for it
+    /// Something is attached: the link's target exists, or the system lists the adapter. A bare
+    /// device node proves nothing (Linux keeps /dev/ttyS0 to 3 without any hardware).
+    bool present = false;
+    QString adapter;  ///< the adapter's own name; empty when unknown
+};
+
+/// Which device stands behind COM1 to COM20. On Windows they are the system's own ports. Elsewhere,
+/// first match: a link `ports/comN` in the configuration folder, where the person can put any
+/// device; else COM1-4 /dev/ttyS0-3, COM5-12 /dev/ttyUSB0-7, COM13-20 /dev/ttyACM0-7.
+class ComPorts {
+  public:
+    /// `configFolder` may be missing, and may end in a separator or not.
+    explicit ComPorts(const QString& configFolder);
+
+    /// The path to open, looked up anew each time. A dangling link is still the answer: opening it
+    /// then fails, instead of reaching a device that the person did not mean. Empty for a number
+    /// outside 1 to 20.
+    QString DevicePath(int number) const;
+
+    /// All twenty, in order.
+    QList<ComPort> All() const;
+
+  private:
+    QString linkFolder_;
+};
+
+}  // namespace tolvex
