@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+#include <memory>
+
+#include "platform/com_ports.h"
+#include "platform/serial_port.h"
+
+class QSerialPort;
+
+namespace tolvex {
+
+/// A port of this machine. Received bytes are fetched by the event loop, so they show up in
+/// `InputCount()` after a yield, never during a plain loop; written bytes leave at once.
+class QtSerialPort : public SerialPort {
+  public:
+    /// `ports` must outlive the port; it is asked at every `Open()`.
+    explicit QtSerialPort(const ComPorts& ports);
+    ~QtSerialPort() override;
+
+    void Configure(const PortSettings& settings) override { settings_ = settings; }
+    int PortNumber() const override { return settings_.number; }
+
+    bool Open() override;
+    void Close() override;
+    bool IsOpen() const override { return open_; }
+
+    int InputCount() const override;
+    void DiscardInput() override;
+    bool Write(QByteArrayView bytes) override;
+    QByteArray ReadAll() override;
+
+    /// What failed last, for logs: device path and the system's reason. Empty before any failure.
+    QString LastError() const { return lastError_; }
+
+  private:
+    void ApplySettings();
+    void Fail(const QString& reason);
+    void NoticeError(int error);
+
+    const ComPorts& ports_;
+    PortSettings settings_;
+    std::unique_ptr<QSerialPort> port_;
+    bool open_ = false;  ///< turns false the moment the line breaks; the device follows a bit later
+    QString lastError_;
+};
+
+}  // namespace tolvex
