@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QLockFile>
+
+namespace tolvex {
+
+/// Where the program's lock lies: one file a user, in the user's runtime folder, or in the
+/// temporary folder where there is none.
+QString InstanceLockPath();
+
+/// Whether this process is the only one of its user that runs the program. The mark lasts as long
+/// as the object and goes with the process, however that ends: what a killed process or a power
+/// cut left behind doesn't count.
+class SingleInstance {
+  public:
+    explicit SingleInstance(const QString& lockPath);
+
+    /// Also true where no lock can be made at all: better a second instance than none.
+    bool IsFirst() const { return first_; }
+
+  private:
+    bool Take();
+
+    QLockFile lock_;
+    bool first_;
+};
+
+}  // namespace tolvex
