@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+#include "platform/window_dialogs.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QRegularExpression>
+
+namespace tolvex {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Shows a dialog and says whether it was accepted. The dialog is gone afterwards, also when the
+/// program closed its parent (and it with the parent) meanwhile; `read` runs before that, and not
+/// at all in that case.
+template <typename Dialog, typename Read>
+bool Ask(Dialog* dialog, Read read) {
+    const QPointer<Dialog> guard(dialog);
+    dialog->exec();
+    if (guard.isNull()) {
+        return false;
+    }
+    const bool accepted = read(*dialog);
+    delete dialog;
+    return accepted;
+}
+
+class FileDialog : public QFileDialog {
+  public:
+    using QFileDialog::QFileDialog;
+
+  protected:
+    void accept() override {
+        static const QRegularExpression wildcard(u"[*?]"_s);
+        const QStringList chosen = selectedFiles();
+        if (!chosen.isEmpty() && QFileInfo(chosen.first()).fileName().contains(wildcard)) {
+            if (auto* name = findChild<QLineEdit*>()) {
+                name->setFocus();
+                name->selectAll();
+            }
+            return;
+        }
+        QFileDialog::accept();
+    }
+};
+
+void SetStart(QFileDialog& dialog, const FileDialogRequest& request) {
+    const QFileInfo initial(request.initialName);
+    const bool withPath = !request.initialName.isEmpty() && initial.isAbsolute();
+    const QString wanted = withPath ? initial.path() : request.directory;
+    const bool usable = !wanted.isEmpty() && QFileInfo(wanted).isDir();
+    dialog.setDirectory(usable ? wanted : QDir::currentPath());
+    if (!request.initialName.isEmpty()) {
+        dialog.selectFile(withPath ? initial.fileName() : request.initialName);
+    }
+}
+
+void SetJapaneseTexts(QFileDialog& dialog, const QString& accept) {
+    dialog.setLabelText(QFileDialog::LookIn, u"場所:"_s);
+    dialog.setLabelText(QFileDialog::FileName, u"ファイル名:"_s);
+    dialog.setLabelText(QFileDialog::FileType, u"ファイルの種類:"_s);
+    dialog.setLabelText(QFileDialog::Accept, accept);
+    dialog.setLabelText(QFileDialog::Reject, u"キャンセル"_s);
+}
+
+FileDialogAnswer AskFile(QWidget* parent, const FileDialogRequest& request,
+                         QFileDialog::AcceptMode mode) {
+    auto* dialog = new FileDialog(parent, request.title);
+    dialog->setObjectName(u"fileDialog"_s);
+#if !defined(Q_OS_WIN) && !defined(Q_OS_MACOS)
+    dialog->setOption(QFileDialog::DontUseNativeDialog);
+#endif
+    dialog->setOption(QFileDialog::DontConfirmOverwrite);
+    dialog->setOption(QFileDialog::HideNameFilterDetails);
+    dialog->setAcceptMode(mode);
+    dialog->setFileMode(QFileDialog::AnyFile);
+    dialog->setNameFilters(NameFilters(request.filter));
+    SetStart(*dialog, request);
+    SetJapaneseTexts(*dialog, mode == QFileDialog::AcceptOpen ? u"開く"_s : u"保存"_s);
+
+    FileDialogAnswer answer;
+    answer.accepted = Ask(dialog, [&](const FileDialog& shown) {
+        const QStringList chosen = shown.selectedFiles();
+        if (shown.result() != QDialog::Accepted || chosen.isEmpty()) {
+            return false;
+        }
+        answer.path = WithDefaultSuffix(chosen.first(), request.defaultSuffix);
+        answer.bareName = QFileInfo(answer.path).fileName();
+        return true;
+    });
+    return answer;
+}
+
+QMessageBox* NewBox(QWidget* parent, BoxIcon icon, const QString& title, const QString& text) {
+    auto* box =
+        new QMessageBox(icon == BoxIcon::Stop ? QMessageBox::Critical : QMessageBox::Information,
+                        title, text, QMessageBox::NoButton, parent);
+    box->setObjectName(u"messageBox"_s);
+    box->setTextFormat(Qt::PlainText);  // a file name may look like markup
+    QPushButton* ok = box->addButton(u"OK"_s, QMessageBox::AcceptRole);
+    ok->setObjectName(u"Command_ok"_s);
+    box->setDefaultButton(ok);
+    box->setEscapeButton(ok);
+    return box;
+}
+
+}  // namespace
+
+QStringList NameFilters(const QString& pairs) {
+    const QStringList parts = pairs.split(u'|');
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QStringList patterns;
+        for (const QString& part : parts[i + 1].split(u';', Qt::SkipEmptyParts)) {
+            const QString pattern = part.trimmed();
+            if (pattern == u"*.*") {  // names without a dot count as well
+                patterns << u"*"_s;
+            } else {
+                patterns << pattern.toLower() << pattern.toUpper();
+            }
+        }
+        patterns.removeDuplicates();
+        if (!patterns.isEmpty()) {
+            filters << u"%1 (%2)"_s.arg(parts[i], patterns.join(u' '));
+        }
+    }
+    return filters;
+}
+
+QString WithDefaultSuffix(const QString& path, const QString& suffixes) {
+    const QString suffix = suffixes.section(u';', 0, 0);
+    const QFileInfo file(path);
+    if (suffix.isEmpty() || file.fileName().contains(u'.') || file.exists()) {
+        return path;
+    }
+    return path + u'.' + suffix;
+}
+
+WindowDialogs::WindowDialogs(std::function<QWidget*()> parent) : parent_(std::move(parent)) {}
+
+FileDialogAnswer WindowDialogs::AskOpenFile(const FileDialogRequest& request) {
+    return AskFile(parent_(), request, QFileDialog::AcceptOpen);
+}
+
+FileDialogAnswer WindowDialogs::AskSaveFile(const FileDialogRequest& request) {
+    return AskFile(parent_(), request, QFileDialog::AcceptSave);
+}
+
+void WindowDialogs::ShowBox(BoxIcon icon, const QString& title, const QString& text) {
+    Ask(NewBox(parent_(), icon, title, text), [](const QMessageBox&) { return true; });
+}
+
+bool WindowDialogs::AskOkCancel(const QString& title, const QString& text) {
+    QMessageBox* box = NewBox(parent_(), BoxIcon::Information, title, text);
+    QPushButton* cancel = box->addButton(u"キャンセル"_s, QMessageBox::RejectRole);
+    cancel->setObjectName(u"Command_cancel"_s);
+    box->setEscapeButton(cancel);
+    return Ask(box, [](const QMessageBox& shown) {
+        return shown.clickedButton() == shown.defaultButton();
+    });
+}
+
+}  // namespace tolvex

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QStringList>
+#include <functional>
+
+#include "platform/dialogs.h"
+
+class QWidget;
+
+namespace tolvex {
+
+/// Qt's name filters for "Hex File|*.hex;*.rom|All Files|*.*|": "Hex File (*.hex *.HEX *.rom
+/// *.ROM)", "All Files (*)". Files differ in case alone where names do, so each pattern comes in
+/// both. A name without patterns is left out.
+QStringList NameFilters(const QString& pairs);
+
+/// `path` with the first of `suffixes` ("hex;rom") when its name has none and no such file exists.
+QString WithDefaultSuffix(const QString& path, const QString& suffixes);
+
+/// Questions as modal windows.
+///
+/// File dialogs are the system's own on Windows and macOS. Elsewhere they are Qt's: a desktop's
+/// dialog may ask about replacing a file although that is the caller's question, and its texts
+/// follow the desktop's language. An open dialog accepts names of missing files, as its callers
+/// expect; a name with wildcards ("*.hex", a save dialog's initial name) is not accepted.
+class WindowDialogs : public Dialogs {
+  public:
+    /// `parent` is asked at each question; it may give nullptr.
+    explicit WindowDialogs(std::function<QWidget*()> parent);
+
+    FileDialogAnswer AskOpenFile(const FileDialogRequest& request) override;
+    FileDialogAnswer AskSaveFile(const FileDialogRequest& request) override;
+    void ShowBox(BoxIcon icon, const QString& title, const QString& text) override;
+    bool AskOkCancel(const QString& title, const QString& text) override;
+
+  private:
+    std::function<QWidget*()> parent_;
+};
+
+}  // namespace tolvex
