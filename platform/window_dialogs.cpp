@@ -55,7 +55,7 @@ void SetStart(QFileDialog& dialog, const FileDialogRequest& request) {
     const bool withPath = !request.initialName.isEmpty() && initial.isAbsolute();
     const QString wanted = withPath ? initial.path() : request.directory;
     const bool usable = !wanted.isEmpty() && QFileInfo(wanted).isDir();
-    dialog.setDirectory(usable ? wanted : QDir::currentPath());
+    dialog.setDirectory(usable ? QDir(wanted).absolutePath() : QDir::currentPath());
     if (!request.initialName.isEmpty()) {
         dialog.selectFile(withPath ? initial.fileName() : request.initialName);
     }
@@ -78,6 +78,7 @@ FileDialogAnswer AskFile(QWidget* parent, const FileDialogRequest& request,
 #endif
     dialog->setOption(QFileDialog::DontConfirmOverwrite);
     dialog->setOption(QFileDialog::HideNameFilterDetails);
+    dialog->setViewMode(QFileDialog::List);  // names whole; details are a click away
     dialog->setAcceptMode(mode);
     dialog->setFileMode(QFileDialog::AnyFile);
     dialog->setNameFilters(NameFilters(request.filter));
