@@ -69,6 +69,16 @@ void SetJapaneseTexts(QFileDialog& dialog, const QString& accept) {
     dialog.setLabelText(QFileDialog::Reject, u"キャンセル"_s);
 }
 
+/// `path` with the first of `suffixes` ("hex;rom") when its name has none and no such file exists.
+QString WithDefaultSuffix(const QString& path, const QString& suffixes) {
+    const QString suffix = suffixes.section(u';', 0, 0);
+    const QFileInfo file(path);
+    if (suffix.isEmpty() || file.fileName().contains(u'.') || file.exists()) {
+        return path;
+    }
+    return path + u'.' + suffix;
+}
+
 FileDialogAnswer AskFile(QWidget* parent, const FileDialogRequest& request,
                          QFileDialog::AcceptMode mode) {
     auto* dialog = new FileDialog(parent, request.title);
@@ -132,15 +142,6 @@ QStringList NameFilters(const QString& pairs) {
         }
     }
     return filters;
-}
-
-QString WithDefaultSuffix(const QString& path, const QString& suffixes) {
-    const QString suffix = suffixes.section(u';', 0, 0);
-    const QFileInfo file(path);
-    if (suffix.isEmpty() || file.fileName().contains(u'.') || file.exists()) {
-        return path;
-    }
-    return path + u'.' + suffix;
 }
 
 WindowDialogs::WindowDialogs(std::function<QWidget*()> parent) : parent_(std::move(parent)) {}

@@ -15,9 +15,6 @@ namespace tolvex {
 /// both. A name without patterns is left out.
 QStringList NameFilters(const QString& pairs);
 
-/// `path` with the first of `suffixes` ("hex;rom") when its name has none and no such file exists.
-QString WithDefaultSuffix(const QString& path, const QString& suffixes);
-
 /// Questions as modal windows.
 ///
 /// File dialogs are the system's own on Windows and macOS. Elsewhere they are Qt's: a desktop's

@@ -145,17 +145,5 @@ TEST_F(QtSerialPortTest, APortThatCannotBeOpenedStaysClosed) {
     EXPECT_TRUE(port_.Open()) << "free again";
 }
 
-TEST_F(QtSerialPortTest, ClosedAndOpenedAgainThePortStartsEmpty) {
-    ASSERT_TRUE(port_.Open());
-    ASSERT_TRUE(line_.Send("old"));
-    ASSERT_TRUE(WaitForInput(3));
-    port_.Close();
-    EXPECT_EQ(port_.InputCount(), 0);
-    ASSERT_TRUE(port_.Open());
-    EXPECT_EQ(port_.InputCount(), 0);
-    ASSERT_TRUE(port_.Write("S"));
-    EXPECT_EQ(line_.Receive(), "S");
-}
-
 }  // namespace
 }  // namespace tolvex

@@ -98,22 +98,10 @@ TEST_F(HelpWindowTest, HeadingsJumpAndTheWayBackIsKept) {
 }
 
 TEST_F(HelpWindowTest, LinksWithinTheTextJumpToTheirHeading) {
-    const struct {
-        QString link;
-        int position;  ///< among the headings
-    } cases[] = {{u"#ライタ"_s, 1}, {u"#ｺﾈｸﾀ-pins"_s, 2}, {u"#ライタ-1"_s, 3}, {u"#gone"_s, 3}};
-    auto& page = Find<QTextBrowser>(u"txtHelp"_s);
-    QList<int> headings;
-    for (QTextBlock block = page.document()->begin(); block.isValid(); block = block.next()) {
-        if (block.blockFormat().headingLevel() > 0) {
-            headings << block.position();
-        }
-    }
-    ASSERT_EQ(headings.size(), 4);
-    for (const auto& c : cases) {
-        Q_EMIT page.anchorClicked(QUrl(c.link));
-        EXPECT_EQ(page.textCursor().position(), headings[c.position]) << c.link.toStdString();
-    }
+    Q_EMIT Find<QTextBrowser>(u"txtHelp"_s).anchorClicked(QUrl(u"#ｺﾈｸﾀ-pins"_s));
+    EXPECT_EQ(TopLine(), u"ｺﾈｸﾀ, pins"_s);
+    Q_EMIT Find<QTextBrowser>(u"txtHelp"_s).anchorClicked(QUrl(u"#gone"_s));
+    EXPECT_EQ(TopLine(), u"ｺﾈｸﾀ, pins"_s);
 }
 
 TEST_F(HelpWindowTest, SearchGoesOnFromMatchToMatchAndStartsAgain) {
