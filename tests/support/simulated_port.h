@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QList>
+#include <QStringList>
+#include <memory>
+#include <optional>
+
+#include "platform/serial_port.h"
+#include "tests/support/virtual_clock.h"
+#include "writer/paced_board.h"
+
+namespace tolvex::testing {
+
+/// A serial port with the simulated board at its end, in virtual time, and a record of all that
+/// went over it. Clock and writer are not owned and outlive the port.
+class SimulatedPort : public SerialPort {
+  public:
+    /// With 0 baud the reply is there as soon as the command is written.
+    SimulatedPort(SimulatedWriter& writer, VirtualClock& clock, int baud = 19200);
+
+    void Configure(const PortSettings& settings) override;
+    int PortNumber() const override { return settings_.number; }
+    bool Open() override;
+    void Close() override;
+    bool IsOpen() const override { return board_ != nullptr; }
+    int InputCount() const override { return static_cast<int>(input_.size()); }
+    void DiscardInput() override;
+    bool Write(QByteArrayView bytes) override;
+    QByteArray ReadAll() override;
+
+    /// Opening fails from now on, as for a port that is missing or busy.
+    void RefuseOpen(bool refuse = true) { refuse_ = refuse; }
+
+    /// One entry a command that the board carried out: "A 00 10", "c 0C".
+    QStringList Wire() const { return wire_; }
+    /// The reply to each entry of `Wire()`: "0D", "FF FF FF", "nothing".
+    QStringList Replies() const { return replies_; }
+    /// "configure 3", "discard", "open", "open refused", "close", "hang-up", in order. Only the
+    /// discards of a closed port are here: every command begins with one.
+    QStringList Calls() const { return calls_; }
+    /// As last configured.
+    PortSettings Configured() const { return settings_; }
+    void ForgetTrace();
+
+    QList<QByteArray> writes;  ///< each successful `Write` as its own entry
+
+  private:
+    void Deliver();
+
+    SimulatedWriter& writer_;
+    VirtualClock& clock_;
+    int baud_;
+    PortSettings settings_;
+    bool refuse_ = false;
+    std::shared_ptr<PacedBoard> board_;  // lives while the port is open; with it go bytes under way
+    std::optional<VirtualClock::Instant> wakeAt_;
+    QByteArray input_;
+    QStringList wire_, replies_, calls_;
+};
+
+}  // namespace tolvex::testing

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "writer/paced_board.h"
+
+#include <algorithm>
+
+namespace tolvex {
+
+namespace {
+
+constexpr std::int64_t kBitsPerByte = 10;  // start bit, eight data bits, stop bit
+
+}  // namespace
+
+WireLine::WireLine(int baud)
+    : byteTime_(baud == 0 ? Instant::zero()
+                          : Instant(kBitsPerByte * std::chrono::nanoseconds::period::den / baud)) {}
+
+WireLine::Instant WireLine::Arrival(Instant now) {
+    busyUntil_ = std::max(now, busyUntil_) + byteTime_;
+    return busyUntil_;
+}
+
+PacedBoard::PacedBoard(SimulatedWriter& writer, int baud)
+    : writer_(writer), baud_(baud), toBoard_(baud), toPc_(baud) {}
+
+void PacedBoard::Send(QByteArrayView bytes, Instant now) {
+    for (const char byte : bytes) {
+        boardBound_.push_back({toBoard_.Arrival(now), static_cast<std::uint8_t>(byte)});
+    }
+}
+
+std::optional<PacedBoard::Instant> PacedBoard::NextDue() const {
+    std::optional<Instant> due;
+    for (const auto* queue : {&boardBound_, &pcBound_}) {
+        if (!queue->empty() && (!due || queue->front().at < *due)) {
+            due = queue->front().at;
+        }
+    }
+    return due;
+}
+
+PacedBoard::Events PacedBoard::Run(Instant now) {
+    Events events;
+    while (!boardBound_.empty() && boardBound_.front().at <= now) {
+        const Arriving arrived = boardBound_.front();
+        boardBound_.pop_front();
+        if (const auto reply = writer_.Receive(arrived.byte)) {
+            events.commands.append(*reply);
+            Answer(*reply, arrived.at);
+        }
+    }
+    while (!pcBound_.empty() && pcBound_.front().at <= now) {
+        if (pcBound_.front().hangUp) {
+            events.hangUp = true;
+            boardBound_.clear();
+            pcBound_.clear();
+            toBoard_ = WireLine(baud_);
+            toPc_ = WireLine(baud_);
+            break;
+        }
+        events.bytes += static_cast<char>(pcBound_.front().byte);
+        pcBound_.pop_front();
+    }
+    return events;
+}
+
+void PacedBoard::Answer(const BoardReply& reply, Instant at) {
+    const Instant start = at + reply.delay;
+    for (const char byte : reply.bytes) {
+        pcBound_.push_back({toPc_.Arrival(start), static_cast<std::uint8_t>(byte)});
+    }
+    if (reply.hangUp) {
+        pcBound_.push_back({toPc_.Arrival(start), 0, true});
+    }
+}
+
+}  // namespace tolvex

@@ -1,0 +1,235 @@
+// SPDX-License-Identifier: MIT
+#include "writer/simulated_writer.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace tolvex {
+
+namespace {
+
+constexpr int kForEver = std::numeric_limits<int>::max();
+
+QByteArray Bytes(std::initializer_list<int> values) {
+    QByteArray bytes;
+    for (const int value : values) {
+        bytes += static_cast<char>(value);
+    }
+    return bytes;
+}
+
+QByteArray Done() {
+    return "\r";
+}
+
+}  // namespace
+
+// clang-format off
+const SimulatedWriter::Command SimulatedWriter::kCommands[] = {
+    {'S', 0, false, &SimulatedWriter::Identify},
+    {'V', 0, false, &SimulatedWriter::SoftwareVersion},
+    {'v', 0, false, &SimulatedWriter::HardwareVersion},
+    {'T', 2, false, &SimulatedWriter::SelectDevice},
+    {'P', 0, false, &SimulatedWriter::EnterProgramming},
+    {'L', 0, false, &SimulatedWriter::LeaveProgramming},
+    {'s', 0, false, &SimulatedWriter::Signature},
+    {'A', 2, false, &SimulatedWriter::SetAddress},
+    {'R', 0, true,  &SimulatedWriter::ReadWord},
+    {'c', 1, true,  &SimulatedWriter::WriteLowByte},
+    {'C', 1, true,  &SimulatedWriter::WriteHighByte},
+    {'d', 0, true,  &SimulatedWriter::ReadData},
+    {'D', 1, true,  &SimulatedWriter::WriteData},
+    {'e', 0, true,  &SimulatedWriter::Erase},
+    {'f', 1, true,  &SimulatedWriter::WriteFuses},
+    {'l', 1, true,  &SimulatedWriter::WriteLock},
+    {'F', 0, true,  &SimulatedWriter::ReadLockAndFuse},
+    {'r', 0, true,  &SimulatedWriter::ReadFuses},
+    {'x', 0, false, &SimulatedWriter::LedOn},
+    {'y', 0, false, &SimulatedWriter::LedOff},
+};
+// clang-format on
+
+SimulatedWriter::SimulatedWriter(SimulatedChip* chip, const QString& firmware)
+    : chip_(chip), firmware_(firmware) {}
+
+const SimulatedWriter::Command* SimulatedWriter::Find(std::uint8_t letter) {
+    const auto found = std::ranges::find(kCommands, static_cast<char>(letter), &Command::letter);
+    return found == std::end(kCommands) ? nullptr : found;
+}
+
+std::optional<BoardReply> SimulatedWriter::Receive(std::uint8_t byte) {
+    received_ += static_cast<char>(byte);
+    const Command* command = Find(static_cast<std::uint8_t>(received_[0]));
+    if (command && received_.size() <= command->arguments) {
+        return std::nullopt;
+    }
+    return Finish(command);
+}
+
+BoardReply SimulatedWriter::Finish(const Command* command) {
+    const bool refused = !command || (command->onlyWhileProgramming && !programming_);
+    BoardReply reply;
+    reply.letter = static_cast<std::uint8_t>(received_[0]);
+    reply.arguments = received_.sliced(1);
+    reply.bytes = refused ? QByteArray("?") : (this->*command->carryOut)();
+    received_.clear();
+    ++commands_;
+    ++occurrences_[reply.letter];
+    Spoil(reply);
+    return reply;
+}
+
+void SimulatedWriter::Spoil(BoardReply& reply) {
+    for (const Fault& fault : faults_) {
+        const bool concerned = fault.letter == 0 || fault.letter == static_cast<char>(reply.letter);
+        const int count = fault.letter == 0 ? commands_ : occurrences_[reply.letter];
+        if (concerned && count >= fault.first && count <= fault.last) {
+            ApplyFault(fault.kind, reply);
+            return;
+        }
+    }
+}
+
+void SimulatedWriter::SetFault(int command, FaultKind kind) {
+    faults_.append({kind, command, command});
+}
+
+void SimulatedWriter::SetFaultFrom(int command, FaultKind kind) {
+    faults_.append({kind, command, kForEver});
+}
+
+void SimulatedWriter::SetLetterFault(char letter, FaultKind kind, int occurrence) {
+    const int last = occurrence == 0 ? kForEver : occurrence;
+    faults_.append({kind, occurrence, last, letter});
+}
+
+std::uint8_t SimulatedWriter::Argument(int index) const {
+    return static_cast<std::uint8_t>(received_[index + 1]);
+}
+
+QByteArray SimulatedWriter::Identify() {
+    return "AVR ISP";
+}
+
+QByteArray SimulatedWriter::SoftwareVersion() {
+    const QByteArray digits = firmware_.toLatin1();
+    return Bytes({digits.front(), digits.back()});
+}
+
+QByteArray SimulatedWriter::HardwareVersion() {
+    return "10";
+}
+
+QByteArray SimulatedWriter::SelectDevice() {
+    deviceCode_ = Argument(0);
+    return Done();
+}
+
+QByteArray SimulatedWriter::EnterProgramming() {
+    programming_ = true;
+    return Done();
+}
+
+QByteArray SimulatedWriter::LeaveProgramming() {
+    programming_ = false;
+    return Done();
+}
+
+QByteArray SimulatedWriter::Signature() {
+    if (!chip_) {
+        return Bytes({0xFF, 0xFF, 0xFF});
+    }
+    const auto signature = chip_->ReadSignature();
+    return Bytes({signature[2], signature[1], signature[0]});
+}
+
+QByteArray SimulatedWriter::SetAddress() {
+    address_ = Argument(0) * 256 + Argument(1);
+    return Done();
+}
+
+QByteArray SimulatedWriter::ReadWord() {
+    const int word = address_++;
+    return chip_ ? Bytes({chip_->ReadFlashHigh(word), chip_->ReadFlashLow(word)})
+                 : Bytes({0xFF, 0xFF});
+}
+
+QByteArray SimulatedWriter::WriteLowByte() {
+    if (chip_) {
+        chip_->ProgramFlashLow(address_, Argument(0));
+    }
+    return Done();
+}
+
+QByteArray SimulatedWriter::WriteHighByte() {
+    if (chip_) {
+        chip_->ProgramFlashHigh(address_, Argument(0));
+    }
+    ++address_;
+    return Done();
+}
+
+QByteArray SimulatedWriter::ReadData() {
+    return Bytes({chip_ ? chip_->ReadEeprom(address_) : 0xFF});
+}
+
+QByteArray SimulatedWriter::WriteData() {
+    if (chip_) {
+        chip_->ProgramEeprom(address_, Argument(0));
+    }
+    return Done();
+}
+
+QByteArray SimulatedWriter::Erase() {
+    if (chip_) {
+        chip_->Erase();
+    }
+    return Done();
+}
+
+QByteArray SimulatedWriter::WriteFuses() {
+    if (chip_) {
+        chip_->ProgramFuses(Argument(0));
+    }
+    return Done();
+}
+
+QByteArray SimulatedWriter::WriteLock() {
+    if (chip_) {
+        chip_->ProgramLock(Argument(0));
+    }
+    return Done();
+}
+
+// Chips with one fuse give it in bit 0, below LB1 in bit 7 and LB2 in bit 6; the brown-out chips
+// give the lock byte in the shape in which it is written.
+QByteArray SimulatedWriter::ReadLockAndFuse() {
+    if (!chip_ || chip_->Model().fuseLayout == FuseLayout::None) {
+        return Bytes({0xFF});
+    }
+    const std::uint8_t lock = chip_->Contents().lock;
+    const std::uint8_t fuses = chip_->Contents().fuses;
+    if (chip_->Model().fuseLayout == FuseLayout::BodCksel) {
+        return Bytes({lock});
+    }
+    const int lb1 = (lock & SimulatedChip::kLb1) != 0 ? 0x80 : 0;
+    const int lb2 = (lock & SimulatedChip::kLb2) != 0 ? 0x40 : 0;
+    return Bytes({lb1 | lb2 | (fuses & 0x3F)});
+}
+
+QByteArray SimulatedWriter::ReadFuses() {
+    const bool readable = chip_ && chip_->Model().fuseLayout == FuseLayout::BodCksel;
+    return Bytes({readable ? chip_->Contents().fuses : 0xFF});
+}
+
+QByteArray SimulatedWriter::LedOn() {
+    led_ = true;
+    return Done();
+}
+
+QByteArray SimulatedWriter::LedOff() {
+    led_ = false;
+    return Done();
+}
+
+}  // namespace tolvex

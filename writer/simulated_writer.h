@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QList>
+#include <QMap>
+#include <QString>
+#include <cstdint>
+#include <optional>
+
+#include "writer/board_reply.h"
+#include "writer/simulated_chip.h"
+
+namespace tolvex {
+
+/// The writer board as the serial line sees it: bytes in, replies out. It knows nothing of time; a
+/// transport gives the bytes their time on the wire and keeps a reply back for its delay.
+class SimulatedWriter {
+  public:
+    /// `chip` is not owned and outlives the board; null is an empty socket. `firmware` is a digit,
+    /// a point and a digit.
+    explicit SimulatedWriter(SimulatedChip* chip, const QString& firmware = QStringLiteral("3.9"));
+
+    /// Takes one byte; the reply when it was the last byte of a command. An unknown letter, and a
+    /// memory, erase, lock or fuse command outside programming mode, is answered "?".
+    std::optional<BoardReply> Receive(std::uint8_t byte);
+
+    /// Another chip, or null for none, is put into the socket.
+    void SetChip(SimulatedChip* chip) { chip_ = chip; }
+
+    // Faults add up; the first that fits is taken. Commands are counted from 1.
+    void SetFault(int command, FaultKind kind);
+    void SetFaultFrom(int command, FaultKind kind);
+    /// At the given occurrence of the letter, counted from 1; 0 = at every one.
+    void SetLetterFault(char letter, FaultKind kind, int occurrence = 0);
+    void ClearFaults() { faults_.clear(); }
+
+    int CommandCount() const { return commands_; }
+    bool InProgrammingMode() const { return programming_; }
+    bool LedIsOn() const { return led_; }
+    /// As given with the last 'T'.
+    std::optional<std::uint8_t> DeviceCode() const { return deviceCode_; }
+
+  private:
+    struct Command {
+        char letter;
+        int arguments;
+        bool onlyWhileProgramming;
+        QByteArray (SimulatedWriter::*carryOut)();
+    };
+    struct Fault {
+        FaultKind kind;
+        int first;  // command number, or occurrence of the letter
+        int last;
+        char letter = 0;  // 0 = any
+    };
+    static const Command kCommands[];
+    static const Command* Find(std::uint8_t letter);
+
+    BoardReply Finish(const Command* command);
+    void Spoil(BoardReply& reply);
+    std::uint8_t Argument(int index) const;
+
+    QByteArray Identify();
+    QByteArray SoftwareVersion();
+    QByteArray HardwareVersion();
+    QByteArray SelectDevice();
+    QByteArray EnterProgramming();
+    QByteArray LeaveProgramming();
+    QByteArray Signature();
+    QByteArray SetAddress();
+    QByteArray ReadWord();
+    QByteArray WriteLowByte();
+    QByteArray WriteHighByte();
+    QByteArray ReadData();
+    QByteArray WriteData();
+    QByteArray Erase();
+    QByteArray WriteFuses();
+    QByteArray WriteLock();
+    QByteArray ReadLockAndFuse();
+    QByteArray ReadFuses();
+    QByteArray LedOn();
+    QByteArray LedOff();
+
+    SimulatedChip* chip_;
+    QString firmware_;
+    QByteArray received_;  // the letter and its arguments so far
+    int address_ = 0;
+    bool programming_ = false;
+    bool led_ = false;
+    std::optional<std::uint8_t> deviceCode_;
+    int commands_ = 0;
+    QMap<std::uint8_t, int> occurrences_;
+    QList<Fault> faults_;
+};
+
+}  // namespace tolvex
