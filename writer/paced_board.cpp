@@ -59,6 +59,7 @@ PacedBoard::Events PacedBoard::Run(Instant now) {
             break;
         }
         events.bytes += static_cast<char>(pcBound_.front().byte);
+        events.lastByte = pcBound_.front().at;
         pcBound_.pop_front();
     }
     return events;

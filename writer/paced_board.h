@@ -38,6 +38,7 @@ class PacedBoard {
     /// What has happened up to the moment of a `Run`.
     struct Events {
         QByteArray bytes;            ///< have arrived at the PC
+        Instant lastByte{0};         ///< when the last of them did
         QList<BoardReply> commands;  ///< were carried out by the board
         bool hangUp = false;         ///< the far end has gone; what was under way is lost
     };

@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: MIT
+// tolvex-writer: the simulated writer board on a pseudo-terminal, for people and tests without a
+// board at hand.
+#include <QCoreApplication>
+#include <QFile>
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <utility>
+
+#include "writer/chip_state_file.h"
+#include "writer/paced_board.h"
+#include "writer/pseudo_terminal.h"
+#include "writer/writer_options.h"
+
+#ifdef Q_OS_UNIX
+#include <signal.h>
+#include <sys/select.h>
+#endif
+#ifdef Q_OS_LINUX
+#include <sys/prctl.h>
+#endif
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+int Fail(const QString& reason, int status) {
+    std::fprintf(stderr, "tolvex-writer: %s\n", qUtf8Printable(reason));
+    return status;
+}
+
+}  // namespace
+
+#ifdef Q_OS_UNIX
+
+namespace tolvex {
+namespace {
+
+using Instant = PacedBoard::Instant;
+
+// A signal handler reaches nothing else.
+volatile std::sig_atomic_t stopAsked = 0;
+
+/// While this lives, the signals that end a program only set `stopAsked`, and they arrive nowhere
+/// but in `Wait`.
+class StopSignals {
+  public:
+    StopSignals() {
+        sigset_t stopping;
+        ::sigemptyset(&stopping);
+        struct sigaction action {};
+        action.sa_handler = [](int) { stopAsked = 1; };
+        for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
+            ::sigaddset(&stopping, number);
+            ::sigaction(number, &action, nullptr);
+        }
+        ::signal(SIGPIPE, SIG_IGN);
+        ::sigprocmask(SIG_BLOCK, &stopping, &open_);
+        for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
+            ::sigdelset(&open_, number);
+        }
+    }
+
+    /// Until bytes come at `descriptor`, a signal arrives, or the time is up; no time = for ever.
+    /// True when there are bytes.
+    bool Wait(int descriptor, std::optional<Instant> time) const {
+        fd_set readable;
+        FD_ZERO(&readable);
+        FD_SET(descriptor, &readable);
+        timespec limit{};
+        if (time) {
+            const Instant positive = std::max(*time, Instant::zero());
+            const auto seconds = std::chrono::floor<std::chrono::seconds>(positive);
+            limit.tv_sec = static_cast<time_t>(seconds.count());
+            limit.tv_nsec = static_cast<long>((positive - seconds).count());
+        }
+        return ::pselect(descriptor + 1, &readable, nullptr, nullptr, time ? &limit : nullptr,
+                         &open_) > 0;
+    }
+
+  private:
+    sigset_t open_;
+};
+
+Instant Now() {
+    return std::chrono::steady_clock::now().time_since_epoch();
+}
+
+/// The running board: one chip, one terminal, one log.
+class WriterProgram {
+  public:
+    explicit WriterProgram(const WriterOptions& options) : options_(options), log_(options.log) {}
+
+    int Run() {
+        for (const auto step :
+             {&WriterProgram::TakeChip, &WriterProgram::OpenLog, &WriterProgram::OpenTerminal}) {
+            const QString reason = (this->*step)();
+            if (!reason.isEmpty()) {
+                return Fail(reason, 1);
+            }
+        }
+        const QString reason = Serve();
+        const QString unsaved = SaveState();
+        for (const QString& failure : {reason, unsaved}) {
+            if (!failure.isEmpty()) {
+                return Fail(failure, 1);
+            }
+        }
+        return 0;
+    }
+
+  private:
+    QString TakeChip() {
+        if (options_.empty) {
+            return {};
+        }
+        if (QFile::exists(options_.state)) {
+            const LoadedChip loaded = LoadChip(options_.state);
+            if (!loaded.chip) {
+                return loaded.error;
+            }
+            if (options_.device && options_.device != &loaded.chip->Model()) {
+                return u"state file %1 holds a chip of another kind: %2"_s.arg(
+                    options_.state, loaded.chip->Model().name);
+            }
+            chip_ = loaded.chip;
+        } else {
+            chip_.emplace(options_.device ? *options_.device : ChipModels().front());
+        }
+        return SaveState();  // a file that can't be written is better told now than at the end
+    }
+
+    QString OpenLog() {
+        const bool failed =
+            !options_.log.isEmpty() && !log_.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+        return failed ? u"log file %1: %2"_s.arg(options_.log, log_.errorString()) : QString();
+    }
+
+    QString OpenTerminal() {
+        QString reason = terminal_.Open();
+        if (reason.isEmpty() && !options_.link.isEmpty()) {
+            reason = link_.Lead(options_.link, terminal_.Path());
+        }
+        if (reason.isEmpty()) {
+            std::printf("ready %s\n", qUtf8Printable(terminal_.Path()));
+            std::fflush(stdout);
+        }
+        return reason;
+    }
+
+    QString SaveState() const {
+        return chip_ && !options_.state.isEmpty() ? SaveChip(*chip_, options_.state) : QString();
+    }
+
+    /// Until a signal asks for the end, or the terminal can't be had again after a hang-up.
+    QString Serve() {
+        SimulatedWriter writer(chip_ ? &*chip_ : nullptr, options_.firmware);
+        for (const WriterOptions::PlannedFault& fault : options_.faults) {
+            writer.SetFault(fault.command, fault.kind);
+        }
+        PacedBoard board(writer, options_.baud);
+        QString reason;
+        while (!stopAsked && reason.isEmpty()) {
+            const auto due = board.NextDue();
+            const auto time = due ? std::optional(*due - Now()) : std::nullopt;
+            if (signals_.Wait(terminal_.Descriptor(), time)) {
+                board.Send(terminal_.Read(), Now() - std::exchange(lag_, Instant::zero()));
+            }
+            reason = Deliver(board.Run(Now()));
+        }
+        return reason;
+    }
+
+    QString Deliver(const PacedBoard::Events& events) {
+        for (const BoardReply& command : events.commands) {
+            if (log_.isOpen()) {
+                log_.write(command.LogLine().toUtf8() + '\n');
+            }
+        }
+        if (!events.bytes.isEmpty()) {
+            terminal_.Write(events.bytes);
+            lag_ = Now() - events.lastByte;
+        }
+        // The far end goes away for whoever has the terminal open, and is plugged in again.
+        return events.hangUp ? OpenTerminal() : QString();
+    }
+
+    WriterOptions options_;
+    StopSignals signals_;
+    // How late the last reply went out. Whoever waited for it sends the next command that much
+    // later than over a real wire, so the command counts as sent that much earlier.
+    Instant lag_{0};
+    std::optional<SimulatedChip> chip_;
+    QFile log_;
+    PseudoTerminal terminal_;
+    TerminalLink link_;
+};
+
+}  // namespace
+}  // namespace tolvex
+
+#endif
+
+int main(int argc, char** argv) {
+    QCoreApplication application(argc, argv);
+    const tolvex::ParsedOptions parsed = tolvex::ParseOptions(QCoreApplication::arguments());
+    if (!parsed.options) {
+        if (parsed.status == 0) {
+            std::fputs(qUtf8Printable(parsed.text), stdout);
+            return 0;
+        }
+        return Fail(parsed.text, parsed.status);
+    }
+#ifdef Q_OS_UNIX
+#ifdef Q_OS_LINUX
+    // Waits end on the nanosecond instead of up to 50 us late, a tenth of a byte's time.
+    ::prctl(PR_SET_TIMERSLACK, 1UL);
+#endif
+    return tolvex::WriterProgram(*parsed.options).Run();
+#else
+    return Fail(u"this system has no pseudo-terminals"_s, 1);
+#endif
+}

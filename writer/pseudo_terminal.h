@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QtGlobal>
+
+#ifdef Q_OS_UNIX
+
+#include <QByteArray>
+#include <QString>
+
+namespace tolvex {
+
+/// A raw pseudo-terminal: what a client writes to the device at `Path()` is read here, and the
+/// other way round, byte for byte. Clients may come and go; closing it is a hang-up for the one
+/// that has it open.
+class PseudoTerminal {
+  public:
+    PseudoTerminal() = default;
+    ~PseudoTerminal() { Close(); }
+    PseudoTerminal(const PseudoTerminal&) = delete;
+    PseudoTerminal& operator=(const PseudoTerminal&) = delete;
+
+    /// Empty when it worked, else the reason.
+    QString Open();
+    void Close();
+    /// To wait on; -1 while closed.
+    int Descriptor() const { return master_; }
+    QString Path() const { return path_; }
+
+    /// What has come, without waiting.
+    QByteArray Read();
+    /// Bytes that nobody takes up while the buffer of the terminal is full are lost, as on a line
+    /// without flow control.
+    void Write(const QByteArray& bytes);
+
+  private:
+    int master_ = -1;
+    int slave_ = -1;  // held open, or reading would fail whenever the last client leaves
+    QString path_;
+};
+
+/// A symbolic link that lasts as long as this object and leads to a terminal.
+class TerminalLink {
+  public:
+    TerminalLink() = default;
+    ~TerminalLink();
+    TerminalLink(const TerminalLink&) = delete;
+    TerminalLink& operator=(const TerminalLink&) = delete;
+
+    /// Replaces a symbolic link in one step, but refuses to replace anything else. Empty when it
+    /// worked, else the reason.
+    QString Lead(const QString& link, const QString& terminal);
+
+  private:
+    QString link_, terminal_;
+};
+
+}  // namespace tolvex
+
+#endif
