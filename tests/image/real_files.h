@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QFile>
+#include <QString>
+#include <QtGlobal>
+
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
+
+namespace tolvex::testing {
+
+inline void PutFile(const QString& path, const QByteArray& bytes) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
+        qFatal("can't write %s", qPrintable(path));
+    }
+}
+
+inline QByteArray Bytes(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// File permissions bind while this lives, for root too: it then acts as the user "nobody".
+class OrdinaryUser {
+  public:
+#ifdef Q_OS_UNIX
+    OrdinaryUser() : root_(geteuid() == 0), bound_(!root_ || seteuid(65534) == 0) {}
+    ~OrdinaryUser() {
+        if (root_ && seteuid(0) != 0) {
+            qFatal("can't become root again");
+        }
+    }
+#else
+    OrdinaryUser() = default;
+#endif
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+
+    bool Bound() const {
+        return bound_;
+    }
+
+  private:
+    bool root_ = false;
+    bool bound_ = true;
+};
+
+/// Lets "nobody", who stays in root's group, reach what lies in a private temporary folder.
+inline void OpenToAll(const QString& folder) {
+    QFile::setPermissions(folder, QFile::permissions(folder) | QFile::ReadGroup | QFile::ExeGroup |
+                                      QFile::ReadOther | QFile::ExeOther);
+}
+
+inline void MakeReadOnly(const QString& path) {
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
+}
+
+}  // namespace tolvex::testing
