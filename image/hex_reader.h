@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "image/image.h"
+
+namespace tolvex {
+
+enum class HexReadResult {
+    Complete,
+    NoColon,  ///< stopped at a line that does not begin with a colon
+    Failed    ///< the file can't be opened or read, or a byte lies beyond the image
+};
+
+/// Reads an Intel HEX file into an image. Bytes stored before a stop stay; cells that the file does
+/// not name keep what they hold. An empty path reads nothing and is `Complete`.
+///
+/// Of a record only count, address, type and data matter. The count alone says how many bytes are
+/// taken, checksum digits included where the line is too short; the checksum is never compared.
+/// Records of a type other than 0 are skipped, the end record too: the file's end ends the read. A
+/// character that is no upper-case hexadecimal digit counts as 0 and sets `flag`, which changes
+/// nothing else here.
+///
+/// Lines end with LF, CRLF or a lone CR. A blank line is a line without a colon.
+HexReadResult ReadCodeHex(const QString& path, FlashImage& image, ErrorFlag& flag);
+HexReadResult ReadDataHex(const QString& path, EepromImage& image, ErrorFlag& flag);
+
+}  // namespace tolvex
