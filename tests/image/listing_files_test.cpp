@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+#include "image/listing_files.h"
+
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+
+#include "tests/image/real_files.h"
+#include "tests/support/recorder.h"
+
+namespace tolvex {
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::Bytes;
+
+struct ListingTest : ::testing::Test {
+    QTemporaryDir dir;
+    MemoryImages images;
+    CurrentDevice device{u"AT90S2313"_s, 0x24, 1024, 128, FuseGroup::LockOnly};
+    testing::Recorder windows;
+    ListingFiles listings{images, device, dir.path() + u'/', windows};
+
+    QString Path(const QString& name) { return dir.filePath(name); }
+    QList<QByteArray> Lines(const QString& name) {
+        QList<QByteArray> lines = Bytes(Path(name)).split('\n');
+        EXPECT_TRUE(lines.takeLast().isEmpty());
+        for (QByteArray& line : lines) {
+            EXPECT_TRUE(line.endsWith('\r'));
+            line.chop(1);
+        }
+        return lines;
+    }
+};
+
+const QByteArray kSixteenDots(16, '\xA5');
+
+TEST_F(ListingTest, FlashShowsWords) {
+    images.flash[0] = 0x94;
+    images.flash[1] = 0x0C;
+    images.flash[2046] = 0x41;
+    images.flash[2047] = 0x7E;
+    images.flash[2048] = 0x42;  // beyond the device
+    ASSERT_TRUE(listings.WriteFlashListing());
+    const QList<QByteArray> lines = Lines(u"avrhex.txt"_s);
+    ASSERT_EQ(lines.size(), 128);
+    EXPECT_EQ(lines[0], "0000: 940C FFFF FFFF FFFF FFFF FFFF FFFF FFFF " + kSixteenDots);
+    EXPECT_EQ(lines[1], "0008: FFFF FFFF FFFF FFFF FFFF FFFF FFFF FFFF " + kSixteenDots);
+    EXPECT_EQ(lines[127],
+              "03F8: FFFF FFFF FFFF FFFF FFFF FFFF FFFF 417E " + kSixteenDots.left(14) + "A~");
+}
+
+TEST_F(ListingTest, EepromShowsBytesAndCharacters) {
+    const QByteArray text = "Hello\x1F \x7E\x7F\x80";
+    std::copy(text.begin(), text.end(), images.eeprom.begin());
+    images.eeprom[128] = 0x42;  // beyond the device
+    ASSERT_TRUE(listings.WriteEepromListing());
+    const QList<QByteArray> lines = Lines(u"avreep.txt"_s);
+    ASSERT_EQ(lines.size(), 8);
+    EXPECT_EQ(lines[0], "0000: 48 65 6C 6C 6F 1F 20 7E 7F 80 FF FF FF FF FF FF Hello\xA5 ~" +
+                            kSixteenDots.left(8));
+    EXPECT_EQ(lines[7], "0070: FF FF FF FF FF FF FF FF FF FF FF FF FF FF FF FF " + kSixteenDots);
+}
+
+TEST_F(ListingTest, AShorterListingReplacesALongerOne) {
+    ASSERT_TRUE(listings.WriteFlashListing());
+    device.flashWords = 512;
+    ASSERT_TRUE(listings.WriteFlashListing());
+    EXPECT_EQ(Lines(u"avrhex.txt"_s).size(), 64);
+}
+
+TEST_F(ListingTest, WindowsShowTheFile) {
+    device = {};
+    device.flashWords = 8;
+    device.eepromBytes = 16;
+    images.flash[0] = 0x42;
+    images.eeprom[15] = 0x43;
+    ASSERT_TRUE(listings.WriteFlashListing() && listings.ShowFlashListing());
+    ASSERT_TRUE(listings.WriteEepromListing() && listings.ShowEepromListing());
+    const QString dots(15, u'\uFF65');
+    EXPECT_EQ(windows.flashListing,
+              u"0000: 42FF FFFF FFFF FFFF FFFF FFFF FFFF FFFF B"_s + dots + u'\n');
+    EXPECT_EQ(windows.eepromListing,
+              u"0000: FF FF FF FF FF FF FF FF FF FF FF FF FF FF FF 43 "_s + dots + u"C\n"_s);
+}
+
+TEST_F(ListingTest, WithoutADeviceBothAreEmpty) {
+    device = {};
+    windows.flashListing = windows.eepromListing = u"old"_s;
+    ASSERT_TRUE(listings.WriteFlashListing() && listings.ShowFlashListing());
+    ASSERT_TRUE(listings.WriteEepromListing() && listings.ShowEepromListing());
+    EXPECT_TRUE(QFile::exists(Path(u"avrhex.txt"_s)) && QFile::exists(Path(u"avreep.txt"_s)));
+    EXPECT_EQ(Bytes(Path(u"avrhex.txt"_s)) + Bytes(Path(u"avreep.txt"_s)), "");
+    EXPECT_EQ(windows.flashListing + windows.eepromListing, QString());
+}
+
+TEST_F(ListingTest, TheReportIsShownFromItsFile) {
+    EXPECT_EQ(listings.ReportPath(), Path(u"avrvfy.txt"_s));
+    EXPECT_FALSE(listings.ShowVerifyReport());
+    testing::PutFile(listings.ReportPath(), "one\r\ntwo\r\n");
+    EXPECT_TRUE(listings.ShowVerifyReport());
+    EXPECT_EQ(windows.verifyReport, u"one\ntwo\n"_s);
+}
+
+TEST_F(ListingTest, AFolderThatIsGone) {
+    ListingFiles lost(images, device, Path(u"gone/"_s), windows);
+    EXPECT_FALSE(lost.WriteFlashListing());
+    EXPECT_FALSE(lost.ShowFlashListing());
+    EXPECT_FALSE(lost.WriteEepromListing());
+    EXPECT_FALSE(lost.ShowEepromListing());
+    EXPECT_FALSE(lost.ShowVerifyReport());
+    EXPECT_TRUE(windows.calls.isEmpty());
+}
+
+TEST_F(ListingTest, AFullDiskIsNoticed) {
+    if (!QFile::exists(u"/dev/full"_s)) {
+        GTEST_SKIP() << "no device that is always full";
+    }
+    QFile::link(u"/dev/full"_s, Path(u"avreep.txt"_s));
+    EXPECT_FALSE(listings.WriteEepromListing());
+}
+
+TEST_F(ListingTest, RetiredItLeavesAndWritesNothing) {
+    ASSERT_TRUE(listings.WriteFlashListing() && listings.WriteEepromListing());
+    testing::PutFile(listings.ReportPath(), "report");
+    testing::PutFile(Path(u"other.txt"_s), "stays");
+    listings.Retire();
+    EXPECT_FALSE(listings.WriteFlashListing());
+    EXPECT_FALSE(listings.WriteEepromListing());
+    EXPECT_FALSE(listings.ShowFlashListing());
+    EXPECT_FALSE(listings.ShowEepromListing());
+    EXPECT_FALSE(listings.ShowVerifyReport());
+    EXPECT_EQ(listings.ReportPath(), QString());
+    listings.Retire();
+    EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList(u"other.txt"_s));
+    EXPECT_TRUE(windows.calls.isEmpty());
+}
+
+}  // namespace
+}  // namespace tolvex
