@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include "app/app.h"
+#include "device/device.h"
+#include "image/hex_reader.h"
+#include "image/hex_writer.h"
+#include "image/image.h"
+#include "platform/dialogs.h"
+
+namespace tolvex {
+
+/// What the file commands work on and speak through. All of it outlives them.
+struct FileCommandWiring {
+    MemoryImages& images;
+    FileNames& names;
+    const CurrentDevice& device;
+    Listings& listings;
+    ListingWindows& windows;
+    StatusPanels& panels;
+    MessageDialog& messages;
+    Settings& settings;
+    Dialogs& dialogs;
+    ErrorFlag& errorFlag;
+    std::function<QString()> mainCaption;  ///< the main window's caption, the title of one box
+};
+
+/// The commands of the file menu that open and save HEX files. A command that meets an unexpected
+/// failure (a file that can't be read to its end, a listing that can't be written) ends there
+/// without a message and keeps what it has done so far.
+class FileCommands {
+  public:
+    explicit FileCommands(FileCommandWiring wiring);
+
+    void mnuFileOpenCode_Click();
+    void mnuFileOpenData_Click();
+    void mnuFileOpen_Click();
+    void mnuReLoad_Click();
+    void mnuFileSave_Click();
+    void mnuFileSaveAs_Click();
+    void mnuFileSaveAsCode_Click();
+    void mnuFileSaveAsData_Click();
+
+    /// A file dropped on the main window: one ending in ".eep" goes the way of a chosen data file,
+    /// any other that of a file chosen to open both.
+    void OpenDropped(const QString& path);
+
+  private:
+    struct OpenDialog;
+    struct SaveDialog;
+
+    QString AskOpen(const OpenDialog& dialog);
+    void SaveAs(const SaveDialog& dialog);
+    void Remember(const FileDialogAnswer& answer, const QString& initialName);
+    bool StoreDirectory(const char* key);
+
+    void OpenData(const QString& path);
+    void OpenBoth(const QString& path);
+    bool OpenNamedCode();
+    bool OpenNamedData();
+    void OpenNamedBoth();
+    bool Continues(HexReadResult result, const QString& noColonText);
+    bool RefreshFlashListing();
+    bool RefreshEepromListing();
+
+    void WriteCode();
+    void WriteData();
+    void Report(HexWriteResult result);
+
+    FileCommandWiring with_;
+    /// What the last file dialog ended with: the path it returned, or, after a cancel, the name it
+    /// had been given.
+    QString dialogPath_;
+    QString dialogBareName_;
+};
+
+}  // namespace tolvex
