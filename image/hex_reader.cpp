@@ -5,8 +5,6 @@
 
 namespace tolvex {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr qsizetype kDataStart = 9;
