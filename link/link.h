@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <array>
 #include <cstdint>
 
 namespace tolvex {
@@ -31,7 +32,7 @@ class WriterCommands {
     /// Pauses 0.1 s after any reply.
     virtual void LeaveProgrammingMode(ErrorFlag& flag) = 0;
     /// The signature in order of arrival: family, size code, vendor. False after a time-out.
-    virtual bool ReadSignature(std::uint8_t (&bytes)[3], ErrorFlag& flag) = 0;
+    virtual bool ReadSignature(std::array<std::uint8_t, 3>& bytes, ErrorFlag& flag) = 0;
     /// 0 to 65535: a word address for program memory, a byte address for data memory.
     virtual void SetAddress(std::int32_t address, ErrorFlag& flag) = 0;
     /// The word at the writer's address, which then moves on by one. False after a time-out.

@@ -19,7 +19,7 @@ struct FileDialogAnswer {
     QString bareName;  ///< the path's last part
 };
 
-enum class BoxIcon { Information, Stop };
+enum class BoxIcon { None, Information, Stop };
 
 /// Every modal question to the person. A test hands in a scripted one.
 class Dialogs {

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/app.h"
+#include "device/device.h"
+#include "link/link.h"
+#include "link/serial_connection.h"
+
+namespace tolvex {
+
+/// Runs before every chip operation: opens the stored port and shakes hands with the writer.
+class WriterDetector : public WriterDetection {
+  public:
+    struct Parts {
+        SerialConnection& connection;
+        WriterCommands& commands;
+        const CurrentDevice& device;
+        const Settings& settings;
+        StatusPanels& status;
+        MessageDialog& dialog;
+        ErrorFlag& errorFlag;
+    };
+
+    explicit WriterDetector(const Parts& parts) : parts_(parts) {}
+
+    bool WriterCheck() override;
+
+  private:
+    /// How far detection has come; each stage has its own failure text.
+    enum class Stage { StoredPort, SoftwareId, SoftwareVersion, HardwareVersion, SelectDevice };
+
+    struct Identity {
+        QString identifier, softwareVersion, hardwareVersion;
+    };
+
+    /// False leaves `stage` at what failed.
+    bool ShakeHands(Stage& stage, Identity& identity);
+    void ReportSuccess(const Identity& identity);
+    void ReportFailure(Stage stage);
+
+    Parts parts_;
+};
+
+}  // namespace tolvex
