@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#include "device/catalogue.h"
+
+#include <algorithm>
+
+namespace tolvex {
+
+using namespace Qt::StringLiterals;
+
+std::span<const DeviceRecord> Catalogue() {
+    // The code is the writer's own class of chip, which several chips share.
+    static const DeviceRecord kCatalogue[] = {
+        {u"AT90S1200 (外部ｸﾛｯｸ)"_s, 0x11, 512, 64, FuseGroup::LockOnly},
+        {u"AT90S1200A(内部RCｸﾛｯｸ1MHz)"_s, 0x11, 512, 64, FuseGroup::LockOnly},
+        {u"AT90S2313"_s, 0x21, 1024, 128, FuseGroup::LockOnly},
+        {u"AT90S2323"_s, 0x11, 1024, 128, FuseGroup::FSTRT},
+        {u"AT90S2333"_s, 0x22, 1024, 128, FuseGroup::BOD_CKSEL},
+        {u"AT90S2343"_s, 0x11, 1024, 128, FuseGroup::RCEN},
+        {u"AT90S4414"_s, 0x21, 2048, 256, FuseGroup::LockOnly},
+        {u"AT90S4433"_s, 0x22, 2048, 256, FuseGroup::BOD_CKSEL},
+        {u"AT90S8515"_s, 0x21, 4096, 512, FuseGroup::LockOnly},
+        {u"AT90S8535"_s, 0x22, 4096, 512, FuseGroup::FSTRT},
+    };
+    return kCatalogue;
+}
+
+const DeviceRecord* FindDevice(const QString& name) {
+    const auto rows = Catalogue();
+    const auto row = std::ranges::find(rows, name, &DeviceRecord::name);
+    return row == rows.end() ? nullptr : &*row;
+}
+
+int FlashWordsOfSizeCode(std::uint8_t sizeCode) {
+    struct SizeCode {
+        std::uint8_t code;
+        int words;
+    };
+    static constexpr SizeCode kSizeCodes[] = {
+        {0x90, 512}, {0x91, 1024}, {0x92, 2048}, {0x93, 4096}, {0x97, 1024},
+    };
+    const auto row = std::ranges::find(kSizeCodes, sizeCode, &SizeCode::code);
+    return row == std::end(kSizeCodes) ? 0 : row->words;
+}
+
+}  // namespace tolvex

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include "device/device_selection.h"
+
+#include "app/settings_keys.h"
+#include "device/catalogue.h"
+
+namespace tolvex {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct OptionRow {
+    OptionList list;
+    QStringList entries;
+    int preset;  ///< selected at start-up, and when a chip that has the option is chosen
+};
+
+const QList<OptionRow>& OptionRows() {
+    static const QList<OptionRow> kRows = {
+        {OptionList::FSTRT, {u"Enable"_s, u"Disable"_s}, 1},
+        {OptionList::RCEN, {u"Enable"_s, u"Disable"_s}, 0},
+        {OptionList::BODLEVEL, {u"4.0V"_s, u"2.7V"_s}, 1},
+        {OptionList::BODEN, {u"Enable"_s, u"Disable"_s}, 1},
+        {OptionList::CKSEL,
+         {u"4ms + 6 CK"_s, u"6 CK"_s, u"64ms + 16K CK"_s, u"4ms + 16K CK"_s, u"16K CK"_s,
+          u"64ms + 1K CK"_s, u"4ms + 1K CK"_s, u"1K CK"_s},
+         2},
+        {OptionList::LockBit,
+         {u"書込み & ベリファイ 禁止"_s, u"書込み禁止"_s, u"プロテクトなし"_s},
+         2},
+    };
+    return kRows;
+}
+
+int PresetOf(OptionList list) {
+    for (const OptionRow& row : OptionRows()) {
+        if (row.list == list) {
+            return row.preset;
+        }
+    }
+    return 0;
+}
+
+}  // namespace
+
+void ResetOptions(SettingPanel& panel) {
+    for (const OptionRow& row : OptionRows()) {
+        panel.SelectOption(row.list, row.preset);
+    }
+}
+
+void DeviceSelection::FillDeviceLists() {
+    for (const OptionRow& row : OptionRows()) {
+        parts_.panel.FillOptions(row.list, row.entries);
+        parts_.panel.SelectOption(row.list, row.preset);
+    }
+    QStringList names;
+    for (const DeviceRecord& record : Catalogue()) {
+        names << record.name;
+    }
+    parts_.panel.FillDevices(names);
+    SelectDevice(static_cast<int>(GetNumber(parts_.settings, keys::Device)));
+}
+
+bool DeviceSelection::SelectDevice(int index) {
+    parts_.panel.MarkDevice(index);
+    ApplyDeviceRecord(index);
+    parts_.settings.SaveSetting(QString::fromLatin1(keys::Device.name), QString::number(index));
+    parts_.panel.ShowSizes(u"Programメモリサイズ : %1 word"_s.arg(parts_.device.flashWords),
+                           u"EEPROM メモリサイズ : %1 byte"_s.arg(parts_.device.eepromBytes));
+    const bool rebuilt =
+        parts_.listings.WriteFlashListing() && parts_.listings.ShowFlashListing() &&
+        parts_.listings.WriteEepromListing() && parts_.listings.ShowEepromListing();
+    if (rebuilt) {
+        parts_.panel.ShowPatchPanel();
+    }
+    return rebuilt;
+}
+
+void DeviceSelection::ApplyDeviceRecord(int index) {
+    const auto catalogue = Catalogue();
+    if (index < 0 || index >= static_cast<int>(catalogue.size())) {
+        return;
+    }
+    const DeviceRecord& record = catalogue[static_cast<std::size_t>(index)];
+    parts_.device = {record.name, record.deviceCode, record.flashWords, record.eepromBytes,
+                     record.fuseGroup};
+    ShowFuseControls(record.fuseGroup);
+}
+
+void DeviceSelection::ShowFuseControls(FuseGroup group) {
+    struct FuseRow {
+        OptionList list;
+        FuseGroup group;
+    };
+    static constexpr FuseRow kFuseRows[] = {
+        {OptionList::FSTRT, FuseGroup::FSTRT},     {OptionList::RCEN, FuseGroup::RCEN},
+        {OptionList::BODEN, FuseGroup::BOD_CKSEL}, {OptionList::BODLEVEL, FuseGroup::BOD_CKSEL},
+        {OptionList::CKSEL, FuseGroup::BOD_CKSEL},
+    };
+    SettingPanel& panel = parts_.panel;
+    panel.ShowOption(OptionList::LockBit, true);
+    panel.EnableFuseWrite(true);
+    // Chips without fuses can't be asked for their lock bits either.
+    panel.EnableFuseRead(group != FuseGroup::LockOnly);
+    for (const FuseRow& row : kFuseRows) {
+        const bool on = row.group == group;
+        if (on) {
+            panel.SelectOption(row.list, PresetOf(row.list));
+        }
+        panel.ShowOption(row.list, on);
+    }
+}
+
+}  // namespace tolvex

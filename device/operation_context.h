@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/app.h"
+#include "device/device.h"
+#include "image/image.h"
+#include "link/link.h"
+
+namespace tolvex {
+
+/// What the chip operations work with; borrowed, one for all of them.
+///
+/// An operation tells the person everything itself. Its result says only whether the chain that it
+/// is a step of goes on: false = something failed that has no message of its own (a listing file
+/// that can't be written), which ends the chain where it stands.
+struct OperationContext {
+    WriterCommands& writer;
+    Waiting& waiting;
+    MemoryImages& images;
+    const CurrentDevice& device;
+    Listings& listings;
+    StatusPanels& status;
+    MessageDialog& dialog;
+    SettingPanel& panel;
+    ErrorFlag& errorFlag;
+
+    /// The same text in status panel 1 and in the dialog with OK.
+    void Report(const QString& text) const {
+        status.SetStatusText(kMessagePanel, text);
+        dialog.ShowMessage(MessageMode::Message, text);
+    }
+    bool RebuildFlashListing() const {
+        return listings.WriteFlashListing() && listings.ShowFlashListing();
+    }
+    bool RebuildEepromListing() const {
+        return listings.WriteEepromListing() && listings.ShowEepromListing();
+    }
+};
+
+}  // namespace tolvex
