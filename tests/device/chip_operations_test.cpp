@@ -1,0 +1,443 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QRegularExpression>
+
+#include "device/catalogue.h"
+#include "device/used_extent.h"
+#include "tests/support/test_bench.h"
+
+namespace tolvex {
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::DetectionWire;
+using testing::Recorder;
+using testing::TestBench;
+
+const QString kVerified = u"ベリファイ　FLASH : OK / EEPROM : OK"_s;
+
+QByteArray ReportOf(const TestBench& b) {
+    QFile report(b.folders.listings + u"avrvfy.txt"_s);
+    return report.open(QIODevice::ReadOnly) ? report.readAll() : QByteArray();
+}
+
+/// The wire of programming `words` words and every used EEPROM byte, from the device check on.
+QStringList ProgramWire(const TestBench& b, int words) {
+    const MemoryImages& images = b.bench.images;
+    QStringList wire{u"P"_s, u"s"_s, u"L"_s, u"P"_s, u"A 00 00"_s};
+    for (int cell = 0; cell < 2 * words; cell += 2) {
+        wire << u"c "_s + HexByte(images.flash[static_cast<std::size_t>(cell) + 1])
+             << u"C "_s + HexByte(images.flash[static_cast<std::size_t>(cell)]);
+    }
+    wire << u"L"_s << u"P"_s;
+    for (int address = 0; address < b.bench.device.eepromBytes; ++address) {
+        const int data = images.eeprom[static_cast<std::size_t>(address)];
+        if (data != kErased) {
+            wire << u"A %1 %2"_s.arg(HexByte(address / 256), HexByte(address % 256))
+                 << u"D "_s + HexByte(data);
+        }
+    }
+    return wire << u"L"_s;
+}
+
+QStringList VerifyWire(int words, int bytes) {
+    QStringList wire{u"P"_s, u"A 00 00"_s};
+    wire << QStringList(words, u"R"_s) << u"L"_s << u"P"_s;
+    for (int address = 0; address < bytes; ++address) {
+        wire << u"A %1 %2"_s.arg(HexByte(address / 256), HexByte(address % 256)) << u"d"_s;
+    }
+    return wire << u"L"_s;
+}
+
+/// Fails at the first difference instead of printing thousands of commands.
+void ExpectWire(const QStringList& wire, const QStringList& expected, const std::string& what) {
+    for (int i = 0; i < std::min(wire.size(), expected.size()); ++i) {
+        ASSERT_EQ(wire[i], expected[i]) << what << ", command " << i;
+    }
+    EXPECT_EQ(wire.size(), expected.size()) << what;
+}
+
+/// Between two progress texts the bar only moves on.
+void ExpectProgressNeverRunsBackwards(const Recorder& person) {
+    double maximum = -1;
+    double value = -1;
+    for (const Recorder::Progress& step : person.progress) {
+        if (step.maximum == maximum && step.value != 0) {
+            EXPECT_GE(step.value, value);
+        }
+        maximum = step.maximum;
+        value = step.value;
+        EXPECT_EQ(step.visible, value != maximum);
+    }
+}
+
+TEST(ProgramOperation, EveryChipEndsUpHoldingTheImages) {
+    for (int index = 0; index < static_cast<int>(Catalogue().size()); ++index) {
+        TestBench b(index);
+        const std::string name = b.bench.device.name.toStdString();
+        b.FillImages(static_cast<unsigned>(index + 1));
+        b.bench.toolbar.Click(u"Program");
+
+        const int words = LastUsedWord(b.bench.images.flash, b.bench.device.flashWords) + 1;
+        const int bytes = LastUsedByte(b.bench.images.eeprom, b.bench.device.eepromBytes) + 1;
+        ExpectWire(b.Wire(),
+                   DetectionWire(b.bench.device.deviceCode) +
+                       QStringList{u"s"_s, u"P"_s, u"e"_s, u"L"_s} + ProgramWire(b, words) +
+                       VerifyWire(words, bytes),
+                   name);
+        EXPECT_EQ(b.chip->Contents().flash, b.FlashOfImages()) << name;
+        EXPECT_EQ(b.chip->Contents().eeprom, b.EepromOfImages()) << name;
+        EXPECT_EQ(b.person.message, kVerified) << name;
+        EXPECT_EQ(b.person.panels[1], u"プログラム終了しました。"_s) << name;
+        ExpectProgressNeverRunsBackwards(b.person);
+    }
+}
+
+TEST(ProgramOperation, TellsEveryStepInOrder) {
+    TestBench b;
+    b.bench.images.flash[20] = 0x12;
+    b.bench.images.eeprom[3] = 0x34;
+    b.bench.toolbar.Click(u"Program");
+    EXPECT_EQ(b.person.Seen(), (QStringList{
+                                   u"status 1: "_s,
+                                   u"progress: ライタと通信中！"_s,
+                                   u"status 1: ｺﾏﾝﾄﾞ送信 : Select device command T , 0x11"_s,
+                                   u"status 1: ライタを検出しました。 COM1"_s,
+                                   u"close message"_s,
+                                   u"progress: Eraseing Flash & EEPROM memory !"_s,
+                                   u"close message"_s,
+                                   u"progress: Flash Program Memory Programming !"_s,
+                                   u"close message"_s,
+                                   u"progress: EEPROM Data Memory Programming !"_s,
+                                   u"close message"_s,
+                                   u"progress: Flash Program Memory Verifying !"_s,
+                                   u"progress: EEPROM Data Memory Verifying !"_s,
+                                   u"status 1: "_s + kVerified,
+                                   u"message OK: "_s + kVerified,
+                                   u"status 1: プログラム終了しました。"_s,
+                               }));
+    EXPECT_FALSE(b.person.calls.contains(u"verify report"_s));
+}
+
+struct ExtentCase {
+    const char* what;
+    QList<int> flashCells;
+    QList<int> eepromCells;
+    int wordsWritten, wordsVerified, bytesVerified;
+};
+
+TEST(ProgramOperation, WritesAndVerifiesAsFarAsTheImagesReach) {
+    const ExtentCase cases[] = {
+        {"the first word alone takes the second along", {0}, {}, 2, 1, 1},
+        {"low byte of word 9", {19}, {}, 10, 10, 1},
+        {"EEPROM only", {}, {5}, 0, 1, 6},
+        {"first EEPROM byte alone", {}, {0}, 0, 1, 1},
+        {"last cells", {1023}, {63}, 512, 512, 64},
+        {"beyond the chip does not count", {0, 1024}, {63, 64}, 2, 1, 64},
+    };
+    for (const ExtentCase& c : cases) {
+        TestBench b;
+        for (const int cell : c.flashCells) {
+            b.bench.images.flash[static_cast<std::size_t>(cell)] = 0;
+        }
+        for (const int cell : c.eepromCells) {
+            b.bench.images.eeprom[static_cast<std::size_t>(cell)] = 0;
+        }
+        ASSERT_TRUE(b.bench.detection.WriterCheck());
+        b.Forget();
+        EXPECT_TRUE(b.bench.program.ProgramChip());
+        ExpectWire(b.Wire(),
+                   ProgramWire(b, c.wordsWritten) + VerifyWire(c.wordsVerified, c.bytesVerified),
+                   c.what);
+        EXPECT_EQ(b.person.message, kVerified) << c.what;
+    }
+}
+
+TEST(ProgramOperation, BlankImagesSendNothing) {
+    TestBench b;
+    b.bench.toolbar.Click(u"Program");
+    EXPECT_EQ(b.Wire(), DetectionWire(0x11) + (QStringList{u"s"_s, u"P"_s, u"e"_s, u"L"_s}));
+    EXPECT_EQ(b.person.message, u"Lock bit & プログラム/EEPROMデータ メモリクリアー完了。"_s);
+    EXPECT_EQ(b.person.panels[1], u"プログラム終了しました。"_s);
+}
+
+struct FaultCase {
+    const char* what;
+    char letter;
+    int occurrence;
+    FaultKind fault;
+    QStringList seen;  ///< must appear in this order among what the person sees
+};
+
+void ExpectInOrder(const QStringList& calls, const QStringList& expected, const char* what) {
+    qsizetype at = 0;
+    for (const QString& call : expected) {
+        at = calls.indexOf(call, at);
+        ASSERT_GE(at, 0) << what << ": " << call.toStdString();
+        ++at;
+    }
+}
+
+TEST(ProgramOperation, FaultsAreToldAndTheRestStillRuns) {
+    const QString flashFailed = u"message OK: Flashメモリ ライト失敗"_s;
+    const QString eepromFailed = u"message OK: EEROMメモリ ライト失敗"_s;
+    const QString finished = u"status 1: プログラム終了しました。"_s;
+    const FaultCase cases[] = {
+        {"erase refused",
+         'e',
+         1,
+         FaultKind::Wrong,
+         {u"status 1: ｺﾐﾆｭｹｰｼｮﾝ失敗 : Chip Erase e"_s,
+          u"status 1: Flash & EEPROM メモリクリアー失敗"_s,
+          u"message OK: Flash & EEPROM メモリクリアー失敗"_s,
+          u"progress: Flash Program Memory Programming !"_s, finished}},
+        {"device check silent",
+         's',
+         2,
+         FaultKind::Silent,
+         {u"status 1: ｺﾐﾆｭｹｰｼｮﾝ失敗 : Read Signature bytes s"_s,
+          u"status 1: プログラミングを中止しました。"_s, finished}},
+        {"low byte wrong",
+         'c',
+         3,
+         FaultKind::Wrong,
+         {u"status 1: ｺﾐﾆｭｹｰｼｮﾝ失敗 : Low byte Write Data Memory c"_s,
+          u"status 1: Flashメモリ ライト失敗"_s, flashFailed,
+          u"progress: EEPROM Data Memory Programming !"_s,
+          u"progress: Flash Program Memory Verifying !"_s, finished}},
+        {"high byte silent",
+         'C',
+         5,
+         FaultKind::Silent,
+         {u"status 1: ｺﾐﾆｭｹｰｼｮﾝ失敗 : Hi byte Write Program Memory C"_s, flashFailed,
+          u"progress: EEPROM Data Memory Programming !"_s, finished}},
+        {"EEPROM byte wrong",
+         'D',
+         1,
+         FaultKind::Wrong,
+         {u"status 1: ｺﾐﾆｭｹｰｼｮﾝ失敗 : Write Data Memory D"_s,
+          u"status 1: EEPROMメモリ ライト失敗"_s, eepromFailed,
+          u"progress: Flash Program Memory Verifying !"_s, finished}},
+        {"verify: word short",
+         'R',
+         2,
+         FaultKind::Short,
+         {u"status 1: ｺﾐﾆｭｹｰｼｮﾝ失敗 : Read Program Memory R"_s,
+          u"status 1: Flash メモリ ベリファイ失敗"_s, u"message OK: Flash メモリ ベリファイ失敗"_s,
+          u"progress: EEPROM Data Memory Verifying !"_s, finished}},
+        {"verify: byte silent",
+         'd',
+         1,
+         FaultKind::Silent,
+         {u"status 1: ｺﾐﾆｭｹｰｼｮﾝ失敗 : Read Data Memory d"_s,
+          u"message OK: ベリファイ　通信エラー"_s, finished}},
+        {"hang-up in the Flash",
+         'c',
+         4,
+         FaultKind::HangUp,
+         {u"status 1: ｺﾐﾆｭｹｰｼｮﾝ失敗 : Low byte Write Program Memory c"_s, flashFailed, eepromFailed,
+          u"message OK: ベリファイ　通信エラー"_s, finished}},
+    };
+    for (const FaultCase& c : cases) {
+        TestBench b;
+        b.FillImages(7);
+        b.board.SetLetterFault(c.letter, c.fault, c.occurrence);
+        const auto start = b.clock.Now();
+        b.bench.toolbar.Click(u"Program");
+        ExpectInOrder(b.person.Seen(), c.seen, c.what);
+        // One time-out at the most, and none at all after a hang-up.
+        EXPECT_LT(b.clock.Now() - start, std::chrono::seconds(8)) << c.what;
+    }
+}
+
+TEST(ProgramOperation, AnyCommandMayFailWithoutLosingTheThread) {
+    for (const FaultKind fault : {FaultKind::Silent, FaultKind::Short, FaultKind::Wrong,
+                                  FaultKind::Long, FaultKind::Late, FaultKind::HangUp}) {
+        for (int command = 1; command <= 60; ++command) {
+            TestBench b;
+            b.bench.images.flash[8] = 0x55;
+            b.bench.images.eeprom[2] = 0xAA;
+            b.board.SetFault(command, fault);
+            b.bench.toolbar.Click(u"Program");
+            ASSERT_FALSE(b.person.panels[1].isEmpty());
+            // Only a device check that a command failed leaves a progress display behind.
+            const bool stopped =
+                b.person.calls.contains(u"status 1: プログラミングを中止しました。"_s);
+            const QStringList shown =
+                b.person.calls.filter(QRegularExpression(u"^(message|progress|close)"_s));
+            ASSERT_TRUE(stopped || !shown.last().startsWith(u"progress"_s)) << command;
+            ExpectProgressNeverRunsBackwards(b.person);
+        }
+    }
+}
+
+TEST(ProgramOperation, AProtectedChipIsErasedFirst) {
+    TestBench b;
+    b.FillImages(3);
+    b.chip->ProgramLock(0xF9);
+    b.person.options[OptionList::LockBit] = 0;
+    b.bench.toolbar.Click(u"Program");
+    ExpectInOrder(b.person.calls,
+                  {u"option LockBit = 2"_s,
+                   u"message OK: デバイスがプロテクトされています。\r\n"
+                   "チップイレース(<消 Erase>ボタン)を実行してください。"_s,
+                   u"progress: Eraseing Flash & EEPROM memory !"_s, u"message OK: "_s + kVerified},
+                  "protected");
+    EXPECT_EQ(b.chip->Contents().flash, b.FlashOfImages());
+}
+
+TEST(ProgramOperation, AnEmptySocketIsNotProgrammed) {
+    TestBench b;
+    b.FillImages(3);
+    b.board.SetChip(nullptr);
+    b.bench.toolbar.Click(u"Program");
+    EXPECT_EQ(b.person.message, u"デバイスが、ソケットにセットされていません。"_s);
+    EXPECT_FALSE(b.Wire().contains(u"A 00 00"_s));
+}
+
+TEST(VerifyOperation, ReportsEveryDifferingCell) {
+    TestBench b(8);
+    b.FillImages(5);
+    ASSERT_TRUE(b.bench.detection.WriterCheck());
+    ASSERT_TRUE(b.bench.program.ProgramChip());
+    b.Forget();
+    b.bench.images.flash[0x1000] = 0x94;  // word 0x0800
+    b.bench.images.flash[0x1001] = 0x0C;
+    b.bench.images.eeprom[0x1FF] = 0x0A;
+    ChipContents contents = b.chip->Contents();
+    contents.flash[0x1000] = '\x0D';  // in the chip the low byte comes first
+    contents.flash[0x1001] = '\x94';
+    contents.eeprom[0x1FF] = '\x0B';
+    b.chip->SetContents(contents);
+
+    b.bench.toolbar.Click(u"Verify");
+    const QByteArray expected =
+        "Flash Program memory address verify\r\n\r\n"
+        "Flash  Address(word) = 0800  Original Data = 940C   NG Data = 940D\r\n"
+        "\r\nEEPROM data memory address verify\r\n\r\n"
+        "EEPROM Address(byte) = 01FF  Original Data = 0A   NG Data = 0B\r\n";
+    EXPECT_EQ(ReportOf(b), expected);
+    EXPECT_EQ(b.person.verifyReport, QString::fromLatin1(expected).remove(u'\r'));
+    ExpectWire(b.Wire(),
+               DetectionWire(0x21) + QStringList{u"P"_s, u"s"_s, u"L"_s} + VerifyWire(4096, 512),
+               "whole chip");
+    ExpectInOrder(b.person.calls,
+                  {u"verify report"_s, u"status 1: ベリファイ　FLASH : NG / EEPROM : NG"_s,
+                   u"message OK: ベリファイ　FLASH : NG / EEPROM : NG"_s,
+                   u"status 1: ベリファイ終了しました。"_s},
+                  "report before summary");
+}
+
+TEST(VerifyOperation, SummaryNamesTheMemoryThatDiffers) {
+    struct SummaryCase {
+        bool flash, eeprom;
+        QString text;
+    };
+    for (const SummaryCase& c : {
+             SummaryCase{false, false, kVerified},
+             {true, false, u"ベリファイ　FLASH : NG / EEPROM : OK"_s},
+             {false, true, u"ベリファイ　FLASH : OK / EEPROM : NG"_s},
+         }) {
+        TestBench b;
+        b.bench.images.flash[1023] = c.flash ? 0 : kErased;
+        b.bench.images.eeprom[63] = c.eeprom ? 0 : kErased;
+        b.bench.toolbar.Click(u"Verify");
+        EXPECT_EQ(b.person.message, c.text);
+        EXPECT_EQ(b.person.calls.contains(u"verify report"_s), c.flash || c.eeprom);
+        EXPECT_TRUE(ReportOf(b).startsWith("Flash Program memory address verify\r\n\r\n"));
+    }
+}
+
+TEST(VerifyOperation, AFlashFailureStillEndsWithASummaryAnEepromFailureDoesNot) {
+    TestBench b;
+    b.board.SetLetterFault('R', FaultKind::Silent, 512);
+    b.bench.toolbar.Click(u"Verify");
+    ExpectInOrder(b.person.Seen(),
+                  {u"message OK: Flash メモリ ベリファイ失敗"_s, u"message OK: "_s + kVerified},
+                  "the last word was compared with the one before");
+
+    TestBench c;
+    c.board.SetLetterFault('d', FaultKind::Silent, 64);
+    c.bench.toolbar.Click(u"Verify");
+    EXPECT_EQ(c.person.message, u"ベリファイ　通信エラー"_s);
+    EXPECT_FALSE(c.person.calls.contains(u"verify report"_s));
+}
+
+TEST(VerifyOperation, AWrongChipStopsIt) {
+    TestBench b(2);
+    b.board.SetChip(nullptr);
+    b.bench.toolbar.Click(u"Verify");
+    EXPECT_EQ(b.Wire().size(), 4 + 1 + 5 + 1);
+    ExpectInOrder(
+        b.person.Seen(),
+        {u"message OK: デバイスが、ソケットにセットされていません。"_s,
+         u"status 1: ベリファイを中止しました。"_s, u"status 1: ベリファイ終了しました。"_s},
+        "empty socket");
+}
+
+TEST(ReadOperation, FillsTheImagesAndLeavesTheRest) {
+    TestBench source(2);
+    source.FillImages(9);
+    source.bench.toolbar.Click(u"Program");
+
+    TestBench b(2);
+    b.chip->SetContents(source.chip->Contents());
+    b.bench.images.flash[2048] = 0x77;
+    b.bench.images.eeprom[128] = 0x66;
+    b.bench.toolbar.Click(u"Read");
+    EXPECT_EQ(b.FlashOfImages(), source.FlashOfImages());
+    EXPECT_EQ(b.EepromOfImages(), source.EepromOfImages());
+    EXPECT_EQ(b.bench.images.flash[2048], 0x77);
+    EXPECT_EQ(b.bench.images.eeprom[128], 0x66);
+    ExpectWire(b.Wire(),
+               DetectionWire(0x21) + QStringList{u"P"_s, u"s"_s, u"L"_s} + VerifyWire(1024, 128),
+               "a read reads what a verify reads");
+    EXPECT_EQ(b.person.panels[1], u"リード終了しました。"_s);
+    EXPECT_EQ(b.person.calls.filter(u"listing"_s),
+              (QStringList{u"flash listing"_s, u"eeprom listing"_s}));
+}
+
+TEST(ReadOperation, AWordWithoutReplyEndsItWhereItStands) {
+    TestBench b;
+    b.chip->ProgramFlashLow(99, 0x12);
+    b.board.SetLetterFault('R', FaultKind::Silent, 101);
+    b.bench.images.flash.fill(0x33);
+    b.bench.toolbar.Click(u"Read");
+    EXPECT_EQ(b.bench.images.flash[199], 0x12);
+    EXPECT_EQ(b.bench.images.flash[200], 0x33);
+    EXPECT_EQ(b.Wire().last(), u"R"_s);
+    EXPECT_EQ(b.person.message, u"Flash Program Memory Reading !"_s);
+    ExpectInOrder(
+        b.person.Seen(),
+        {u"status 1: ｺﾐﾆｭｹｰｼｮﾝ失敗 : Read Program Memory R"_s, u"status 1: リード終了しました。"_s},
+        "read");
+}
+
+TEST(ReadOperation, PhasesReportTheirFailures) {
+    TestBench flash;
+    flash.board.SetLetterFault('A', FaultKind::Wrong, 1);
+    flash.bench.toolbar.Click(u"Read");
+    ExpectInOrder(flash.person.Seen(),
+                  {u"status 1: Flashメモリ リード失敗"_s, u"message OK: Flashメモリ リード失敗"_s,
+                   u"progress: EEPROM Data Memory Reading !"_s, u"close message"_s},
+                  "flash");
+
+    TestBench eeprom;
+    eeprom.board.SetLetterFault('A', FaultKind::Wrong, 2);
+    eeprom.bench.toolbar.Click(u"Read");
+    ExpectInOrder(eeprom.person.Seen(),
+                  {u"status 1: EEPROMメモリ リード失敗"_s, u"message OK: EEROMメモリ リード失敗"_s},
+                  "eeprom");
+
+    TestBench locked;
+    locked.chip->ProgramLock(0xF9);
+    locked.bench.images.flash.fill(0x33);
+    locked.bench.toolbar.Click(u"Read");
+    ExpectInOrder(locked.person.Seen(), {u"status 1: リードを中止しました。"_s}, "locked");
+    EXPECT_EQ(locked.bench.images.flash[0], 0x33);
+}
+
+}  // namespace
+}  // namespace tolvex

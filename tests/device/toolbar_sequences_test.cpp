@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: MIT
+#include "device/toolbar_sequences.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+
+#include "tests/support/test_bench.h"
+
+namespace tolvex {
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::DetectionWire;
+using testing::TestBench;
+
+const QMap<OptionList, int> kStartUpOptions = {{OptionList::FSTRT, 1}, {OptionList::RCEN, 0},
+                                               {OptionList::BODEN, 1}, {OptionList::BODLEVEL, 1},
+                                               {OptionList::CKSEL, 2}, {OptionList::LockBit, 2}};
+
+void MoveAllOptions(TestBench& b) {
+    for (const OptionList list : kOptionLists) {
+        b.person.options[list] = 1 - b.person.options[list];
+    }
+}
+
+TEST(ToolbarSequences, EraseClearsTheChipAndTheLists) {
+    TestBench b(7);
+    b.chip->ProgramFlashLow(3, 0);
+    b.chip->ProgramLock(0xF9);
+    MoveAllOptions(b);
+    b.bench.toolbar.Click(u"Erase");
+    EXPECT_EQ(b.Wire(),
+              DetectionWire(0x22) + (QStringList(5, u"s"_s) << u"P"_s << u"e"_s << u"L"_s));
+    EXPECT_EQ(b.chip->ReadFlashLow(3), kErased);
+    EXPECT_FALSE(b.chip->WriteProtected());
+    EXPECT_EQ(b.person.options, kStartUpOptions);
+    EXPECT_EQ(b.person.panels[1], u"Lock bit & Flash & EEPROM メモリクリアー完了。"_s);
+    EXPECT_EQ(b.person.calls.filter(u"listing"_s), (QStringList{u"eeprom listing"_s}));
+}
+
+TEST(ToolbarSequences, AFailedEraseLeavesTheLists) {
+    for (const char letter : {'P', 'e', 'L'}) {
+        TestBench b(7);
+        b.board.SetLetterFault(letter, FaultKind::Wrong);
+        MoveAllOptions(b);
+        const auto options = b.person.options;
+        b.bench.toolbar.Click(u"Erase");
+        EXPECT_EQ(b.Wire(), DetectionWire(0x22) + (QStringList{u"s"_s, u"P"_s, u"e"_s, u"L"_s}));
+        EXPECT_EQ(b.person.options, options);
+        EXPECT_EQ(b.person.panels[1], u"Flash & EEPROM メモリクリアー失敗"_s);
+        EXPECT_EQ(b.person.message, u"Flash & EEPROM メモリクリアー失敗"_s);
+    }
+}
+
+TEST(ToolbarSequences, AnEraseForgivesTheSignatureBeforeIt) {
+    TestBench b(7);
+    b.board.SetChip(nullptr);
+    b.bench.toolbar.Click(u"Erase");
+    EXPECT_TRUE(
+        b.person.calls.contains(u"message OK: デバイスが、ソケットにセットされていません。"_s));
+    EXPECT_EQ(b.person.panels[1], u"Lock bit & Flash & EEPROM メモリクリアー完了。"_s);
+}
+
+TEST(ToolbarSequences, ClearWorksWithoutAWriter) {
+    TestBench b(3);
+    b.FillImages(1);
+    b.port.RefuseOpen();
+    MoveAllOptions(b);
+    b.bench.toolbar.Click(u"Clear");
+    EXPECT_TRUE(b.port.Calls().isEmpty());
+    EXPECT_EQ(b.bench.images.flash, MemoryImages().flash);
+    EXPECT_EQ(b.bench.images.eeprom, MemoryImages().eeprom);
+    EXPECT_EQ(b.person.options, kStartUpOptions);
+    EXPECT_EQ(b.person.calls.filter(u"listing"_s),
+              (QStringList{u"flash listing"_s, u"eeprom listing"_s}));
+    EXPECT_EQ(b.person.panels[1], u"バッファーをクリアしました。"_s);
+}
+
+TEST(ToolbarSequences, WithoutAWriterNoChainGoesOn) {
+    for (const QString& key : {u"Program"_s, u"Read"_s, u"Verify"_s, u"Erase"_s}) {
+        TestBench b;
+        b.FillImages(1);
+        b.port.RefuseOpen();
+        b.bench.toolbar.Click(key);
+        EXPECT_TRUE(b.Wire().isEmpty());
+        EXPECT_EQ(b.person.panels[1], u"ライタと通信ができませんでした。(Command_S)"_s);
+    }
+}
+
+TEST(ToolbarSequences, FileButtonsRunTheMenusCommands) {
+    TestBench b;
+    b.bench.toolbar.Click(u"Open");
+    b.bench.toolbar.Click(u"Save");
+    b.bench.toolbar.Click(u"ReLoad");
+    EXPECT_EQ(b.person.calls.filter(u"dialog"_s),
+              (QStringList{u"open dialog コードファイル ＆ データファイルを開く"_s,
+                           u"save dialog コードファイル ＆ データファイルの保存"_s}));
+    EXPECT_FALSE(b.bench.fileNames.ReloadFlag);
+    b.bench.toolbar.Click(u"ComSelect");
+    EXPECT_EQ(b.portDialogs, 1);
+}
+
+TEST(ToolbarSequences, AnUnknownKeyOnlyClearsThePanel) {
+    TestBench b;
+    b.bench.toolbar.Click(u"program");
+    EXPECT_EQ(b.person.calls, (QStringList{u"status 1: "_s}));
+}
+
+TEST(ToolbarSequences, AShutdownInTheMiddleOfAChainLeavesNothingBehind) {
+    for (const auto after : {1, 400, 1500, 2500}) {
+        TestBench b;
+        b.FillImages(2);
+        b.clock.At(b.clock.Now() + std::chrono::milliseconds(after), [&b] {
+            b.bench.listings.Retire();
+            b.bench.connection.ClosePort();
+            b.clock.End();
+        });
+        b.board.SetFaultFrom(40, FaultKind::Silent);
+        b.bench.toolbar.Click(u"Program");
+        EXPECT_TRUE(b.clock.Ended());
+        EXPECT_FALSE(b.port.IsOpen());
+        EXPECT_TRUE(QDir(b.folder.path()).isEmpty()) << after;
+    }
+}
+
+TEST(ToolbarSequences, AListingThatCantBeWrittenEndsTheChain) {
+    TestBench b;
+    b.FillImages(2);
+    ASSERT_TRUE(b.folder.remove());
+    b.bench.toolbar.Click(u"Erase");
+    EXPECT_EQ(b.Wire().last(), u"L"_s);
+    EXPECT_NE(b.person.panels[1], u"Lock bit & Flash & EEPROM メモリクリアー完了。"_s);
+}
+
+}  // namespace
+}  // namespace tolvex

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include "tests/support/test_bench.h"
+
+#include <random>
+
+#include "device/catalogue.h"
+#include "writer/chip_models.h"
+
+namespace tolvex::testing {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::unique_ptr<SimulatedChip> NewChip(int deviceIndex) {
+    return std::make_unique<SimulatedChip>(*FindChipModel(QString::number(deviceIndex)));
+}
+
+}  // namespace
+
+TestBench::TestBench(int deviceIndex)
+    : chip(NewChip(deviceIndex)),
+      board(chip.get()),
+      port(board, clock, 0),
+      folders{folder.path() + u'/', folder.path() + u'/'},
+      bench({port, clock, settings, folders, person, person, person, person, person,
+             [] { return u"Tolvex Version 1.40.25"_s; }, [this] { ++portDialogs; }}) {
+    settings.values[u"ComNox"_s] = u"1"_s;
+    settings.values[u"device"_s] = QString::number(deviceIndex);
+    bench.selection.FillDeviceLists();
+    Forget();
+}
+
+void TestBench::Forget() {
+    port.ForgetTrace();
+    person.calls.clear();
+    person.progress.clear();
+}
+
+void TestBench::FillImages(unsigned seed) {
+    std::mt19937 random(seed);
+    const auto fill = [&random](auto& image, int cells) {
+        for (int cell = 0; cell < cells; ++cell) {
+            image[static_cast<std::size_t>(cell)] = static_cast<std::uint8_t>(random());
+        }
+    };
+    fill(bench.images.flash, 2 * bench.device.flashWords);
+    fill(bench.images.eeprom, bench.device.eepromBytes);
+}
+
+QByteArray TestBench::FlashOfImages() const {
+    QByteArray bytes;
+    for (std::size_t cell = 0; cell < static_cast<std::size_t>(2 * bench.device.flashWords);
+         cell += 2) {
+        bytes += static_cast<char>(bench.images.flash[cell + 1]);  // a chip's low byte first
+        bytes += static_cast<char>(bench.images.flash[cell]);
+    }
+    return bytes;
+}
+
+QByteArray TestBench::EepromOfImages() const {
+    return {reinterpret_cast<const char*>(bench.images.eeprom.data()), bench.device.eepromBytes};
+}
+
+QStringList DetectionWire(std::uint8_t code) {
+    return {u"S"_s, u"V"_s, u"v"_s, u"T %1 00"_s.arg(HexByte(code))};
+}
+
+}  // namespace tolvex::testing
