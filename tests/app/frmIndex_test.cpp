@@ -99,7 +99,8 @@ TEST(BoardPanel, FollowsAFontThatChangesWhileItIsOpen) {
 TEST(BoardDrawing, LeadsARedWireToEachOfTheSixPins) {
     frmBoardDrawing drawing(frmIndex::PinNames());
     drawing.resize(drawing.sizeHint());
-    const QImage picture = drawing.grab().toImage();
+    QImage picture(drawing.size(), QImage::Format_RGB32);
+    drawing.render(&picture);
     const auto* pinNames = drawing.findChild<QLabel*>(u"Label4"_s);
     // Left of the names, past the connector itself, a wire runs at the height of every name.
     const int lineHeight = pinNames->height() / 6;
