@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDialog>
+#include <QProgressBar>
+#include <QPushButton>
+
+#include "device/device.h"
+#include "device/progress_state.h"
+#include "platform/window_fitted_label.h"
+
+namespace tolvex {
+
+/// The message and progress dialog: modeless, above all other windows.
+class frmMsg : public QDialog {
+    Q_OBJECT
+
+  public:
+    explicit frmMsg(QWidget* parent);
+
+    void ShowMessage(MessageMode mode, const QString& text);
+    void SetProgress(bool on, double minimum, double value, double maximum);
+
+    /// A progress display can't be closed while its operation runs; one that an operation left
+    /// behind can.
+    void SetBusy(bool busy) { busy_ = busy; }
+
+    /// Esc and the window manager's close.
+    void reject() override;
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    bool HasButton() const { return cmdOkm_->isVisibleTo(this); }
+    bool MayClose() const { return HasButton() || !busy_; }
+
+    FittedLabel* txtMsg_;
+    QPushButton* cmdOkm_;
+    QProgressBar* progBar_;
+    ProgressState progress_;
+    bool busy_ = false;
+};
+
+}  // namespace tolvex

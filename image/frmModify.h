@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+#include "platform/window_frame.h"
+
+namespace tolvex {
+
+class BufferPatch;
+
+/// The panel that reads and patches single cells of the images. It sits in the settings window.
+class frmModify : public Frame {
+    Q_OBJECT
+
+  public:
+    /// `patch` is borrowed.
+    explicit frmModify(BufferPatch& patch, QWidget* parent = nullptr);
+
+    /// While an operation runs the images must not change under it.
+    void SetBusy(bool busy);
+
+  private:
+    QLineEdit* AddBox(const QString& name, const QString& text, const QString& labelName,
+                      const QString& caption, const QString& gap, int top);
+    QRadioButton* AddOption(const QString& name, const QString& caption, int top);
+    QPushButton* AddButton(const QString& name, const QString& caption, int left);
+
+    void txtAddress_Change();
+    void CmdRead_Click();
+    void CmdWrite_Click();
+
+    BufferPatch& patch_;
+    QLineEdit* txtAddress_;
+    QLineEdit* txtData_;
+    QRadioButton* optionProgram_;
+    QRadioButton* optionEeprom_;
+    QPushButton* cmdRead_;
+    QPushButton* cmdWrite_;
+};
+
+}  // namespace tolvex

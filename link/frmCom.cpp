@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "link/frmCom.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace tolvex {
+
+using namespace Qt::StringLiterals;
+
+frmCom::frmCom(PortSelection& selection, const QStringList& toolTips, QWidget* parent)
+    : QDialog(parent), selection_(selection), comboCom_(new QComboBox(this)) {
+    setObjectName(u"frmCom"_s);
+    setWindowTitle(u"通信ポート選択"_s);
+
+    auto* prompt = new QLabel(u"通信ポートを選んでください。"_s, this);
+    prompt->setObjectName(u"Label1"_s);
+    prompt->setBuddy(comboCom_);
+    auto* ok = new QPushButton(u"OK"_s, this);
+    ok->setObjectName(u"Command_ok"_s);
+    ok->setAccessibleName(ok->text());
+    ok->setDefault(true);
+    auto* cancel = new QPushButton(u"CANCEL"_s, this);
+    cancel->setObjectName(u"Command_cancel"_s);
+    cancel->setAccessibleName(cancel->text());
+
+    comboCom_->setObjectName(u"Combo_com"_s);
+    comboCom_->setAccessibleName(prompt->text());
+    comboCom_->addItems(PortSelection::Entries());
+    comboCom_->setMaxVisibleItems(comboCom_->count());
+    for (int port = 1; port <= toolTips.size(); ++port) {
+        comboCom_->setItemData(port, toolTips[port - 1], Qt::ToolTipRole);
+    }
+    comboCom_->setCurrentIndex(selection_.Load());
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(ok);
+    buttons->addWidget(cancel);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(16, 16, 16, 16);
+    column->setSpacing(12);
+    column->addWidget(prompt);
+    column->addWidget(comboCom_);
+    column->addLayout(buttons);
+    comboCom_->setFocus();
+
+    connect(ok, &QPushButton::clicked, this, &frmCom::Command_ok_Click);
+    connect(cancel, &QPushButton::clicked, this, &frmCom::reject);
+}
+
+void frmCom::Command_ok_Click() {
+    if (selection_.Confirm(comboCom_->currentIndex(), [this] { hide(); })) {
+        accept();
+    }
+}
+
+/// CANCEL, Esc and the close box alike.
+void frmCom::reject() {
+    selection_.Cancel();
+    QDialog::reject();
+}
+
+}  // namespace tolvex

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "platform/window_fitted_label.h"
+
+#include <QFontInfo>
+#include <QResizeEvent>
+
+namespace tolvex {
+
+namespace {
+
+constexpr int kSmallestPixels = 8;
+
+}  // namespace
+
+FittedLabel::FittedLabel(QWidget* parent) : QLabel(parent), designFont_(font()) {
+    setTextFormat(Qt::PlainText);
+}
+
+void FittedLabel::SetText(const QString& text) {
+    text_ = text;
+    text_.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+    while (text_.endsWith(u'\n')) {
+        text_.chop(1);
+    }
+    setAccessibleDescription(text_);
+    Fit();
+    updateGeometry();
+}
+
+void FittedLabel::resizeEvent(QResizeEvent* event) {
+    QLabel::resizeEvent(event);
+    Fit();
+}
+
+QSize FittedLabel::minimumSizeHint() const {
+    return {0, sizeHint().height()};
+}
+
+QSize FittedLabel::sizeHint() const {
+    const QFontMetrics metrics(designFont_);
+    const int around = 2 * (margin() + frameWidth()) + 2;
+    return metrics.size(0, text_) + QSize(around, around);
+}
+
+void FittedLabel::Fit() {
+    QFont fitted = designFont_;
+    int pixels = QFontInfo(designFont_).pixelSize();
+    while (!Fits(fitted) && pixels > kSmallestPixels) {
+        fitted.setPixelSize(--pixels);
+    }
+    setFont(fitted);
+    const bool whole = Fits(fitted);
+    const int room = contentsRect().width();
+    setText(whole || wordWrap() ? text_
+                                : QFontMetrics(fitted).elidedText(text_, Qt::ElideRight, room));
+    setToolTip(whole ? QString() : text_);
+}
+
+bool FittedLabel::Fits(const QFont& font) const {
+    const int flags = wordWrap() ? Qt::TextWordWrap | Qt::TextWrapAnywhere : 0;
+    const QRect room = contentsRect();
+    const QRect needed = QFontMetrics(font).boundingRect(room, flags, text_);
+    return needed.width() <= room.width() && needed.height() <= room.height();
+}
+
+}  // namespace tolvex
