@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QMainWindow>
+#include <QMdiArea>
+
+#include "app/app.h"
+#include "app/frmStatusBar.h"
+#include "app/frmToolbar.h"
+
+namespace tolvex {
+
+/// The frame: toolbar, status bar and the area of the child windows. The menu bar is set by who
+/// builds the program.
+class frmMain : public QMainWindow, public StatusPanels {
+    Q_OBJECT
+
+  public:
+    frmMain();
+
+    QMdiArea& Area() { return *area_; }
+    frmToolbar& Toolbar() { return *toolbar_; }
+    frmStatusBar& StatusBar() { return *statusBar_; }
+
+    void RestoreGeometry(const Settings& settings);
+    /// Nothing while minimised.
+    void SaveGeometry(Settings& settings) const;
+
+    void SetStatusText(int panel, const QString& text) override;
+
+  Q_SIGNALS:
+    /// The person closed the window; it can't be refused.
+    void Closing();
+    void FileDropped(const QString& path);
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+  private:
+    QMdiArea* area_;
+    frmToolbar* toolbar_;
+    frmStatusBar* statusBar_;
+};
+
+}  // namespace tolvex

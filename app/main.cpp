@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QTranslator>
+#include <cstdio>
+
+#include "app/window_program.h"
+#include "platform/com_ports.h"
+#include "platform/event_loop_clock.h"
+#include "platform/program_folder.h"
+#include "platform/qt_serial_port.h"
+#include "platform/settings_file.h"
+#include "platform/single_instance.h"
+#include "platform/window_dialogs.h"
+#include "platform/window_fonts.h"
+#include "platform/window_help.h"
+
+int main(int argc, char** argv) {
+    using namespace tolvex;
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Tolvex"));
+    QApplication::setFont(WindowFont());
+    // The texts that Qt brings along (file dialog, context menus); without the file they are
+    // English.
+    QTranslator japanese;
+    if (japanese.load(QStringLiteral("qtbase_ja"),
+                      QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QApplication::installTranslator(&japanese);
+    }
+
+    const SingleInstance instance(InstanceLockPath());
+    if (!instance.IsFirst()) {
+        return 0;
+    }
+    if (!JapaneseFontFound()) {
+        std::fputs("tolvex: no Japanese font found; install fonts-ipafont-gothic\n", stderr);
+    }
+    const ProgramFolder folder = EnterProgramFolder();
+    SettingsFile settings(SettingsPath());
+    const ComPorts comPorts(ConfigFolder());
+    QtSerialPort port(comPorts);
+    EventLoopClock clock;
+    WindowDialogs dialogs([] { return QApplication::activeWindow(); });
+    WindowHelp help;
+
+    WindowProgram program({port, clock, settings, folder.appDir, comPorts, dialogs, help});
+    return program.Start() ? QApplication::exec() : 0;
+}

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+#include "app/app.h"
+#include "app/frmChildWindows.h"
+#include "app/frmMain.h"
+#include "app/frmMainCommands.h"
+#include "app/frmMenus.h"
+#include "app/run_guard.h"
+#include "app/workbench.h"
+#include "device/frmMessageWindow.h"
+#include "device/frmSetting.h"
+#include "image/frmModify.h"
+#include "platform/com_ports.h"
+#include "platform/dialogs.h"
+#include "platform/event_loop_clock.h"
+#include "platform/help_viewer.h"
+#include "platform/serial_port.h"
+
+namespace tolvex {
+
+/// The program with its windows: builds them, connects them to the workbench, starts and shuts
+/// down.
+class WindowProgram : public QObject {
+    Q_OBJECT
+
+  public:
+    /// Borrowed; all of it outlives the program.
+    struct Surroundings {
+        SerialPort& port;
+        EventLoopClock& clock;
+        Settings& settings;
+        const AppDir& folders;
+        const ComPorts& comPorts;
+        Dialogs& dialogs;
+        HelpViewer& help;
+    };
+
+    explicit WindowProgram(const Surroundings& around);
+
+    /// From the window's layout to the port dialog of a first start. False when the person closed
+    /// the program meanwhile.
+    bool Start();
+    /// Saves the layout, deletes the listings, closes the port and every window, and ends the event
+    /// loop. What waits for the writer gives up at once.
+    void ShutDown();
+
+    frmMain& Window() { return window_; }
+    Workbench& Bench() { return bench_; }
+
+  private:
+    void ConnectBars();
+    void ConnectSettingWindow();
+    void SetBusy(bool busy);
+
+    void MDIForm_Load();
+    void MDIForm_QueryUnload();
+    void MDIForm_Unload();
+
+    void ShowPortDialog();
+    void ShowBoardPanel();
+    void ShowVersionPanel();
+    void ListWindows();
+    QPoint DialogPlace(QSize dialog) const;
+    QStringList PortToolTips() const;
+
+    Surroundings around_;
+    frmMain window_;
+    frmSetting* setting_;  ///< owned by the window's area
+    ChildWindows children_;
+    MessageWindow messages_;
+    Workbench bench_;
+    frmModify* modify_;  ///< owned by the settings window
+    RunGuard guard_;
+    MainCommands commands_;
+    frmMenus* menus_;  ///< owned by the window
+};
+
+}  // namespace tolvex
