@@ -1,0 +1,38 @@
+# SPDX-License-Identifier: MIT
+# Sourced by run and test: installs what is missing on a Debian machine; elsewhere it names what is
+# needed and stops.
+
+need_packages() {  # reason package...
+    local reason=$1 missing=() package
+    shift
+    if ! command -v dpkg-query >/dev/null; then
+        if command -v cmake >/dev/null && command -v ninja >/dev/null; then
+            return 0  # another system, prepared by hand
+        fi
+        echo "This is no Debian system. Please install, $reason, what Debian calls:" >&2
+        printf '  %s\n' "$@" >&2
+        exit 1
+    fi
+    for package in "$@"; do
+        dpkg-query -W -f '${db:Status-Status}\n' "$package" 2>/dev/null | grep -qx installed ||
+            missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null; then
+            echo "Please install, $reason: ${missing[*]}" >&2
+            exit 1
+        fi
+        as_root=(sudo)
+    fi
+    echo "Installing $reason: ${missing[*]}"
+    "${as_root[@]}" apt-get update -qq
+    DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y -qq --no-install-recommends \
+        "${missing[@]}" >/dev/null
+}
+
+need_build_packages() {
+    need_packages "to build Tolvex" \
+        g++ cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-svg-dev libgl-dev libgtest-dev
+}
