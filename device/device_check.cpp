@@ -27,23 +27,24 @@ void DeviceCheck::CheckDevice() {
 void DeviceCheck::CheckSignature() {
     context_.status.SetStatusText(kSignaturePanel, u"--:--:--"_s);
     detectedFlashWords_ = kFlashWordsOfUnknown;
-    std::array<std::uint8_t, 3> signature{};
-    if (ReadKnownSignature(signature)) {
-        Judge(signature[1]);
+    verdict_ = ChipVerdict::NoReply;
+    signature_ = {};
+    if (ReadKnownSignature()) {
+        Judge(signature_[1]);
     }
 }
 
 /// Asks again while the size code is unknown, since a chip that has just entered programming mode
 /// may need a moment. False after a time-out, which the command has reported.
-bool DeviceCheck::ReadKnownSignature(std::array<std::uint8_t, 3>& signature) {
+bool DeviceCheck::ReadKnownSignature() {
     for (int attempt = 0; attempt < kAttempts; ++attempt) {
-        if (!context_.writer.ReadSignature(signature, context_.errorFlag)) {
+        if (!context_.writer.ReadSignature(signature_, context_.errorFlag)) {
             return false;
         }
         context_.status.SetStatusText(
             kSignaturePanel,
-            HexByte(signature[2]) + u':' + HexByte(signature[1]) + u':' + HexByte(signature[0]));
-        const int words = FlashWordsOfSizeCode(signature[1]);
+            HexByte(signature_[2]) + u':' + HexByte(signature_[1]) + u':' + HexByte(signature_[0]));
+        const int words = FlashWordsOfSizeCode(signature_[1]);
         if (words != 0) {
             detectedFlashWords_ = words;
             break;
@@ -54,22 +55,29 @@ bool DeviceCheck::ReadKnownSignature(std::array<std::uint8_t, 3>& signature) {
 
 void DeviceCheck::Judge(std::uint8_t sizeCode) {
     if (sizeCode <= kHighestProtectedCode) {
+        verdict_ = ChipVerdict::Protected;
         context_.panel.SelectOption(OptionList::LockBit, kLockEntryUnprotected);
         Reject(
             u"デバイスがプロテクトされています。\r\n"
             "チップイレース(<消 Erase>ボタン)を実行してください。"_s);
     } else if (sizeCode == kEmptySocketCode) {
+        verdict_ = ChipVerdict::EmptySocket;
         Reject(u"デバイスが、ソケットにセットされていません。"_s);
     } else if (detectedFlashWords_ != context_.device.flashWords) {
+        verdict_ = ChipVerdict::Mismatch;
         Reject(
             u"デバイス選択と、ソケット上のデバイスが一致しません。\r\n"
             "購入直後のデバイスを使用する場合は、チップイレース(<消 Erase>ボタン)を実行してください。"_s);
+    } else {
+        verdict_ = ChipVerdict::Accepted;
     }
 }
 
 void DeviceCheck::Reject(const QString& message) {
     context_.dialog.ShowMessage(MessageMode::Message, message);
-    context_.errorFlag.Set();
+    if (!tolerant_ || verdict_ != ChipVerdict::Mismatch) {
+        context_.errorFlag.Set();
+    }
 }
 
 }  // namespace tolvex

@@ -12,7 +12,8 @@ bool EraseOperation::EraseChip() {
     context_.writer.EnterProgrammingMode(flag);
     context_.writer.ChipErase(flag);
     context_.writer.LeaveProgrammingMode(flag);
-    if (flag.Failed()) {
+    erased_ = !flag.Failed();
+    if (!erased_) {
         context_.Report(u"Flash & EEPROM メモリクリアー失敗"_s);
         return true;
     }

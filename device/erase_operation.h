@@ -12,9 +12,12 @@ class EraseOperation {
 
     /// Clears the error flag first, so that the flag afterwards tells of this erase alone.
     bool EraseChip();
+    /// Whether the last run went without a failed command.
+    bool Erased() const { return erased_; }
 
   private:
     OperationContext& context_;
+    bool erased_ = false;
 };
 
 }  // namespace tolvex

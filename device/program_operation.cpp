@@ -8,6 +8,7 @@ namespace tolvex {
 using namespace Qt::StringLiterals;
 
 bool ProgramOperation::ProgramChip() {
+    outcome_ = {};
     const CurrentDevice& device = context_.device;
     context_.dialog.SetProgress(true, 0, 0, device.flashWords - 1);
     context_.dialog.ShowMessage(MessageMode::Progress, u"Flash Program Memory Programming !"_s);
@@ -15,6 +16,7 @@ bool ProgramOperation::ProgramChip() {
     int flashExtent = LastUsedWord(context_.images.flash, device.flashWords);
     const int eepromExtent = LastUsedByte(context_.images.eeprom, device.eepromBytes);
     if (flashExtent < 0 && eepromExtent < 0) {
+        outcome_.nothingToWrite = true;
         context_.Report(u"Lock bit & プログラム/EEPROMデータ メモリクリアー完了。"_s);
         return true;
     }
@@ -28,6 +30,7 @@ bool ProgramOperation::ProgramChip() {
         context_.status.SetStatusText(kMessagePanel, u"プログラミングを中止しました。"_s);
         return true;
     }
+    outcome_.chipAccepted = true;
     if (!ProgramFlash(flashExtent + 1)) {
         return false;
     }
@@ -47,7 +50,8 @@ bool ProgramOperation::ProgramFlash(int words) {
                                          context_.images.flash[cell + 1], flag);
     }
     context_.writer.LeaveProgrammingMode(flag);
-    if (flag.Failed()) {
+    outcome_.flashFailed = flag.Failed();
+    if (outcome_.flashFailed) {
         context_.Report(u"Flashメモリ ライト失敗"_s);
         return true;
     }
@@ -72,7 +76,8 @@ bool ProgramOperation::ProgramEeprom() {
         }
     }
     context_.writer.LeaveProgrammingMode(flag);
-    if (flag.Failed()) {
+    outcome_.eepromFailed = flag.Failed();
+    if (outcome_.eepromFailed) {
         context_.status.SetStatusText(kMessagePanel, u"EEPROMメモリ ライト失敗"_s);
         context_.dialog.ShowMessage(MessageMode::Message, u"EEROMメモリ ライト失敗"_s);
         return true;

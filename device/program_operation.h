@@ -13,7 +13,17 @@ class ProgramOperation {
     ProgramOperation(OperationContext& context, DeviceCheck& check, VerifyOperation& verify)
         : context_(context), check_(check), verify_(verify) {}
 
+    /// How a run ended; whether the chip then holds the images is the verify's to say.
+    struct Outcome {
+        bool nothingToWrite = false;  ///< both images are blank: no command was sent
+        bool chipAccepted = false;
+        bool flashFailed = false;
+        bool eepromFailed = false;
+    };
+
     bool ProgramChip();
+    /// Of the last run.
+    const Outcome& LastOutcome() const { return outcome_; }
 
   private:
     bool ProgramFlash(int words);
@@ -22,6 +32,7 @@ class ProgramOperation {
     OperationContext& context_;
     DeviceCheck& check_;
     VerifyOperation& verify_;
+    Outcome outcome_;
 };
 
 }  // namespace tolvex

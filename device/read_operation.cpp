@@ -6,6 +6,7 @@ namespace tolvex {
 using namespace Qt::StringLiterals;
 
 bool ReadOperation::ReadChip() {
+    complete_ = false;
     context_.dialog.ShowMessage(MessageMode::Progress, u"Flash Program Memory Reading !"_s);
     context_.errorFlag.Clear();
     check_.CheckDevice();
@@ -38,6 +39,7 @@ bool ReadOperation::ReadFlash(bool& answered) {
         }
     }
     context_.writer.LeaveProgrammingMode(flag);
+    complete_ = !flag.Failed();
     if (flag.Failed()) {
         context_.Report(u"Flashメモリ リード失敗"_s);
         return true;
@@ -64,6 +66,7 @@ bool ReadOperation::ReadEeprom() {
         context_.images.eeprom[static_cast<std::size_t>(address)] = data;
     }
     context_.writer.LeaveProgrammingMode(flag);
+    complete_ = complete_ && !flag.Failed();
     if (flag.Failed()) {
         context_.status.SetStatusText(kMessagePanel, u"EEPROMメモリ リード失敗"_s);
         context_.dialog.ShowMessage(MessageMode::Message, u"EEROMメモリ リード失敗"_s);

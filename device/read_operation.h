@@ -13,6 +13,8 @@ class ReadOperation {
         : context_(context), check_(check) {}
 
     bool ReadChip();
+    /// Whether the last run filled both images without a failed command.
+    bool Complete() const { return complete_; }
 
   private:
     bool ReadFlash(bool& answered);
@@ -20,6 +22,7 @@ class ReadOperation {
 
     OperationContext& context_;
     DeviceCheck& check_;
+    bool complete_ = false;
 };
 
 }  // namespace tolvex

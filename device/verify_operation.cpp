@@ -33,6 +33,7 @@ int CountThrough(int lastUsed) {
 }  // namespace
 
 bool VerifyOperation::VerifyChip(VerifyMode mode) {
+    findings_ = {};
     context_.dialog.SetProgress(true, 0, 0, context_.device.flashWords - 1);
     context_.dialog.ShowMessage(MessageMode::Progress, u"Flash Program Memory Verifying !"_s);
     context_.errorFlag.Clear();
@@ -43,11 +44,10 @@ bool VerifyOperation::VerifyChip(VerifyMode mode) {
             return true;
         }
     }
-    Findings findings;
-    return CompareMemories(mode, findings) && Judge(findings);
+    return CompareMemories(mode) && Judge();
 }
 
-bool VerifyOperation::CompareMemories(VerifyMode mode, Findings& findings) {
+bool VerifyOperation::CompareMemories(VerifyMode mode) {
     const CurrentDevice& device = context_.device;
     const bool whole = mode == VerifyMode::WholeChip;
     ErrorFlag& flag = context_.errorFlag;
@@ -61,12 +61,13 @@ bool VerifyOperation::CompareMemories(VerifyMode mode, Findings& findings) {
     }
     WriteLine(report, u"Flash Program memory address verify"_s);
     WriteLine(report);
-    findings.flashDiffers =
+    findings_.flashDiffers =
         CompareFlash(whole ? device.flashWords
                            : CountThrough(LastUsedWord(context_.images.flash, device.flashWords)),
                      report);
     context_.writer.LeaveProgrammingMode(flag);
-    if (flag.Failed()) {
+    findings_.flashFailed = flag.Failed();
+    if (findings_.flashFailed) {
         context_.Report(u"Flash メモリ ベリファイ失敗"_s);
     }
 
@@ -76,13 +77,14 @@ bool VerifyOperation::CompareMemories(VerifyMode mode, Findings& findings) {
     WriteLine(report);
     WriteLine(report, u"EEPROM data memory address verify"_s);
     WriteLine(report);
-    findings.eepromDiffers = CompareEeprom(
+    findings_.eepromDiffers = CompareEeprom(
         whole ? device.eepromBytes
               : CountThrough(LastUsedByte(context_.images.eeprom, device.eepromBytes)),
         report);
     report.close();
     context_.writer.LeaveProgrammingMode(flag);
-    findings.eepromFailed = flag.Failed();
+    findings_.eepromFailed = flag.Failed();
+    findings_.compared = true;
     return true;
 }
 
@@ -98,7 +100,9 @@ bool VerifyOperation::CompareFlash(int words, QFile& report) {
         context_.dialog.SetProgress(true, 0, word, words - 1);
         context_.writer.ReadProgramWord(high, low, context_.errorFlag);
         if (high != imageHigh || low != imageLow) {
-            WriteLine(report, FlashLine(word, imageHigh * 256 + imageLow, high * 256 + low));
+            const Difference found{true, word, imageHigh * 256 + imageLow, high * 256 + low};
+            WriteLine(report, FlashLine(word, found.image, found.chip));
+            findings_.differences << found;
             differs = true;
         }
     }
@@ -115,23 +119,24 @@ bool VerifyOperation::CompareEeprom(int bytes, QFile& report) {
         context_.writer.ReadDataByte(data, context_.errorFlag);
         if (data != image) {
             WriteLine(report, EepromLine(address, image, data));
+            findings_.differences << Difference{false, address, image, data};
             differs = true;
         }
     }
     return differs;
 }
 
-bool VerifyOperation::Judge(const Findings& findings) {
-    if (findings.eepromFailed) {
+bool VerifyOperation::Judge() {
+    if (findings_.eepromFailed) {
         context_.Report(u"ベリファイ　通信エラー"_s);
         return true;
     }
-    const bool differs = findings.flashDiffers || findings.eepromDiffers;
+    const bool differs = findings_.flashDiffers || findings_.eepromDiffers;
     if (differs && !context_.listings.ShowVerifyReport()) {
         return false;
     }
-    const QString flash = findings.flashDiffers ? u"NG"_s : u"OK"_s;
-    const QString eeprom = findings.eepromDiffers ? u"NG"_s : u"OK"_s;
+    const QString flash = findings_.flashDiffers ? u"NG"_s : u"OK"_s;
+    const QString eeprom = findings_.eepromDiffers ? u"NG"_s : u"OK"_s;
     context_.Report(u"ベリファイ　FLASH : %1 / EEPROM : %2"_s.arg(flash, eeprom));
     return true;
 }

@@ -17,16 +17,16 @@ bool WriterDetector::WriterCheck() {
 
     parts_.errorFlag.Clear();
     Stage stage = Stage::StoredPort;
-    Identity identity;
-    if (!ShakeHands(stage, identity)) {
+    identity_ = {};
+    if (!ShakeHands(stage)) {
         ReportFailure(stage);
         return false;
     }
-    ReportSuccess(identity);
+    ReportSuccess();
     return true;
 }
 
-bool WriterDetector::ShakeHands(Stage& stage, Identity& identity) {
+bool WriterDetector::ShakeHands(Stage& stage) {
     ErrorFlag& flag = parts_.errorFlag;
     if (GetNumber(parts_.settings, keys::ComNoxChosen) == 0) {
         return false;
@@ -35,17 +35,17 @@ bool WriterDetector::ShakeHands(Stage& stage, Identity& identity) {
     if (!parts_.connection.IsOpen() && !parts_.connection.OpenPort()) {
         return false;
     }
-    parts_.commands.ReadSoftwareId(identity.identifier, flag);
+    parts_.commands.ReadSoftwareId(identity_.identifier, flag);
     if (flag.Failed()) {
         return false;
     }
     stage = Stage::SoftwareVersion;
-    parts_.commands.ReadSoftwareVersion(identity.softwareVersion, flag);
+    parts_.commands.ReadSoftwareVersion(identity_.softwareVersion, flag);
     if (flag.Failed()) {
         return false;
     }
     stage = Stage::HardwareVersion;
-    parts_.commands.ReadHardwareVersion(identity.hardwareVersion, flag);
+    parts_.commands.ReadHardwareVersion(identity_.hardwareVersion, flag);
     if (flag.Failed()) {
         return false;
     }
@@ -54,10 +54,10 @@ bool WriterDetector::ShakeHands(Stage& stage, Identity& identity) {
     return !flag.Failed();
 }
 
-void WriterDetector::ReportSuccess(const Identity& identity) {
-    parts_.status.SetStatusText(kWriterPanel, identity.identifier + u" SW:"_s +
-                                                  identity.softwareVersion + u" HW:"_s +
-                                                  identity.hardwareVersion);
+void WriterDetector::ReportSuccess() {
+    parts_.status.SetStatusText(kWriterPanel, identity_.identifier + u" SW:"_s +
+                                                  identity_.softwareVersion + u" HW:"_s +
+                                                  identity_.hardwareVersion);
     parts_.status.SetStatusText(kMessagePanel, u"ライタを検出しました。 COM"_s +
                                                    QString::number(parts_.connection.PortNumber()));
     parts_.dialog.CloseMessage();

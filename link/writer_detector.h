@@ -23,22 +23,26 @@ class WriterDetector : public WriterDetection {
 
     explicit WriterDetector(const Parts& parts) : parts_(parts) {}
 
+    /// What the writer says of itself.
+    struct Identity {
+        QString identifier, softwareVersion, hardwareVersion;
+    };
+
     bool WriterCheck() override;
+    /// As far as the last detection came.
+    const Identity& LastIdentity() const { return identity_; }
 
   private:
     /// How far detection has come; each stage has its own failure text.
     enum class Stage { StoredPort, SoftwareId, SoftwareVersion, HardwareVersion, SelectDevice };
 
-    struct Identity {
-        QString identifier, softwareVersion, hardwareVersion;
-    };
-
     /// False leaves `stage` at what failed.
-    bool ShakeHands(Stage& stage, Identity& identity);
-    void ReportSuccess(const Identity& identity);
+    bool ShakeHands(Stage& stage);
+    void ReportSuccess();
     void ReportFailure(Stage stage);
 
     Parts parts_;
+    Identity identity_;
 };
 
 }  // namespace tolvex

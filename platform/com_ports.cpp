@@ -52,6 +52,9 @@ QString ComPorts::DevicePath(int number) const {
     if (number < 1 || number > kComPortCount) {
         return {};
     }
+    if (assigned_.contains(number)) {
+        return assigned_[number];
+    }
 #ifndef Q_OS_WIN
     const QFileInfo link(linkFolder_ + u"/com%1"_s.arg(number));
     if (link.isSymLink() || link.exists()) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QList>
+#include <QMap>
 #include <QString>
 
 namespace tolvex {
@@ -30,11 +31,15 @@ class ComPorts {
     /// outside 1 to 20.
     QString DevicePath(int number) const;
 
+    /// From now on `number` leads to `path`, whatever else is set up for it.
+    void Assign(int number, const QString& path) { assigned_[number] = path; }
+
     /// All twenty, in order.
     QList<ComPort> All() const;
 
   private:
     QString linkFolder_;
+    QMap<int, QString> assigned_;
 };
 
 }  // namespace tolvex

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include "cli/console.h"
+#include "platform/event_clock.h"
+
+namespace tolvex {
+
+/// How far an operation has come: on a terminal one line that is drawn over, with the time left;
+/// elsewhere a plain line per phase and quarter.
+class ProgressLine {
+  public:
+    /// Both borrowed. `silent` draws nothing at all.
+    ProgressLine(Console& console, const EventClock& clock, bool silent)
+        : console_(console), clock_(clock), silent_(silent) {}
+
+    /// A phase begins; its bar starts anew with the first step.
+    void Begin(const QString& text);
+    /// A maximum of 0 (a phase of one step) counts as done.
+    void Step(double minimum, double value, double maximum);
+    /// The phase is over, or something else is about to be printed.
+    void End();
+
+  private:
+    void DrawBar(int percent, double fraction);
+
+    Console& console_;
+    const EventClock& clock_;
+    bool silent_;
+    QString text_;
+    bool drawn_ = false;  ///< a line stands on the terminal
+    int shown_ = -1;      ///< per cent, or quarter where there is no terminal
+    EventClock::Instant start_{0};
+};
+
+}  // namespace tolvex

@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: MIT
+#include "cli/session.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include "app/settings_keys.h"
+#include "cli/device_choice.h"
+
+namespace tolvex {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+FixedSettings SettingsFor(const Settings& stored, const CommonOptions& options) {
+    FixedSettings settings(stored);
+    if (options.port) {
+        settings.Fix(keys::ComNox.name, QString::number(*options.port));
+    }
+    if (options.device) {
+        settings.Fix(keys::Device.name, QString::number(*options.device));
+    }
+    return settings;
+}
+
+}  // namespace
+
+Session::Session(const CliSurroundings& around, const CommonOptions& options,
+                 const QString& command)
+    : around_(around),
+      options_(options),
+      folders_{listings_.path() + u'/', listings_.path() + u'/'},
+      settings_(SettingsFor(around.settings, options)),
+      port_(around.port, around.stopAsked),
+      clock_(around.clock, port_),
+      person_(around_.console, clock_,
+              {!options.json && !options.quiet, !options.quiet,
+               [this] { return deaf_ || port_.Stopped(); }}),
+      bench_({port_, clock_, settings_, folders_, person_, person_, person_, lists_, person_,
+              [] { return u"tolvex-cli"_s; }, [] {}}) {
+    port_.AddListener(chip_);
+    bench_.selection.FillDeviceLists();
+    report_[u"command"_s] = command;
+    report_[u"device"_s] = PartNumber(bench_.device.name);
+    if (PortNumber() != 0) {
+        report_[u"port"_s] = QJsonObject{{u"number"_s, PortNumber()},
+                                         {u"path"_s, around_.comPorts.DevicePath(PortNumber())}};
+    }
+}
+
+int Session::PortNumber() const {
+    return static_cast<int>(GetNumber(settings_, keys::ComNoxChosen));
+}
+
+QString Session::PortName() const {
+    return u"COM%1 (%2)"_s.arg(PortNumber()).arg(around_.comPorts.DevicePath(PortNumber()));
+}
+
+void Session::Print(const QString& line) {
+    if (!options_.json) {
+        person_.EndProgress();
+        around_.console.Print(line);
+    }
+}
+
+void Session::Remark(const QString& line) {
+    if (!options_.quiet) {
+        person_.EndProgress();
+        around_.console.Complain(line);
+    }
+}
+
+int Session::Fail(ExitStatus status, const char* code, const QString& text) {
+    person_.EndProgress();
+    around_.console.Complain(u"tolvex-cli: "_s + text);
+    report_[u"error"_s] = QJsonObject{{u"code"_s, QString::fromLatin1(code)}, {u"message"_s, text}};
+    return status;
+}
+
+int Session::Detect() {
+    if (PortNumber() == 0) {
+        return Fail(kWrongUse, "noPort",
+                    u"ポートが選ばれていません。--port で指定してください。"_s);
+    }
+    const bool found = bench_.detection.WriterCheck();
+    const auto& identity = bench_.detection.LastIdentity();
+    if (found) {
+        report_[u"writer"_s] = QJsonObject{{u"identifier"_s, identity.identifier},
+                                           {u"firmware"_s, identity.softwareVersion},
+                                           {u"hardware"_s, identity.hardwareVersion}};
+    }
+    return Judge(found, "writerNotFound", u"ライタが見つかりません: %1"_s.arg(PortName()));
+}
+
+int Session::DetectChip() {
+    const int status = Detect();
+    if (status != kDone) {
+        return status;
+    }
+    bench_.errorFlag.Clear();
+    bench_.check.CheckDevice();
+    const auto signature = bench_.check.Signature();
+    const QString text =
+        u"%1:%2:%3"_s.arg(HexByte(signature[2]), HexByte(signature[1]), HexByte(signature[0]));
+    const bool replied = bench_.check.Verdict() != ChipVerdict::NoReply;
+    if (replied) {
+        report_[u"signature"_s] = text;
+    }
+    return Judge(replied, "noSignature", u"シグネチャを読めません。"_s);
+}
+
+int Session::Judge(bool success, const char* code, const QString& text) {
+    if (success || port_.Stopped()) {
+        return kDone;
+    }
+    if (port_.OpenFailed()) {
+        return Fail(kNoPort, "portNotOpened",
+                    u"ポート %1 を開けません: %2"_s.arg(PortName(), PortError()));
+    }
+    return Fail(kRefused, code, text);
+}
+
+int Session::Finish(int status) {
+    person_.EndProgress();
+    if (port_.Stopped()) {
+        status = FinishInterrupted();
+    } else {
+        LeaveBoard();
+    }
+    report_[u"exitStatus"_s] = status;
+    report_[u"messages"_s] = QJsonArray::fromStringList(person_.Said());
+    if (options_.json) {
+        const QByteArray text = QJsonDocument(report_).toJson(QJsonDocument::Compact);
+        around_.console.Print(QString::fromUtf8(text));
+    }
+    return status;
+}
+
+/// An operation that broke off leaves the board in programming mode, with the chip held in reset.
+void Session::LeaveBoard() {
+    deaf_ = true;
+    if (port_.IsOpen() && chip_.InProgrammingMode()) {
+        ErrorFlag flag;
+        bench_.commands.LeaveProgrammingMode(flag);
+    }
+    bench_.connection.ClosePort();
+}
+
+int Session::FinishInterrupted() {
+    deaf_ = true;
+    port_.Resume();
+    LeaveBoard();
+    const QString text = u"中断しました。\n"_s + chip_.Text();
+    report_[u"written"_s] = chip_.Json();
+    return Fail(kInterrupted, "interrupted", text);
+}
+
+}  // namespace tolvex

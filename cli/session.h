@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QJsonObject>
+#include <QTemporaryDir>
+#include <functional>
+#include <optional>
+
+#include "app/workbench.h"
+#include "cli/chip_record.h"
+#include "cli/console.h"
+#include "cli/exit_status.h"
+#include "cli/fixed_settings.h"
+#include "cli/observed_port.h"
+#include "cli/option_lists.h"
+#include "cli/stoppable_clock.h"
+#include "cli/terminal_person.h"
+#include "platform/com_ports.h"
+
+namespace tolvex {
+
+/// What the tool finds around it; borrowed, all of it outlives the run.
+struct CliSurroundings {
+    SerialPort& port;
+    std::function<QString()> portError;  ///< why the last opening failed
+    EventClock& clock;
+    const Settings& settings;  ///< the stored ones
+    ComPorts& comPorts;
+    Console& console;
+    std::function<bool()> stopAsked;  ///< the person pressed Ctrl-C
+};
+
+/// The options that every command knows.
+struct CommonOptions {
+    std::optional<int> port;    ///< 1 to 20; nothing = the stored one
+    std::optional<int> device;  ///< entry of the device list; nothing = the stored one
+    bool json = false;
+    bool quiet = false;
+    QString trace;  ///< a file; empty = none
+};
+
+/// One run of one command: the workbench with a terminal around it, and what the command reports.
+class Session {
+  public:
+    Session(const CliSurroundings& around, const CommonOptions& options, const QString& command);
+
+    Workbench& Bench() { return bench_; }
+    TerminalPerson& Person() { return person_; }
+    OptionLists& Lists() { return lists_; }
+    ObservedPort& Port() { return port_; }
+    const ChipRecord& Chip() const { return chip_; }
+    EventClock& Clock() { return clock_; }
+    ComPorts& Ports() { return around_.comPorts; }
+    /// 1 to 20; 0 = none chosen.
+    int PortNumber() const;
+    /// For a person: "COM5 (/dev/ttyUSB0)".
+    QString PortName() const;
+    /// Why the last opening failed.
+    QString PortError() const { return around_.portError(); }
+
+    /// The JSON object under construction.
+    QJsonObject& Report() { return report_; }
+    /// A line of the result; not with --json.
+    void Print(const QString& line);
+    /// A remark of the tool itself, unless --quiet.
+    void Remark(const QString& line);
+    /// The reason for a failing end, for a person and for a machine; gives `status` back.
+    int Fail(ExitStatus status, const char* code, const QString& text);
+
+    /// Detects the writer; `kDone`, or the status of a failure that has been told.
+    int Detect();
+    /// Detects the writer and checks the chip in the socket; its verdict is in `Bench().check`.
+    int DetectChip();
+    /// The status after an operation that succeeded or not. A failure is told under `code`.
+    int Judge(bool success, const char* code, const QString& text);
+
+    /// Leaves the board as it should be, prints the JSON object and gives the final status.
+    int Finish(int status);
+
+  private:
+    void LeaveBoard();
+    int FinishInterrupted();
+
+    CliSurroundings around_;
+    CommonOptions options_;
+    QTemporaryDir listings_;  ///< nobody reads the listings of a tool without windows
+    AppDir folders_;
+    FixedSettings settings_;
+    ChipRecord chip_;
+    ObservedPort port_;
+    StoppableClock clock_;
+    bool deaf_ = false;
+    TerminalPerson person_;
+    OptionLists lists_;
+    Workbench bench_;
+    QJsonObject report_;
+};
+
+}  // namespace tolvex

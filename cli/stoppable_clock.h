@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "cli/observed_port.h"
+#include "platform/event_clock.h"
+
+namespace tolvex {
+
+/// Once the port is stopped nothing waits any more.
+class StoppableClock : public EventClock {
+  public:
+    /// Both borrowed.
+    StoppableClock(EventClock& clock, const ObservedPort& port) : clock_(clock), port_(port) {}
+
+    Instant Now() const override { return clock_.Now(); }
+    void Yield(Instant deadline) override { clock_.Yield(deadline); }
+    bool Ended() const override { return clock_.Ended() || port_.Stopped(); }
+
+  private:
+    EventClock& clock_;
+    const ObservedPort& port_;
+};
+
+}  // namespace tolvex
