@@ -15,6 +15,8 @@ struct GeometryKeys {
 
 constexpr GeometryKeys kProgramKeys{keys::PgmLeft, keys::PgmTop, keys::PgmWidth, keys::PgmHeight};
 constexpr GeometryKeys kEepromKeys{keys::EEpLeft, keys::EEpTop, keys::EEpWidth, keys::EEpHeight};
+/// Wide enough for the report's longest line.
+const QRect kVerifyPlace(20, 20, 560, 300);
 constexpr double kSettingWidth = 4100;
 constexpr double kSettingHeight = 6050;
 
@@ -62,14 +64,22 @@ ChildWindows::ChildWindows(QMdiArea& area, frmSetting* setting)
     setting_->hide();
 }
 
-frmListing& ChildWindows::Listing(Child& child, const ListingLook& look) {
+frmListing& ChildWindows::Listing(Child& child, const ListingLook& look, const QRect& place) {
     if (child.isNull()) {
         child = area_.addSubWindow(new frmListing(look));
         child->setAttribute(Qt::WA_DeleteOnClose);
-        child->widget()->setAttribute(Qt::WA_DeleteOnClose);
         child->show();
+        child->setGeometry(place);
     }
     return *static_cast<frmListing*>(child->widget());
+}
+
+frmListing& ChildWindows::Program() {
+    return Listing(program_, listing_looks::Program(), DefaultPlace(kProgramKeys));
+}
+
+frmListing& ChildWindows::Eeprom() {
+    return Listing(eeprom_, listing_looks::Eeprom(), DefaultPlace(kEepromKeys));
 }
 
 void ChildWindows::ShowAll(const Settings& settings) {
@@ -118,7 +128,7 @@ void ChildWindows::SetEepromListing(const QString& text) {
 }
 
 void ChildWindows::ShowVerifyReport(const QString& text) {
-    frmListing& report = Listing(verify_, listing_looks::Verify());
+    frmListing& report = Listing(verify_, listing_looks::Verify(), kVerifyPlace);
     report.SetListing(text);
     verify_->showNormal();
     area_.setActiveSubWindow(verify_);

@@ -42,9 +42,10 @@ class ChildWindows : public ListingWindows {
     /// A listing window while it is open.
     using Child = QPointer<QMdiSubWindow>;
 
-    frmListing& Listing(Child& child, const ListingLook& look);
-    frmListing& Program() { return Listing(program_, listing_looks::Program()); }
-    frmListing& Eeprom() { return Listing(eeprom_, listing_looks::Eeprom()); }
+    /// The open window, or a new one at its default place.
+    frmListing& Listing(Child& child, const ListingLook& look, const QRect& place);
+    frmListing& Program();
+    frmListing& Eeprom();
 
     QMdiArea& area_;
     Child program_;

@@ -15,7 +15,7 @@
 #include "image/frmModify.h"
 #include "platform/com_ports.h"
 #include "platform/dialogs.h"
-#include "platform/event_loop_clock.h"
+#include "platform/event_clock.h"
 #include "platform/help_viewer.h"
 #include "platform/serial_port.h"
 
@@ -30,7 +30,7 @@ class WindowProgram : public QObject {
     /// Borrowed; all of it outlives the program.
     struct Surroundings {
         SerialPort& port;
-        EventLoopClock& clock;
+        EventClock& clock;
         Settings& settings;
         const AppDir& folders;
         const ComPorts& comPorts;

@@ -15,6 +15,7 @@ class StoppableClock : public EventClock {
     Instant Now() const override { return clock_.Now(); }
     void Yield(Instant deadline) override { clock_.Yield(deadline); }
     bool Ended() const override { return clock_.Ended() || port_.Stopped(); }
+    void End() override { clock_.End(); }
 
   private:
     EventClock& clock_;

@@ -23,6 +23,8 @@ class EventClock {
     /// True once the program is shutting down: whoever waits gives up at once, so that a chain of
     /// commands which the shutdown found half-way unwinds without delay.
     virtual bool Ended() const = 0;
+    /// The program shuts down.
+    virtual void End() = 0;
 };
 
 }  // namespace tolvex

@@ -23,7 +23,7 @@ class VirtualClock : public EventClock {
     /// Runs at the start of every `Yield`, as what a person clicks during a wait would. It may
     /// yield itself; it isn't called again from there.
     void OnYield(std::function<void()> hook) { hook_ = std::move(hook); }
-    void End() { ended_ = true; }
+    void End() override { ended_ = true; }
     int Yields() const { return yields_; }
 
   private:

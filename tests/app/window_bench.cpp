@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "tests/app/window_bench.h"
+
+#include <gtest/gtest.h>
+#include <QApplication>
+#include <QPushButton>
+#include <QTimer>
+
+#include "writer/chip_models.h"
+
+namespace tolvex::testing {
+
+using namespace Qt::StringLiterals;
+
+WindowBench::WindowBench(int chipIndex)
+    : chip(*FindChipModel(QString::number(chipIndex))),
+      board(&chip),
+      port(board, clock, 0),
+      folders{folder.path() + u'/', folder.path() + u'/'},
+      comPorts(folder.path()),
+      program({port, clock, settings, folders, comPorts, person, help}) {
+    settings.values = {{u"Index_First_Flag"_s, u"1"_s},
+                       {u"Index_Com_Flag"_s, u"1"_s},
+                       {u"ComNox"_s, u"1"_s},
+                       {u"device"_s, QString::number(chipIndex)}};
+}
+
+void WindowBench::Start() {
+    program.Start();
+    QApplication::processEvents();
+}
+
+void WindowBench::Click(const char* button) {
+    auto* found = Find<QAbstractButton>(button);
+    ASSERT_NE(found, nullptr) << button;
+    found->click();
+}
+
+void WindowBench::AnswerDialogs(const QStringList& buttons) {
+    if (buttons.isEmpty()) {
+        return;
+    }
+    QTimer::singleShot(0, &program, [this, buttons] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        if (dialog == nullptr) {
+            AnswerDialogs(buttons);
+            return;
+        }
+        dialogsSeen << dialog->windowTitle();
+        AnswerDialogs(buttons.mid(1));
+        dialog->findChild<QPushButton*>(buttons.first())->click();
+    });
+}
+
+}  // namespace tolvex::testing

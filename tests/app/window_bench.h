@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QAction>
+#include <QTemporaryDir>
+
+#include "app/window_program.h"
+#include "tests/support/recorder.h"
+#include "tests/support/simulated_port.h"
+#include "tests/support/virtual_clock.h"
+#include "writer/simulated_writer.h"
+
+namespace tolvex::testing {
+
+/// The window program with real widgets, in front of a simulated board in virtual time.
+class WindowBench {
+  public:
+    /// `chip` is an index of the device list. Both first-start dialogs have been shown before, and
+    /// COM1 is chosen, unless the caller changes `settings` before `Start`.
+    explicit WindowBench(int chip = 0);
+
+    /// Starts the program and waits until the windows stand.
+    void Start();
+
+    template <typename Widget>
+    Widget* Find(const char* name) {
+        return program.Window().findChild<Widget*>(QString::fromLatin1(name));
+    }
+    QAction* Item(const char* name) { return Find<QAction>(name); }
+    void Click(const char* button);
+    QString Panel(int panel) { return program.Window().StatusBar().PanelText(panel); }
+    QStringList ListingFiles() const { return QDir(folder.path()).entryList(QDir::Files); }
+
+    /// Answers the next modal windows, in order, by clicking the named button in each.
+    void AnswerDialogs(const QStringList& buttons);
+    QStringList dialogsSeen;  ///< the captions of those that came
+
+    VirtualClock clock;
+    SimulatedChip chip;
+    SimulatedWriter board;
+    SimulatedPort port;
+    MemorySettings settings;
+    QTemporaryDir folder;
+    AppDir folders;
+    ComPorts comPorts;
+    Recorder person;  ///< answers file dialogs and message boxes
+
+    struct Help : HelpViewer {
+        QString shown;
+        void ShowContents(const QString& file) override { shown = file; }
+    } help;
+
+    WindowProgram program;
+};
+
+}  // namespace tolvex::testing

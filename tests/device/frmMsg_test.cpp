@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "device/frmMsg.h"
+
+#include <gtest/gtest.h>
+
+#include "device/frmMessageWindow.h"
+
+namespace tolvex {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+class MessageWindowTest : public ::testing::Test {
+  protected:
+    frmMsg* Window() { return parent.findChild<frmMsg*>(); }
+    bool BarShown() { return Window()->findChild<QProgressBar*>()->isVisibleTo(Window()); }
+    bool ButtonShown() { return Window()->findChild<QPushButton*>()->isVisibleTo(Window()); }
+
+    QWidget parent;
+    int placements = 0;
+    MessageWindow messages{&parent, [this](QSize) {
+                               ++placements;
+                               return QPoint();
+                           }};
+};
+
+TEST_F(MessageWindowTest, BarAndButtonShareTheLowerBand) {
+    messages.SetProgress(true, 0, 0, 9);
+    EXPECT_FALSE(Window()->isVisible());
+    messages.ShowMessage(MessageMode::Progress, u"running"_s);
+    EXPECT_TRUE(Window()->isVisible() && BarShown() && !ButtonShown());
+    messages.SetProgress(true, 0, 9, 9);
+    EXPECT_FALSE(BarShown());  // gone at the last step
+    messages.SetProgress(true, 0, 3, 9);
+    messages.ShowMessage(MessageMode::Message, u"failed"_s);
+    EXPECT_TRUE(ButtonShown() && !BarShown());
+    messages.ShowMessage(MessageMode::Progress, u"next phase"_s);
+    EXPECT_FALSE(ButtonShown() || BarShown());  // not back until the next step
+    messages.SetProgress(true, 0, 4, 9);
+    EXPECT_TRUE(BarShown());
+    messages.SetProgress(false, 0, 0, 0);
+    EXPECT_FALSE(BarShown());
+    messages.SetProgress(true, 0, 0, 0);  // a phase of one step
+    EXPECT_FALSE(BarShown());
+    messages.SetProgress(true, 0, 5, 0);
+    EXPECT_TRUE(BarShown());
+    EXPECT_EQ(placements, 1);
+}
+
+TEST_F(MessageWindowTest, OnlyAMessageOrALeftOverCanBeClosed) {
+    messages.SetBusy(true);
+    messages.ShowMessage(MessageMode::Progress, u"running"_s);
+    Window()->reject();
+    Window()->close();
+    ASSERT_NE(Window(), nullptr);
+    EXPECT_TRUE(Window()->isVisible());
+    messages.SetBusy(false);
+    Window()->close();
+    EXPECT_FALSE(Window()->isVisible());
+    messages.CloseMessage();
+    messages.ShowMessage(MessageMode::Message, u"done"_s);
+    Window()->findChild<QPushButton*>()->click();
+    EXPECT_FALSE(Window()->isVisible());
+    messages.Retire();
+    messages.ShowMessage(MessageMode::Message, u"too late"_s);
+    EXPECT_EQ(Window(), nullptr);
+}
+
+TEST_F(MessageWindowTest, TheLongestMessageIsWhole) {
+    for (const QString& text :
+         {u"デバイス選択と、ソケット上のデバイスが一致しません。\r\n購入直後のデバイスを使用する場"
+          u"合"
+          "は、チップイレース(<消 Erase>ボタン)を実行してください。"_s,
+          u"ライタと通信ができませんでした。\r\nPCとライタの接続を確認後、メニューバーの\r\n"
+          "[通信チェック] [COMポート選択]を実行して下さい。\r\n"_s}) {
+        messages.ShowMessage(MessageMode::Message, text);
+        const auto* label = Window()->findChild<FittedLabel*>();
+        EXPECT_EQ(Window()->size(), QSize(383, 120));
+        EXPECT_TRUE(label->toolTip().isEmpty());  // it would hold a text that had to be cut
+        EXPECT_FALSE(label->Text().endsWith(u'\n'));
+    }
+}
+
+}  // namespace
+}  // namespace tolvex
