@@ -13,9 +13,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kPoints = 9;
-constexpr QMargins kFrameMargins{7, Frame::kCaptionHeight + 1, 7, 4};
-constexpr int kRowHeight = 20;
-constexpr int kGap = 3;
+constexpr QMargins kFrameMargins{7, Frame::kCaptionHeight, 7, 3};
+constexpr int kRowHeight = 19;
+constexpr int kButtonHeight = 21;
+constexpr int kGap = 2;
 
 QComboBox* NewList(const QString& name, const QString& spoken, QWidget* parent) {
     auto* list = new QComboBox(parent);
@@ -34,7 +35,7 @@ frmSetting::frmSetting(QWidget* parent) : QWidget(parent), column_(new QVBoxLayo
     setObjectName(u"frmSetting"_s);
     setWindowTitle(u"AVRシリーズISPプログラマ　設定ウインドウ"_s);
     setFont(ListingFont(kPoints));  // compact: the designed size is tight
-    column_->setContentsMargins(4, 2, 4, 2);
+    column_->setContentsMargins(4, 1, 4, 1);
     column_->setSpacing(kGap);
     column_->addWidget(BuildDeviceFrame());
     column_->addWidget(BuildLockFuseFrame());
@@ -91,7 +92,7 @@ Frame* frmSetting::BuildFuseFrame() {
     auto* grid = new QGridLayout(frame);
     grid->setContentsMargins(kFrameMargins);
     grid->setHorizontalSpacing(8);
-    grid->setVerticalSpacing(1);
+    grid->setVerticalSpacing(0);
     grid->setColumnStretch(1, 1);
     int line = 0;
     for (const FuseRow& row : rows) {
@@ -122,7 +123,7 @@ QPushButton* frmSetting::AddButton(const QString& name, const QString& caption, 
     auto* button = new QPushButton(caption, this);
     button->setObjectName(name);
     button->setAccessibleName(caption);
-    button->setFixedHeight(kRowHeight + 1);
+    button->setFixedHeight(kButtonHeight);
     button->setMinimumWidth(0);
     button->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     grid->addWidget(button, 2, column);

@@ -56,7 +56,7 @@ bool VerifyOperation::CompareMemories(VerifyMode mode) {
     context_.writer.EnterProgrammingMode(flag);
     context_.writer.SetAddress(0, flag);
     QFile report(context_.listings.ReportPath());
-    if (!report.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+    if (report.fileName().isEmpty() || !report.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
         return false;
     }
     WriteLine(report, u"Flash Program memory address verify"_s);

@@ -17,11 +17,16 @@ FittedLabel::FittedLabel(QWidget* parent) : QLabel(parent), designFont_(font()) 
 }
 
 void FittedLabel::SetText(const QString& text) {
-    text_ = text;
-    text_.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
-    while (text_.endsWith(u'\n')) {
-        text_.chop(1);
+    QString plain = text;
+    plain.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
+    while (plain.endsWith(u'\n')) {
+        plain.chop(1);
     }
+    // Fitting takes its time, and on a broken line thousands of commands report the same text.
+    if (plain == text_) {
+        return;
+    }
+    text_ = plain;
     setAccessibleDescription(text_);
     Fit();
     updateGeometry();

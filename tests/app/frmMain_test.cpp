@@ -202,6 +202,14 @@ TEST(Layout, EveryTextOfTheSettingsWindowIsWhole) {
             }
             const QRect place(widget->mapTo(setting, QPoint()), widget->size());
             EXPECT_TRUE(setting->rect().contains(place)) << widget->objectName().toStdString();
+            for (QWidget* other : widget->parentWidget()->findChildren<QWidget*>(
+                     QString(), Qt::FindDirectChildrenOnly)) {
+                const bool label = qobject_cast<QLabel*>(widget) != nullptr;
+                EXPECT_TRUE(other == widget || label || !other->isVisible() ||
+                            qobject_cast<QLabel*>(other) != nullptr ||
+                            !other->geometry().intersects(widget->geometry()))
+                    << widget->objectName().toStdString();
+            }
             if (qobject_cast<QLabel*>(widget) != nullptr) {
                 EXPECT_GE(widget->width(), widget->sizeHint().width())
                     << widget->objectName().toStdString();
