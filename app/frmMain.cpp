@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDropEvent>
-#include <QIcon>
 #include <QMimeData>
 #include <QUrl>
 
@@ -42,7 +41,6 @@ frmMain::frmMain()
       statusBar_(new frmStatusBar(this)) {
     setObjectName(u"frmMain"_s);
     setWindowTitle(u"TOLVEX"_s);
-    setWindowIcon(QIcon(u":/icons/tolvex.svg"_s));
     setContextMenuPolicy(
         Qt::NoContextMenu);  // Qt's own one would hide the toolbar unseen by the menu
     setAcceptDrops(true);

@@ -40,6 +40,10 @@ frmToolbar::frmToolbar(QWidget* parent) : QToolBar(parent) {
     setMovable(false);
     setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     setIconSize({kIconSize, kIconSize});
+    // Qt's own button for what a narrow window hides.
+    if (auto* more = findChild<QToolButton*>(u"qt_toolbar_ext_button"_s)) {
+        more->setAccessibleName(u"その他のボタン"_s);
+    }
     for (const ButtonRow& row : rows) {
         QAction* action = addAction(QIcon(u":/icons/%1.svg"_s.arg(row.key)), row.caption, this,
                                     [this, key = row.key] { Q_EMIT ButtonClicked(key); });

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <QApplication>
+#include <QIcon>
 #include <QLibraryInfo>
 #include <QTranslator>
 #include <cstdio>
@@ -20,6 +21,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Tolvex"));
     QApplication::setFont(WindowFont());
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/tolvex.svg")));
     // The texts that Qt brings along (file dialog, context menus); without the file they are
     // English.
     QTranslator japanese;
