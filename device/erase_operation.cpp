@@ -11,17 +11,9 @@ bool EraseOperation::EraseChip() {
     flag.Clear();
     context_.writer.EnterProgrammingMode(flag);
     context_.writer.ChipErase(flag);
-    context_.writer.LeaveProgrammingMode(flag);
-    erased_ = !flag.Failed();
-    if (!erased_) {
-        context_.Report(u"Flash & EEPROM メモリクリアー失敗"_s);
-        return true;
-    }
-    if (!context_.RebuildEepromListing()) {
-        return false;
-    }
-    context_.dialog.CloseMessage();
-    return true;
+    return context_.EndPhase(OperationContext::Memory::Eeprom,
+                             u"Flash & EEPROM メモリクリアー失敗"_s,
+                             u"Flash & EEPROM メモリクリアー失敗"_s);
 }
 
 }  // namespace tolvex

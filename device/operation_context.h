@@ -25,16 +25,12 @@ struct OperationContext {
     ErrorFlag& errorFlag;
 
     /// The same text in status panel 1 and in the dialog with OK.
-    void Report(const QString& text) const {
-        status.SetStatusText(kMessagePanel, text);
-        dialog.ShowMessage(MessageMode::Message, text);
-    }
-    bool RebuildFlashListing() const {
-        return listings.WriteFlashListing() && listings.ShowFlashListing();
-    }
-    bool RebuildEepromListing() const {
-        return listings.WriteEepromListing() && listings.ShowEepromListing();
-    }
+    void Report(const QString& text) const;
+
+    enum class Memory { Flash, Eeprom };
+    /// The end of a phase that worked on one memory: leaves programming mode; then tells a failure,
+    /// or brings the memory's listing up to date and closes the dialog.
+    bool EndPhase(Memory memory, const QString& statusText, const QString& dialogText) const;
 };
 
 }  // namespace tolvex

@@ -49,17 +49,10 @@ bool ProgramOperation::ProgramFlash(int words) {
         context_.writer.WriteProgramWord(context_.images.flash[cell],
                                          context_.images.flash[cell + 1], flag);
     }
-    context_.writer.LeaveProgrammingMode(flag);
+    const bool ended = context_.EndPhase(OperationContext::Memory::Flash,
+                                         u"Flashメモリ ライト失敗"_s, u"Flashメモリ ライト失敗"_s);
     outcome_.flashFailed = flag.Failed();
-    if (outcome_.flashFailed) {
-        context_.Report(u"Flashメモリ ライト失敗"_s);
-        return true;
-    }
-    if (!context_.RebuildFlashListing()) {
-        return false;
-    }
-    context_.dialog.CloseMessage();
-    return true;
+    return ended;
 }
 
 bool ProgramOperation::ProgramEeprom() {
@@ -75,18 +68,10 @@ bool ProgramOperation::ProgramEeprom() {
             context_.writer.WriteDataByte(data, flag);
         }
     }
-    context_.writer.LeaveProgrammingMode(flag);
+    const bool ended = context_.EndPhase(OperationContext::Memory::Eeprom,
+                                         u"EEPROMメモリ ライト失敗"_s, u"EEROMメモリ ライト失敗"_s);
     outcome_.eepromFailed = flag.Failed();
-    if (outcome_.eepromFailed) {
-        context_.status.SetStatusText(kMessagePanel, u"EEPROMメモリ ライト失敗"_s);
-        context_.dialog.ShowMessage(MessageMode::Message, u"EEROMメモリ ライト失敗"_s);
-        return true;
-    }
-    if (!context_.RebuildEepromListing()) {
-        return false;
-    }
-    context_.dialog.CloseMessage();
-    return true;
+    return ended;
 }
 
 }  // namespace tolvex

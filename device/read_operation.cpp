@@ -38,17 +38,10 @@ bool ReadOperation::ReadFlash(bool& answered) {
             return true;
         }
     }
-    context_.writer.LeaveProgrammingMode(flag);
+    const bool ended = context_.EndPhase(OperationContext::Memory::Flash,
+                                         u"Flashメモリ リード失敗"_s, u"Flashメモリ リード失敗"_s);
     complete_ = !flag.Failed();
-    if (flag.Failed()) {
-        context_.Report(u"Flashメモリ リード失敗"_s);
-        return true;
-    }
-    if (!context_.RebuildFlashListing()) {
-        return false;
-    }
-    context_.dialog.CloseMessage();
-    return true;
+    return ended;
 }
 
 bool ReadOperation::ReadEeprom() {
@@ -65,18 +58,10 @@ bool ReadOperation::ReadEeprom() {
         context_.writer.ReadDataByte(data, flag);
         context_.images.eeprom[static_cast<std::size_t>(address)] = data;
     }
-    context_.writer.LeaveProgrammingMode(flag);
+    const bool ended = context_.EndPhase(OperationContext::Memory::Eeprom,
+                                         u"EEPROMメモリ リード失敗"_s, u"EEROMメモリ リード失敗"_s);
     complete_ = complete_ && !flag.Failed();
-    if (flag.Failed()) {
-        context_.status.SetStatusText(kMessagePanel, u"EEPROMメモリ リード失敗"_s);
-        context_.dialog.ShowMessage(MessageMode::Message, u"EEROMメモリ リード失敗"_s);
-        return true;
-    }
-    if (!context_.RebuildEepromListing()) {
-        return false;
-    }
-    context_.dialog.CloseMessage();
-    return true;
+    return ended;
 }
 
 }  // namespace tolvex
