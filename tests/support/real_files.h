@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <unistd.h>
+
 #include <QByteArray>
 #include <QFile>
 #include <QString>
-#include <QtGlobal>
-
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-#endif
 
 namespace tolvex::testing {
 
@@ -27,26 +24,18 @@ inline QByteArray Bytes(const QString& path) {
 /// File permissions bind while this lives, for root too: it then acts as the user "nobody".
 class OrdinaryUser {
   public:
-#ifdef Q_OS_UNIX
     OrdinaryUser() : root_(geteuid() == 0), bound_(!root_ || seteuid(65534) == 0) {}
     ~OrdinaryUser() {
         if (root_ && seteuid(0) != 0) {
             qFatal("can't become root again");
         }
     }
-#else
-    OrdinaryUser() = default;
-#endif
     OrdinaryUser(const OrdinaryUser&) = delete;
-    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
 
-    bool Bound() const {
-        return bound_;
-    }
+    bool Bound() const { return bound_; }
 
   private:
-    bool root_ = false;
-    bool bound_ = true;
+    bool root_, bound_;
 };
 
 /// Lets "nobody", who stays in root's group, reach what lies in a private temporary folder.
