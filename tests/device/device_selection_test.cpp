@@ -29,68 +29,37 @@ TEST(Catalogue, AgreesWithTheChipsThatTheBoardKnows) {
     EXPECT_EQ(FindDevice(u"at90s2313"_s), nullptr);
 }
 
-struct GroupCase {
-    int index;
-    std::uint8_t code;
-    QList<OptionList> shown;
-    QString flash, eeprom;
-};
-
 TEST(DeviceSelection, SetsSizesCodeAndOptions) {
     using L = OptionList;
-    const GroupCase cases[] = {
-        {0,
-         0x11,
-         {L::LockBit},
-         u"Programメモリサイズ : 512 word"_s,
-         u"EEPROM メモリサイズ : 64 byte"_s},
-        {3,
-         0x11,
-         {L::LockBit, L::FSTRT},
-         u"Programメモリサイズ : 1024 word"_s,
-         u"EEPROM メモリサイズ : 128 byte"_s},
-        {5,
-         0x11,
-         {L::LockBit, L::RCEN},
-         u"Programメモリサイズ : 1024 word"_s,
-         u"EEPROM メモリサイズ : 128 byte"_s},
-        {7,
-         0x22,
-         {L::LockBit, L::BODEN, L::BODLEVEL, L::CKSEL},
-         u"Programメモリサイズ : 2048 word"_s,
-         u"EEPROM メモリサイズ : 256 byte"_s},
-        {9,
-         0x22,
-         {L::LockBit, L::FSTRT},
-         u"Programメモリサイズ : 4096 word"_s,
-         u"EEPROM メモリサイズ : 512 byte"_s},
+    const struct {
+        int index;
+        std::uint8_t code;
+        QList<L> shown;
+        int words, bytes;
+    } cases[] = {
+        {0, 0x11, {L::LockBit}, 512, 64},
+        {3, 0x11, {L::LockBit, L::FSTRT}, 1024, 128},
+        {5, 0x11, {L::LockBit, L::RCEN}, 1024, 128},
+        {7, 0x22, {L::LockBit, L::BODEN, L::BODLEVEL, L::CKSEL}, 2048, 256},
+        {9, 0x22, {L::LockBit, L::FSTRT}, 4096, 512},
     };
     TestBench b(4);  // each choice comes after another one, and must undo what that showed
-    for (const GroupCase& c : cases) {
+    for (const auto& c : cases) {
         EXPECT_TRUE(b.bench.selection.SelectDevice(c.index));
         EXPECT_EQ(b.settings.values[u"device"_s], QString::number(c.index));
         EXPECT_EQ(b.bench.device.deviceCode, c.code);
-        EXPECT_EQ(b.person.flashSize, c.flash);
-        EXPECT_EQ(b.person.eepromSize, c.eeprom);
+        EXPECT_EQ(b.person.flashSize, u"Programメモリサイズ : %1 word"_s.arg(c.words));
+        EXPECT_EQ(b.person.eepromSize, u"EEPROM メモリサイズ : %1 byte"_s.arg(c.bytes));
         for (const OptionList list : kOptionLists) {
             EXPECT_EQ(b.person.optionShown[list], c.shown.contains(list)) << c.index;
         }
         EXPECT_EQ(b.person.fuseReadEnabled, c.shown.size() > 1) << c.index;
         EXPECT_TRUE(b.person.fuseWriteEnabled);
-        EXPECT_EQ(b.person.flashListing.count(u'\n'), b.bench.device.flashWords / 8);
-        EXPECT_EQ(b.person.eepromListing.count(u'\n'), b.bench.device.eepromBytes / 16);
+        EXPECT_EQ(b.person.flashListing.count(u'\n'), c.words / 8);
+        EXPECT_EQ(b.person.eepromListing.count(u'\n'), c.bytes / 16);
     }
-}
-
-TEST(DeviceSelection, PresetsOnlyTheFusesOfTheNewChip) {
-    TestBench b(4);
-    b.person.options[OptionList::CKSEL] = 7;
-    b.person.options[OptionList::LockBit] = 0;
-    b.person.options[OptionList::FSTRT] = 0;
-    b.bench.selection.SelectDevice(7);
-    EXPECT_EQ(b.person.options[OptionList::CKSEL], 2);
-    EXPECT_EQ(b.person.options[OptionList::LockBit], 0);
-    EXPECT_EQ(b.person.options[OptionList::FSTRT], 0);
+    b.bench.selection.SelectDevice(-1);  // no choice changes nothing of the device
+    EXPECT_EQ(b.bench.device.flashWords, 4096);
 }
 
 TEST(DeviceSelection, StartsWithTheStoredDeviceAndAllListsFilled) {
@@ -106,23 +75,23 @@ TEST(DeviceSelection, StartsWithTheStoredDeviceAndAllListsFilled) {
     EXPECT_EQ(b.person.options[OptionList::RCEN], 0);
     EXPECT_EQ(b.person.options[OptionList::BODLEVEL], 1);
     EXPECT_TRUE(b.person.patchPanelShown);
+
+    // A new chip's fuses are preset, no other list.
+    b.person.options = {{OptionList::CKSEL, 7}, {OptionList::LockBit, 0}, {OptionList::FSTRT, 0}};
+    b.bench.selection.SelectDevice(7);
+    EXPECT_EQ(b.person.options[OptionList::CKSEL], 2);
+    EXPECT_EQ(b.person.options[OptionList::LockBit], 0);
+    EXPECT_EQ(b.person.options[OptionList::FSTRT], 0);
 }
 
 TEST(DeviceSelection, ADamagedStoredDeviceIsTheFirst) {
-    for (const QString& stored : {u"10"_s, u"-1"_s, u"AT90S2313"_s, QString(u""_s)}) {
+    for (const QString& stored : {u"10"_s, u"-1"_s, u"AT90S2313"_s, u""_s}) {
         TestBench b(3);
         b.settings.values[u"device"_s] = stored;
         b.bench.selection.FillDeviceLists();
         EXPECT_EQ(b.person.markedDevice, 0);
         EXPECT_EQ(b.settings.values[u"device"_s], u"0"_s);
     }
-}
-
-TEST(DeviceSelection, NoChoiceChangesNothingOfTheDevice) {
-    TestBench b(2);
-    b.bench.selection.SelectDevice(-1);
-    EXPECT_EQ(b.bench.device.flashWords, 1024);
-    EXPECT_EQ(b.person.flashSize, u"Programメモリサイズ : 1024 word"_s);
 }
 
 }  // namespace
