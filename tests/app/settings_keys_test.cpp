@@ -10,15 +10,13 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-struct StoredNumber {
-    const char* what;
-    NumberKey key;
-    QString stored;
-    double read;
-};
-
 TEST(SettingsKeys, DamagedValuesReadAsTheDefault) {
-    const StoredNumber cases[] = {
+    const struct {
+        const char* what;
+        NumberKey key;
+        QString stored;
+        double read;
+    } cases[] = {
         {"whole", keys::MainLeft, u"-30000"_s, -30000},
         {"fraction", keys::MainLeft, u"12.5"_s, 12.5},
         {"words", keys::PgmWidth, u"wide"_s, 6900},
@@ -30,19 +28,11 @@ TEST(SettingsKeys, DamagedValuesReadAsTheDefault) {
         {"the same, asked whether one was chosen", keys::ComNoxChosen, u"21"_s, 0},
         {"flag of another number", keys::IndexComFlag, u"2"_s, 2},
     };
-    for (const StoredNumber& c : cases) {
+    for (const auto& c : cases) {
         testing::MemorySettings settings;
         settings.values[QString::fromLatin1(c.key.name)] = c.stored;
         EXPECT_EQ(GetNumber(settings, c.key), c.read) << c.what;
     }
-}
-
-TEST(SettingsKeys, WholeNumbersAreWrittenWithoutAPoint) {
-    testing::MemorySettings settings;
-    SaveNumber(settings, keys::PgmWidth, 6900);
-    EXPECT_EQ(settings.values[u"PgmWidth"_s], u"6900"_s);
-    SaveNumber(settings, keys::MainLeft, -7.5);
-    EXPECT_EQ(settings.values[u"MainLeft"_s], u"-7.5"_s);
 }
 
 }  // namespace

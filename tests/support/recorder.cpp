@@ -2,6 +2,7 @@
 #include "tests/support/recorder.h"
 
 #include <QFileInfo>
+#include <QRegularExpression>
 
 namespace tolvex::testing {
 
@@ -10,34 +11,18 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QString Name(OptionList list) {
-    switch (list) {
-        case OptionList::FSTRT:
-            return u"FSTRT"_s;
-        case OptionList::RCEN:
-            return u"RCEN"_s;
-        case OptionList::BODLEVEL:
-            return u"BODLEVEL"_s;
-        case OptionList::BODEN:
-            return u"BODEN"_s;
-        case OptionList::CKSEL:
-            return u"CKSEL"_s;
-        case OptionList::LockBit:
-            return u"LockBit"_s;
-    }
-    return {};
+    const QMap<OptionList, QString> names = {
+        {OptionList::FSTRT, u"FSTRT"_s},       {OptionList::RCEN, u"RCEN"_s},
+        {OptionList::BODLEVEL, u"BODLEVEL"_s}, {OptionList::BODEN, u"BODEN"_s},
+        {OptionList::CKSEL, u"CKSEL"_s},       {OptionList::LockBit, u"LockBit"_s}};
+    return names.value(list);
 }
 
 }  // namespace
 
 QStringList Recorder::Seen() const {
-    QStringList seen;
-    for (const QString& call : calls) {
-        if (call.startsWith(u"status 1"_s) || call.startsWith(u"message OK"_s) ||
-            call.startsWith(u"progress"_s) || call == u"close message"_s) {
-            seen << call;
-        }
-    }
-    return seen;
+    static const QRegularExpression seen(u"^(status 1|message OK|progress|close message)"_s);
+    return calls.filter(seen);
 }
 
 void Recorder::SetStatusText(int panel, const QString& text) {
@@ -77,14 +62,6 @@ void Recorder::ShowVerifyReport(const QString& text) {
     calls << u"verify report"_s;
 }
 
-void Recorder::SetFlashCaption(const QString& caption) {
-    flashCaption = caption;
-}
-
-void Recorder::SetEepromCaption(const QString& caption) {
-    eepromCaption = caption;
-}
-
 void Recorder::FillOptions(OptionList list, const QStringList& entries) {
     optionEntries[list] = entries;
     options[list] = -1;
@@ -95,20 +72,9 @@ void Recorder::SelectOption(OptionList list, int entry) {
     calls << u"option %1 = %2"_s.arg(Name(list)).arg(entry);
 }
 
-void Recorder::ShowSizes(const QString& flash, const QString& eeprom) {
-    flashSize = flash;
-    eepromSize = eeprom;
-}
-
-FileDialogAnswer Recorder::AskOpenFile(const FileDialogRequest& request) {
+FileDialogAnswer Recorder::Ask(const QString& dialog, const FileDialogRequest& request) {
     fileRequests << request;
-    calls << u"open dialog "_s + request.title;
-    return fileAnswers.isEmpty() ? FileDialogAnswer{} : fileAnswers.takeFirst();
-}
-
-FileDialogAnswer Recorder::AskSaveFile(const FileDialogRequest& request) {
-    fileRequests << request;
-    calls << u"save dialog "_s + request.title;
+    calls << dialog + request.title;
     return fileAnswers.isEmpty() ? FileDialogAnswer{} : fileAnswers.takeFirst();
 }
 

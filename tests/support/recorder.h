@@ -55,8 +55,8 @@ class Recorder : public StatusPanels,
     void SetFlashListing(const QString& text) override;
     void SetEepromListing(const QString& text) override;
     void ShowVerifyReport(const QString& text) override;
-    void SetFlashCaption(const QString& caption) override;
-    void SetEepromCaption(const QString& caption) override;
+    void SetFlashCaption(const QString& caption) override { flashCaption = caption; }
+    void SetEepromCaption(const QString& caption) override { eepromCaption = caption; }
 
     void FillOptions(OptionList list, const QStringList& entries) override;
     int SelectedOption(OptionList list) const override { return options.value(list, -1); }
@@ -66,13 +66,23 @@ class Recorder : public StatusPanels,
     void EnableFuseWrite(bool enabled) override { fuseWriteEnabled = enabled; }
     void FillDevices(const QStringList& names) override { devices = names; }
     void MarkDevice(int index) override { markedDevice = index; }
-    void ShowSizes(const QString& flash, const QString& eeprom) override;
+    void ShowSizes(const QString& flash, const QString& eeprom) override {
+        flashSize = flash;
+        eepromSize = eeprom;
+    }
     void ShowPatchPanel() override { patchPanelShown = true; }
 
-    FileDialogAnswer AskOpenFile(const FileDialogRequest& request) override;
-    FileDialogAnswer AskSaveFile(const FileDialogRequest& request) override;
+    FileDialogAnswer AskOpenFile(const FileDialogRequest& request) override {
+        return Ask(QStringLiteral("open dialog "), request);
+    }
+    FileDialogAnswer AskSaveFile(const FileDialogRequest& request) override {
+        return Ask(QStringLiteral("save dialog "), request);
+    }
     void ShowBox(BoxIcon icon, const QString& title, const QString& text) override;
     bool AskOkCancel(const QString& title, const QString& text) override;
+
+  private:
+    FileDialogAnswer Ask(const QString& dialog, const FileDialogRequest& request);
 };
 
 /// An accepted file dialog for `path`.
