@@ -144,16 +144,7 @@ struct WriterTest : ::testing::Test {
     QString path = dir.filePath(u"out.hex"_s);
     MemoryImages images;
 
-    /// The written records; each line must end with CRLF.
-    QList<QByteArray> Lines() {
-        QList<QByteArray> lines = Bytes(path).split('\n');
-        EXPECT_TRUE(lines.takeLast().isEmpty());
-        for (QByteArray& line : lines) {
-            EXPECT_TRUE(line.endsWith('\r'));
-            line.chop(1);
-        }
-        return lines;
-    }
+    QList<QByteArray> Lines() const { return testing::Lines(path); }
 };
 
 TEST_F(WriterTest, RecordsToTheByte) {

@@ -12,7 +12,6 @@ namespace tolvex {
 namespace {
 
 using namespace Qt::StringLiterals;
-using testing::Bytes;
 
 struct ListingTest : ::testing::Test {
     QTemporaryDir dir;
@@ -22,15 +21,6 @@ struct ListingTest : ::testing::Test {
     ListingFiles listings{images, device, dir.path() + u'/', windows};
 
     QString Path(const QString& name) { return dir.filePath(name); }
-    QList<QByteArray> Lines(const QString& name) {
-        QList<QByteArray> lines = Bytes(Path(name)).split('\n');
-        EXPECT_TRUE(lines.takeLast().isEmpty());
-        for (QByteArray& line : lines) {
-            EXPECT_TRUE(line.endsWith('\r'));
-            line.chop(1);
-        }
-        return lines;
-    }
 };
 
 const QByteArray kSixteenDots(16, '\xA5');
@@ -42,7 +32,7 @@ TEST_F(ListingTest, FlashShowsWords) {
     images.flash[2047] = 0x7E;
     images.flash[2048] = 0x42;  // beyond the device
     ASSERT_TRUE(listings.WriteFlashListing());
-    const QList<QByteArray> lines = Lines(u"avrhex.txt"_s);
+    const QList<QByteArray> lines = testing::Lines(Path(u"avrhex.txt"_s));
     ASSERT_EQ(lines.size(), 128);
     EXPECT_EQ(lines[0], "0000: 940C FFFF FFFF FFFF FFFF FFFF FFFF FFFF " + kSixteenDots);
     EXPECT_EQ(lines[1], "0008: FFFF FFFF FFFF FFFF FFFF FFFF FFFF FFFF " + kSixteenDots);
@@ -55,7 +45,7 @@ TEST_F(ListingTest, EepromShowsBytesAndCharacters) {
     std::copy(text.begin(), text.end(), images.eeprom.begin());
     images.eeprom[128] = 0x42;  // beyond the device
     ASSERT_TRUE(listings.WriteEepromListing());
-    const QList<QByteArray> lines = Lines(u"avreep.txt"_s);
+    const QList<QByteArray> lines = testing::Lines(Path(u"avreep.txt"_s));
     ASSERT_EQ(lines.size(), 8);
     EXPECT_EQ(lines[0], "0000: 48 65 6C 6C 6F 1F 20 7E 7F 80 FF FF FF FF FF FF Hello\xA5 ~" +
                             kSixteenDots.left(8));

@@ -160,12 +160,5 @@ TEST(SerialCommands, ALowByteWithoutReplyKeepsTheHighByteBackAWrongReplyDoesNot)
     }
 }
 
-TEST(SerialCommands, SelectDeviceAnnouncesTheCodeWithoutLeadingZeros) {
-    OpenBench b;
-    b.writer.SelectDeviceCode(0x0D, b.flag);
-    EXPECT_EQ(b.person.calls,
-              QStringList(u"status 1: ｺﾏﾝﾄﾞ送信 : Select device command T , 0xD"_s));
-}
-
 }  // namespace
 }  // namespace tolvex

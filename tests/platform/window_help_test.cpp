@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTemporaryDir>
@@ -93,24 +92,6 @@ TEST_F(HelpWindowTest, AFileThatCannotBeReadIsReportedOnThePage) {
         SearchFor(u"needle"_s);
         Press(u"cmdHome"_s);
     }
-}
-
-TEST(WindowHelp, OneWindowServesEveryCall) {
-    WindowHelp help;
-    QList<QWidget*> shown;
-    for (const QString& file : {u"/gone/a.hlp"_s, u"/gone/b.hlp"_s}) {
-        help.ShowContents(file);
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (window->objectName() == u"helpWindow"_s) {
-                EXPECT_TRUE(window->isVisible() && !window->isModal());
-                EXPECT_TRUE(window->findChild<QTextBrowser*>()->toPlainText().endsWith(file));
-                shown << window;
-                window->close();
-            }
-        }
-    }
-    ASSERT_EQ(shown.size(), 2);
-    EXPECT_EQ(shown[0], shown[1]);
 }
 
 }  // namespace

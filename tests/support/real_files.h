@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <QByteArray>
@@ -19,6 +20,14 @@ inline void PutFile(const QString& path, const QByteArray& bytes) {
 inline QByteArray Bytes(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// The lines of a text file, each of which must end with CRLF.
+inline QList<QByteArray> Lines(const QString& path) {
+    const QByteArray text = Bytes(path);
+    EXPECT_EQ(text.count('\n'), text.count("\r\n"));
+    EXPECT_TRUE(text.endsWith("\r\n"));
+    return text.chopped(2).replace('\r', "").split('\n');
 }
 
 /// File permissions bind while this lives, for root too: it then acts as the user "nobody".

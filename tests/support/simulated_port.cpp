@@ -54,7 +54,6 @@ QByteArray SimulatedPort::ReadAll() {
 
 void SimulatedPort::ForgetTrace() {
     wire_.clear();
-    replies_.clear();
     calls_.clear();
     writes.clear();
 }
@@ -63,7 +62,6 @@ void SimulatedPort::Deliver() {
     const PacedBoard::Events events = board_->Run(clock_.Now());
     for (const BoardReply& command : events.commands) {
         wire_ << command.Sent();
-        replies_ << command.Answered();
     }
     input_ += events.bytes;
     if (events.hangUp) {

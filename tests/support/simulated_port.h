@@ -34,13 +34,9 @@ class SimulatedPort : public SerialPort {
 
     /// One entry a command that the board carried out: "A 00 10", "c 0C".
     QStringList Wire() const { return wire_; }
-    /// The reply to each entry of `Wire()`: "0D", "FF FF FF", "nothing".
-    QStringList Replies() const { return replies_; }
     /// "configure 3", "discard", "open", "open refused", "close", "hang-up", in order. Only the
     /// discards of a closed port are here: every command begins with one.
     QStringList Calls() const { return calls_; }
-    /// As last configured.
-    PortSettings Configured() const { return settings_; }
     void ForgetTrace();
 
     QList<QByteArray> writes;  ///< each successful `Write` as its own entry
@@ -56,7 +52,7 @@ class SimulatedPort : public SerialPort {
     std::shared_ptr<PacedBoard> board_;  // lives while the port is open; with it go bytes under way
     std::optional<VirtualClock::Instant> wakeAt_;
     QByteArray input_;
-    QStringList wire_, replies_, calls_;
+    QStringList wire_, calls_;
 };
 
 }  // namespace tolvex::testing
