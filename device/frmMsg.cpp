@@ -50,9 +50,8 @@ frmMsg::frmMsg(QWidget* parent)
 void frmMsg::ShowMessage(MessageMode mode, const QString& text) {
     const bool message = mode == MessageMode::Message;
     cmdOkm_->setVisible(message);
-    if (message) {
-        progBar_->hide();
-    }
+    progress_.visible = progress_.visible && !message;
+    ShowBar();
     txtMsg_->SetText(text);
     // A progress display must not take the keyboard from whatever the person is doing.
     setAttribute(Qt::WA_ShowWithoutActivating, !message);
@@ -71,7 +70,11 @@ void frmMsg::SetProgress(bool on, double minimum, double value, double maximum) 
                            static_cast<int>(progress_.maximum));
         progBar_->setValue(static_cast<int>(progress_.value));
     }
-    // The OK button and the bar share the lower band.
+    ShowBar();
+}
+
+/// The OK button and the bar share the lower band.
+void frmMsg::ShowBar() {
     progBar_->setVisible(progress_.visible && !HasButton());
 }
 

@@ -33,6 +33,7 @@ class frmMsg : public QDialog {
 
   private:
     bool HasButton() const { return cmdOkm_->isVisibleTo(this); }
+    void ShowBar();
     bool MayClose() const { return HasButton() || !busy_; }
 
     FittedLabel* txtMsg_;

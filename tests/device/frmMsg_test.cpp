@@ -38,6 +38,11 @@ TEST_F(MessageWindowTest, BarAndButtonShareTheLowerBand) {
     EXPECT_FALSE(ButtonShown() || BarShown());  // not back until the next step
     messages.SetProgress(true, 0, 4, 9);
     EXPECT_TRUE(BarShown());
+    messages.ShowMessage(MessageMode::Message, u"failed again"_s);
+    messages.SetProgress(true, 0, 0, 9);  // an operation prepares its bar before its text
+    EXPECT_FALSE(BarShown());
+    messages.ShowMessage(MessageMode::Progress, u"verifying"_s);
+    EXPECT_TRUE(BarShown());
     messages.SetProgress(false, 0, 0, 0);
     EXPECT_FALSE(BarShown());
     messages.SetProgress(true, 0, 0, 0);  // a phase of one step
