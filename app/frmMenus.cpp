@@ -3,6 +3,7 @@
 
 #include <QAction>
 #include <QMenu>
+#include <functional>
 
 #include "app/frmMainCommands.h"
 
@@ -112,8 +113,7 @@ constexpr MenuRow kMenuRows[] = {
 
 }  // namespace
 
-frmMenus::frmMenus(MainCommands& commands, QWidget* parent)
-    : QMenuBar(parent), commands_(commands) {
+frmMenus::frmMenus(MainCommands& commands, QWidget* parent) : QMenuBar(parent) {
     QMenu* menu = nullptr;
     for (const MenuRow& row : kMenuRows) {
         const QString name = QString::fromLatin1(row.name);
@@ -138,7 +138,7 @@ frmMenus::frmMenus(MainCommands& commands, QWidget* parent)
         }
         if (row.handler != nullptr) {
             connect(action, &QAction::triggered, this,
-                    [this, handler = row.handler] { (commands_.*handler)(); });
+                    [&commands, handler = row.handler] { std::invoke(handler, commands); });
         }
         (row.flags & kOnBar) != 0 ? addAction(action) : menu->addAction(action);
     }

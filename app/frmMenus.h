@@ -14,14 +14,13 @@ class frmMenus : public QMenuBar {
 
   public:
     /// `commands` is borrowed: it holds the handlers.
-    frmMenus(MainCommands& commands, QWidget* parent = nullptr);
+    explicit frmMenus(MainCommands& commands, QWidget* parent = nullptr);
 
     /// While an operation runs, the items that would start another one are disabled.
     void SetBusy(bool busy);
     QMenu* WindowMenu() const { return windowMenu_; }
 
   private:
-    MainCommands& commands_;
     QMenu* windowMenu_ = nullptr;
     QList<QAction*> exclusive_;
 };
