@@ -1,6 +1,16 @@
 // SPDX-License-Identifier: MIT
+#include "cli/check_command.h"
 #include "cli/command.h"
+#include "cli/detect_command.h"
+#include "cli/devices_command.h"
+#include "cli/doctor_command.h"
+#include "cli/erase_command.h"
+#include "cli/fuses_command.h"
+#include "cli/lock_command.h"
+#include "cli/ports_command.h"
 #include "cli/program_command.h"
+#include "cli/read_command.h"
+#include "cli/verify_command.h"
 
 namespace tolvex {
 
@@ -16,7 +26,9 @@ std::vector<std::unique_ptr<CliCommand>> Made() {
 }  // namespace
 
 std::vector<std::unique_ptr<CliCommand>> AllCommands() {
-    return Made<ProgramCommand>();
+    return Made<DetectCommand, ProgramCommand, VerifyCommand, ReadCommand, EraseCommand,
+                FusesCommand, LockCommand, CheckCommand, PortsCommand, DevicesCommand,
+                DoctorCommand>();
 }
 
 }  // namespace tolvex

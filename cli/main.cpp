@@ -49,5 +49,5 @@ int main(int argc, char** argv) {
     EventLoopClock clock;
     return RunCommandLine(QCoreApplication::arguments(),
                           {port, [&port] { return port.LastError(); }, clock, settings, comPorts,
-                           console, [] { return stopAsked != 0; }});
+                           console, [] { return stopAsked != 0; }, InspectPort});
 }

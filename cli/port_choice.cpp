@@ -17,13 +17,14 @@ QString WholePath(const QString& text) {
 
 }  // namespace
 
-std::optional<int> ChoosePort(const QString& text, ComPorts& ports) {
+std::optional<PortChoice> ChoosePort(const QString& text, ComPorts& ports) {
     static const QRegularExpression numbered(u"^(?:COM)?(\\d+)$"_s,
                                              QRegularExpression::CaseInsensitiveOption);
     const auto match = numbered.match(text);
     if (match.hasMatch()) {
         const int number = match.captured(1).toInt();
-        return number >= 1 && number <= kComPortCount ? std::optional(number) : std::nullopt;
+        return number >= 1 && number <= kComPortCount ? std::optional(PortChoice{number, false})
+                                                      : std::nullopt;
     }
     if (text.isEmpty()) {
         return std::nullopt;
@@ -31,11 +32,11 @@ std::optional<int> ChoosePort(const QString& text, ComPorts& ports) {
     const QString path = WholePath(text);
     for (int number = 1; number <= kComPortCount; ++number) {
         if (ports.DevicePath(number) == path) {
-            return number;
+            return PortChoice{number, true};
         }
     }
     ports.Assign(1, path);
-    return 1;
+    return PortChoice{1, true};
 }
 
 }  // namespace tolvex

@@ -16,7 +16,7 @@ namespace {
 FixedSettings SettingsFor(const Settings& stored, const CommonOptions& options) {
     FixedSettings settings(stored);
     if (options.port) {
-        settings.Fix(keys::ComNox.name, QString::number(*options.port));
+        settings.Fix(keys::ComNox.name, QString::number(options.port->number));
     }
     if (options.device) {
         settings.Fix(keys::Device.name, QString::number(*options.device));
@@ -44,8 +44,7 @@ Session::Session(const CliSurroundings& around, const CommonOptions& options,
     report_[u"command"_s] = command;
     report_[u"device"_s] = PartNumber(bench_.device.name);
     if (PortNumber() != 0) {
-        report_[u"port"_s] = QJsonObject{{u"number"_s, PortNumber()},
-                                         {u"path"_s, around_.comPorts.DevicePath(PortNumber())}};
+        report_[u"port"_s] = QJsonObject{{u"number"_s, PortNumber()}, {u"path"_s, PortPath()}};
     }
 }
 
@@ -54,13 +53,20 @@ int Session::PortNumber() const {
 }
 
 QString Session::PortName() const {
-    return u"COM%1 (%2)"_s.arg(PortNumber()).arg(around_.comPorts.DevicePath(PortNumber()));
+    const bool byPath = options_.port && options_.port->byPath;
+    return byPath ? PortPath() : u"COM%1 (%2)"_s.arg(PortNumber()).arg(PortPath());
 }
 
 void Session::Print(const QString& line) {
     if (!options_.json) {
         person_.EndProgress();
         around_.console.Print(line);
+    }
+}
+
+void Session::Tell(const QString& line) {
+    if (!options_.quiet) {
+        Print(line);
     }
 }
 
@@ -73,15 +79,23 @@ void Session::Remark(const QString& line) {
 
 int Session::Fail(ExitStatus status, const char* code, const QString& text) {
     person_.EndProgress();
+    if (options_.quiet && !person_.Said().isEmpty()) {
+        around_.console.Complain(person_.Said().last());
+    }
     around_.console.Complain(u"tolvex-cli: "_s + text);
     report_[u"error"_s] = QJsonObject{{u"code"_s, QString::fromLatin1(code)}, {u"message"_s, text}};
     return status;
 }
 
+int Session::RequirePort() {
+    return PortNumber() != 0 ? int{kDone}
+                             : Fail(kWrongUse, "noPort",
+                                    u"ポートが選ばれていません。--port で指定してください。"_s);
+}
+
 int Session::Detect() {
-    if (PortNumber() == 0) {
-        return Fail(kWrongUse, "noPort",
-                    u"ポートが選ばれていません。--port で指定してください。"_s);
+    if (const int status = RequirePort()) {
+        return status;
     }
     const bool found = bench_.detection.WriterCheck();
     const auto& identity = bench_.detection.LastIdentity();

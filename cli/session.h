@@ -13,6 +13,8 @@
 #include "cli/fixed_settings.h"
 #include "cli/observed_port.h"
 #include "cli/option_lists.h"
+#include "cli/port_choice.h"
+#include "cli/port_facts.h"
 #include "cli/stoppable_clock.h"
 #include "cli/terminal_person.h"
 #include "platform/com_ports.h"
@@ -28,12 +30,13 @@ struct CliSurroundings {
     ComPorts& comPorts;
     Console& console;
     std::function<bool()> stopAsked;  ///< the person pressed Ctrl-C
+    std::function<PortFacts(const QString& path)> inspectPort;
 };
 
 /// The options that every command knows.
 struct CommonOptions {
-    std::optional<int> port;    ///< 1 to 20; nothing = the stored one
-    std::optional<int> device;  ///< entry of the device list; nothing = the stored one
+    std::optional<PortChoice> port;  ///< nothing = the stored one
+    std::optional<int> device;       ///< entry of the device list; nothing = the stored one
     bool json = false;
     bool quiet = false;
     QString trace;  ///< a file; empty = none
@@ -53,8 +56,10 @@ class Session {
     ComPorts& Ports() { return around_.comPorts; }
     /// 1 to 20; 0 = none chosen.
     int PortNumber() const;
-    /// For a person: "COM5 (/dev/ttyUSB0)".
+    QString PortPath() const { return around_.comPorts.DevicePath(PortNumber()); }
+    /// For a person: "COM5 (/dev/ttyUSB0)", or the path alone when that was asked for.
     QString PortName() const;
+    PortFacts Inspect(const QString& path) const { return around_.inspectPort(path); }
     /// Why the last opening failed.
     QString PortError() const { return around_.portError(); }
 
@@ -62,11 +67,16 @@ class Session {
     QJsonObject& Report() { return report_; }
     /// A line of the result; not with --json.
     void Print(const QString& line);
+    /// A line that a person at the terminal wants to see and a script doesn't: not with --json or
+    /// --quiet.
+    void Tell(const QString& line);
     /// A remark of the tool itself, unless --quiet.
     void Remark(const QString& line);
     /// The reason for a failing end, for a person and for a machine; gives `status` back.
     int Fail(ExitStatus status, const char* code, const QString& text);
 
+    /// `kDone` when a port was chosen at all, else the status of a failure that has been told.
+    int RequirePort();
     /// Detects the writer; `kDone`, or the status of a failure that has been told.
     int Detect();
     /// Detects the writer and checks the chip in the socket; its verdict is in `Bench().check`.

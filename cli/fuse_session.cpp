@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "cli/fuse_session.h"
+
+#include "device/fuse_encoding.h"
+
+namespace tolvex {
+
+using namespace Qt::StringLiterals;
+
+int FuseSession::Read() {
+    Workbench& bench = session_.Bench();
+    bench.lockFuse.cmdFuseRead_Click();
+    // Detection, which comes first, leaves the port closed when it fails.
+    const bool read = bench.connection.IsOpen() && !bench.errorFlag.Failed();
+    return session_.Judge(read, "fuseReadFailed", u"Lock/Fuse ビットを読めません。"_s);
+}
+
+int FuseSession::Write(const QList<FuseChoice>& choices) {
+    int status = session_.Detect();
+    if (status == kDone && !session_.Port().Stopped() && session_.Lists().Readable()) {
+        status = Read();
+    }
+    if (status != kDone || session_.Port().Stopped()) {
+        return status;
+    }
+    ShowChange(choices);
+    Workbench& bench = session_.Bench();
+    bench.lockFuse.cmdFuseWrite_Click();
+    const bool written = bench.connection.IsOpen() && !bench.errorFlag.Failed();
+    session_.Report()[u"options"_s] = SelectionJson(session_.Lists());
+    return session_.Judge(written, "fuseWriteFailed", u"Lock/Fuse ビットを書けません。"_s);
+}
+
+void FuseSession::ShowChange(const QList<FuseChoice>& choices) {
+    OptionLists& lists = session_.Lists();
+    const FuseGroup group = session_.Bench().device.fuseGroup;
+    const auto fusesBefore = EncodeFuses(group, lists);
+    const int lockBefore = EncodeLock(lists.SelectedOption(OptionList::LockBit));
+    for (const FuseChoice& choice : choices) {
+        const QString before =
+            lists.Readable() ? lists.Entries(choice.list).value(lists.SelectedOption(choice.list))
+                             : u"?"_s;
+        lists.SelectOption(choice.list, choice.entry);
+        session_.Tell(u"%1: %2 -> %3"_s.arg(FuseName(choice.list), before,
+                                            lists.Entries(choice.list).value(choice.entry)));
+    }
+    if (const auto fuses = EncodeFuses(group, lists)) {
+        ShowByte(u"ヒューズバイト"_s, "fuseByte", *fusesBefore, *fuses);
+    }
+    ShowByte(u"ロックバイト"_s, "lockByte", lists.Readable() ? lockBefore : -1,
+             EncodeLock(lists.SelectedOption(OptionList::LockBit)));
+}
+
+void FuseSession::ShowByte(const QString& name, const char* key, int before, int after) {
+    const QString old = before < 0 ? u"?"_s : u"0x"_s + HexByte(before);
+    session_.Tell(u"%1: %2 -> 0x%3"_s.arg(name, old, HexByte(after)));
+    session_.Report()[QString::fromLatin1(key)] = after;
+}
+
+}  // namespace tolvex

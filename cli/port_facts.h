@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+namespace tolvex {
+
+/// What the system knows of a serial device without opening it.
+struct PortFacts {
+    bool exists = false;
+    bool permitted = false;  ///< may be read and written
+    QString group;           ///< that owns the device; empty = unknown
+    QString holder;  ///< "name (process number)" of a program that has it open; may be empty
+    int holderProcess = 0;
+};
+
+/// Of the device at `path`, links followed.
+PortFacts InspectPort(const QString& path);
+
+}  // namespace tolvex

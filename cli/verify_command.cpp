@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#include "cli/verify_command.h"
+
+#include <QJsonArray>
+
+#include "cli/image_files.h"
+#include "cli/preflight.h"
+
+namespace tolvex {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QJsonArray Json(const QList<VerifyOperation::Difference>& differences) {
+    QJsonArray array;
+    for (const auto& difference : differences) {
+        array << QJsonObject{{u"memory"_s, difference.flash ? u"flash"_s : u"eeprom"_s},
+                             {u"address"_s, difference.address},
+                             {u"expected"_s, difference.image},
+                             {u"chip"_s, difference.chip}};
+    }
+    return array;
+}
+
+}  // namespace
+
+VerifyCommand::VerifyCommand()
+    : CliCommand({u"verify"_s,
+                  u"CODE [DATA]"_s,
+                  1,
+                  2,
+                  u"チップ全体をファイルと比べる（Verify ボタン）。"_s,
+                  {Preflight::ForceOption()}}) {}
+
+int VerifyCommand::Run(Session& session, const Call& call) {
+    const bool force = Preflight::From(call.options).force;
+    const ImageFiles files = ImageFiles::ToRead(call.arguments);
+    int status = ProveFiles(session, files, force);
+    if (status == kDone) {
+        status = session.Detect();
+    }
+    if (status != kDone || session.Port().Stopped()) {
+        return status;
+    }
+    Workbench& bench = session.Bench();
+    FillImages(session, files);
+    if (force) {
+        bench.check.TolerateMismatch();
+    }
+    bench.toolbar.Click(u"Verify");
+    const auto& findings = bench.verify.LastFindings();
+    session.Report()[u"verified"_s] = findings.Matches();
+    session.Report()[u"differences"_s] = Json(findings.differences);
+    const bool differs = findings.flashDiffers || findings.eepromDiffers;
+    const bool failed = findings.flashFailed || findings.eepromFailed || !findings.compared;
+    return differs && !failed
+               ? session.Judge(false, "differs", u"チップの内容がファイルと違います。"_s)
+               : session.Judge(!failed, "notVerified", u"ベリファイできませんでした。"_s);
+}
+
+}  // namespace tolvex
