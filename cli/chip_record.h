@@ -22,6 +22,7 @@ class ChipRecord : public WireListener {
 
     void Opened(int, bool) override { programming_ = false; }
     void Closed() override { programming_ = false; }
+    void Lost() override { programming_ = false; }
     void Began() override;
     void Sent(QByteArrayView bytes) override { request_ += bytes; }
     void Received(QByteArrayView bytes) override;

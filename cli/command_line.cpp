@@ -106,7 +106,8 @@ class CommandLine {
             return Refuse(wrong);
         }
         Session session(around_, options, face.name);
-        return session.Finish(command_->Run(session, {words, parser_}));
+        return session.Finish(session.OpenTrace() ? command_->Run(session, {words, parser_})
+                                                  : int{kWrongUse});
     }
 
     /// Empty when all is well, else what is wrong.

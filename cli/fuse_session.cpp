@@ -7,6 +7,12 @@ namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr int kLockFull = 0;  ///< the entry after which a chip can't be read
+
+}  // namespace
+
 int FuseSession::Read() {
     Workbench& bench = session_.Bench();
     bench.lockFuse.cmdFuseRead_Click();
@@ -16,19 +22,37 @@ int FuseSession::Read() {
 }
 
 int FuseSession::Write(const QList<FuseChoice>& choices) {
-    int status = session_.Detect();
-    if (status == kDone && !session_.Port().Stopped() && session_.Lists().Readable()) {
-        status = Read();
+    int before = session_.Detect();
+    if (before == kDone && !session_.Port().Stopped() && session_.Lists().Readable()) {
+        before = Read();
     }
-    if (status != kDone || session_.Port().Stopped()) {
-        return status;
+    if (before != kDone || session_.Port().Stopped()) {
+        return before;
     }
     ShowChange(choices);
     Workbench& bench = session_.Bench();
     bench.lockFuse.cmdFuseWrite_Click();
     const bool written = bench.connection.IsOpen() && !bench.errorFlag.Failed();
     session_.Report()[u"options"_s] = SelectionJson(session_.Lists());
-    return session_.Judge(written, "fuseWriteFailed", u"Lock/Fuse ビットを書けません。"_s);
+    const int status =
+        session_.Judge(written, "fuseWriteFailed", u"Lock/Fuse ビットを書けません。"_s);
+    return status == kDone && !session_.Port().Stopped() ? Confirm() : status;
+}
+
+/// A protected chip takes every write without a murmur.
+int FuseSession::Confirm() {
+    OptionLists& lists = session_.Lists();
+    if (!lists.Readable() || lists.SelectedOption(OptionList::LockBit) == kLockFull) {
+        return kDone;
+    }
+    const QJsonObject wanted = SelectionJson(lists);
+    const int status = Read();
+    if (status != kDone || session_.Port().Stopped()) {
+        return status;
+    }
+    session_.Report()[u"options"_s] = SelectionJson(lists);
+    return session_.Judge(SelectionJson(lists) == wanted, "fusesNotTaken",
+                          u"チップが Lock/Fuse ビットを受け付けませんでした。"_s);
 }
 
 void FuseSession::ShowChange(const QList<FuseChoice>& choices) {

@@ -18,6 +18,7 @@ class FuseSession {
     int Write(const QList<FuseChoice>& choices);
 
   private:
+    int Confirm();
     void ShowChange(const QList<FuseChoice>& choices);
     void ShowByte(const QString& name, const char* key, int before, int after);
 

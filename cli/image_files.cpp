@@ -14,9 +14,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Empty when that would be the code file itself.
 QString DataBeside(const QString& code) {
-    const QFileInfo file(code);
-    return file.path() + u'/' + file.completeBaseName() + u".eep"_s;
+    const QString suffix = QFileInfo(code).suffix();
+    const QString stem = suffix.isEmpty() ? code : code.chopped(suffix.size() + 1);
+    return suffix == u"eep"_s ? QString() : stem + u".eep"_s;
 }
 
 int ProveFile(Session& session, const QString& path, int memoryBytes) {
@@ -98,10 +100,11 @@ int WriteImages(Session& session, const ImageFiles& files) {
     const Workbench& bench = session.Bench();
     const int status = CheckWritten(
         session, files.code, WriteCodeHex(files.code, bench.images.flash, bench.device.flashWords));
-    return status != kDone ? status
-                           : CheckWritten(session, files.data,
-                                          WriteDataHex(files.data, bench.images.eeprom,
-                                                       bench.device.eepromBytes));
+    return status != kDone || files.data.isEmpty()
+               ? status
+               : CheckWritten(
+                     session, files.data,
+                     WriteDataHex(files.data, bench.images.eeprom, bench.device.eepromBytes));
 }
 
 }  // namespace tolvex

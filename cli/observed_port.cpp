@@ -5,6 +5,12 @@
 
 namespace tolvex {
 
+namespace {
+
+constexpr int kPatience = 3;
+
+}  // namespace
+
 void ObservedPort::Resume() {
     stopAsked_ = [] { return false; };
     stopped_ = false;
@@ -15,6 +21,9 @@ bool ObservedPort::Open() {
     const bool opened = !stopped_ && port_.Open();
     openFailed_ = !opened && !stopped_;
     input_.clear();
+    open_ = opened;
+    answered_ = true;
+    unanswered_ = 0;
     for (WireListener* listener : listeners_) {
         listener->Opened(port_.PortNumber(), opened);
     }
@@ -24,6 +33,7 @@ bool ObservedPort::Open() {
 void ObservedPort::Close() {
     port_.Close();
     input_.clear();
+    open_ = false;
     for (WireListener* listener : listeners_) {
         listener->Closed();
     }
@@ -32,6 +42,7 @@ void ObservedPort::Close() {
 void ObservedPort::Fetch() const {
     const QByteArray bytes = port_.InputCount() > 0 ? port_.ReadAll() : QByteArray();
     if (!bytes.isEmpty()) {
+        answered_ = true;
         input_ += bytes;
         for (WireListener* listener : listeners_) {
             listener->Received(bytes);
@@ -39,8 +50,18 @@ void ObservedPort::Fetch() const {
     }
 }
 
+void ObservedPort::NoticeLoss() const {
+    if (open_ && !port_.IsOpen()) {
+        open_ = false;
+        for (WireListener* listener : listeners_) {
+            listener->Lost();
+        }
+    }
+}
+
 int ObservedPort::InputCount() const {
     Fetch();
+    NoticeLoss();
     return IsOpen() ? static_cast<int>(input_.size()) : 0;
 }
 
@@ -55,6 +76,7 @@ bool ObservedPort::Write(QByteArrayView bytes) {
     if (std::exchange(between_, false) && !MayBegin(bytes.front())) {
         return false;
     }
+    NoticeLoss();
     if (stopped_ || !port_.Write(bytes)) {
         return false;
     }
@@ -67,12 +89,20 @@ bool ObservedPort::Write(QByteArrayView bytes) {
 bool ObservedPort::MayBegin(char letter) {
     // The second half of a word follows the first whatever happens: no word is left half-written.
     stopped_ = stopped_ || (letter != 'C' && stopAsked_());
+    CountSilence();
     if (!stopped_) {
         for (WireListener* listener : listeners_) {
             listener->Began();
         }
     }
     return !stopped_;
+}
+
+void ObservedPort::CountSilence() {
+    unanswered_ = std::exchange(answered_, false) ? 0 : unanswered_ + 1;
+    if (unanswered_ >= kPatience && port_.IsOpen()) {
+        Close();
+    }
 }
 
 QByteArray ObservedPort::ReadAll() {

@@ -33,6 +33,9 @@ int ProgramCommand::Run(Session& session, const Call& call) {
     const bool verified = bench.erase.Erased() && (bench.program.LastOutcome().nothingToWrite ||
                                                    bench.verify.LastFindings().Matches());
     session.Report()[u"verified"_s] = verified;
+    if (!verified && !session.Port().Stopped()) {
+        session.Remark(session.Chip().Text());
+    }
     return session.Judge(verified, "notVerified", u"書き込みを確認できませんでした。"_s);
 }
 

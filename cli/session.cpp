@@ -32,6 +32,7 @@ Session::Session(const CliSurroundings& around, const CommonOptions& options,
       options_(options),
       folders_{listings_.path() + u'/', listings_.path() + u'/'},
       settings_(SettingsFor(around.settings, options)),
+      trace_(around.clock),
       port_(around.port, around.stopAsked),
       clock_(around.clock, port_),
       person_(around_.console, clock_,
@@ -46,6 +47,18 @@ Session::Session(const CliSurroundings& around, const CommonOptions& options,
     if (PortNumber() != 0) {
         report_[u"port"_s] = QJsonObject{{u"number"_s, PortNumber()}, {u"path"_s, PortPath()}};
     }
+}
+
+bool Session::OpenTrace() {
+    if (options_.trace.isEmpty()) {
+        return true;
+    }
+    if (!trace_.Open(options_.trace)) {
+        Fail(kWrongUse, "traceNotWritten", u"ファイルを書けません: %1"_s.arg(options_.trace));
+        return false;
+    }
+    port_.AddListener(trace_);
+    return true;
 }
 
 int Session::PortNumber() const {
@@ -142,6 +155,9 @@ int Session::Finish(int status) {
     } else {
         LeaveBoard();
     }
+    if (chip_.Touched()) {
+        report_[u"written"_s] = chip_.Json();
+    }
     report_[u"exitStatus"_s] = status;
     report_[u"messages"_s] = QJsonArray::fromStringList(person_.Said());
     if (options_.json) {
@@ -166,7 +182,6 @@ int Session::FinishInterrupted() {
     port_.Resume();
     LeaveBoard();
     const QString text = u"中断しました。\n"_s + chip_.Text();
-    report_[u"written"_s] = chip_.Json();
     return Fail(kInterrupted, "interrupted", text);
 }
 

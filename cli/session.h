@@ -17,6 +17,7 @@
 #include "cli/port_facts.h"
 #include "cli/stoppable_clock.h"
 #include "cli/terminal_person.h"
+#include "cli/trace_file.h"
 #include "platform/com_ports.h"
 
 namespace tolvex {
@@ -63,6 +64,10 @@ class Session {
     /// Why the last opening failed.
     QString PortError() const { return around_.portError(); }
 
+    /// Records the line from now on if that was asked for. False when the file can't be written;
+    /// that has been told.
+    bool OpenTrace();
+
     /// The JSON object under construction.
     QJsonObject& Report() { return report_; }
     /// A line of the result; not with --json.
@@ -97,6 +102,7 @@ class Session {
     AppDir folders_;
     FixedSettings settings_;
     ChipRecord chip_;
+    TraceFile trace_;
     ObservedPort port_;
     StoppableClock clock_;
     bool deaf_ = false;

@@ -11,6 +11,7 @@
 #include "writer/chip_state_file.h"
 #include "writer/paced_board.h"
 #include "writer/pseudo_terminal.h"
+#include "writer/trace_replay.h"
 #include "writer/writer_options.h"
 
 #ifdef Q_OS_UNIX
@@ -93,14 +94,14 @@ class WriterProgram {
     explicit WriterProgram(const WriterOptions& options) : options_(options), log_(options.log) {}
 
     int Run() {
-        for (const auto step :
-             {&WriterProgram::TakeChip, &WriterProgram::OpenLog, &WriterProgram::OpenTerminal}) {
+        for (const auto step : {&WriterProgram::LoadTrace, &WriterProgram::TakeChip,
+                                &WriterProgram::OpenLog, &WriterProgram::OpenTerminal}) {
             const QString reason = (this->*step)();
             if (!reason.isEmpty()) {
                 return Fail(reason, 1);
             }
         }
-        const QString reason = Serve();
+        const QString reason = options_.replay.isEmpty() ? ServeChip() : Serve(replay_);
         const QString unsaved = SaveState();
         for (const QString& failure : {reason, unsaved}) {
             if (!failure.isEmpty()) {
@@ -111,8 +112,15 @@ class WriterProgram {
     }
 
   private:
+    QString LoadTrace() {
+        if (options_.baud == 0) {
+            replay_.Hurry();
+        }
+        return options_.replay.isEmpty() ? QString() : replay_.Load(options_.replay);
+    }
+
     QString TakeChip() {
-        if (options_.empty) {
+        if (options_.empty || !options_.replay.isEmpty()) {
             return {};
         }
         if (QFile::exists(options_.state)) {
@@ -153,13 +161,22 @@ class WriterProgram {
         return chip_ && !options_.state.isEmpty() ? SaveChip(*chip_, options_.state) : QString();
     }
 
-    /// Until a signal asks for the end, or the terminal can't be had again after a hang-up.
-    QString Serve() {
+    QString ServeChip() {
         SimulatedWriter writer(chip_ ? &*chip_ : nullptr, options_.firmware);
         for (const WriterOptions::PlannedFault& fault : options_.faults) {
             writer.SetFault(fault.command, fault.kind);
         }
         PacedBoard board(writer, options_.baud);
+        return Serve(board);
+    }
+
+    static QString Departure(const PacedBoard&) { return {}; }
+    static QString Departure(const TraceReplay& replay) { return replay.Departure(); }
+
+    /// Until a signal asks for the end, the terminal can't be had again after a hang-up, or the PC
+    /// does something else than in the replayed session.
+    template <typename Board>
+    QString Serve(Board& board) {
         QString reason;
         while (!stopAsked && reason.isEmpty()) {
             const auto due = board.NextDue();
@@ -168,6 +185,9 @@ class WriterProgram {
                 board.Send(terminal_.Read(), Now() - std::exchange(lag_, Instant::zero()));
             }
             reason = Deliver(board.Run(Now()));
+            if (reason.isEmpty()) {
+                reason = Departure(board);
+            }
         }
         return reason;
     }
@@ -193,6 +213,7 @@ class WriterProgram {
     Instant lag_{0};
     std::optional<SimulatedChip> chip_;
     QFile log_;
+    TraceReplay replay_;
     PseudoTerminal terminal_;
     TerminalLink link_;
 };

@@ -23,6 +23,8 @@ QList<QCommandLineOption> KnownOptions() {
         {u"baud"_s, u"Speed of the line; 0 is as fast as it goes."_s, u"BAUD"_s, u"19200"_s},
         {u"state"_s, u"Keep the chip in FILE from run to run."_s, u"FILE"_s},
         {u"log"_s, u"Write a line a command to FILE."_s, u"FILE"_s},
+        {u"replay"_s, u"Play the board's side of the session in FILE, made with --trace."_s,
+         u"FILE"_s},
         {u"fault"_s,
          u"Spoil the reply to command K, counted from 1: silent, short, wrong, long, late, "
          u"hang-up. "
@@ -53,6 +55,7 @@ QString Read(const QCommandLineParser& parser, WriterOptions& options) {
     options.state = parser.value(u"state"_s);
     options.log = parser.value(u"log"_s);
     options.empty = parser.isSet(u"empty"_s);
+    options.replay = parser.value(u"replay"_s);
     options.firmware = parser.value(u"firmware"_s);
     if (!IsVersion(options.firmware)) {
         return u"--firmware is a digit, a point and a digit, such as 3.9"_s;
@@ -70,6 +73,12 @@ QString Read(const QCommandLineParser& parser, WriterOptions& options) {
     }
     if (options.empty && (options.device || !options.state.isEmpty())) {
         return u"--empty goes with neither --device nor --state"_s;
+    }
+    for (const QString& other :
+         {u"device"_s, u"empty"_s, u"firmware"_s, u"state"_s, u"log"_s, u"fault"_s}) {
+        if (parser.isSet(u"replay"_s) && parser.isSet(other)) {
+            return u"--replay doesn't go with --"_s + other;
+        }
     }
     for (const QString& text : parser.values(u"fault"_s)) {
         const auto fault = ParseFault(text);

@@ -25,6 +25,7 @@ struct WriterOptions {
     int baud = 19200;                   ///< 0 = as fast as it goes
     QString state;                      ///< empty = none
     QString log;                        ///< empty = none
+    QString replay;                     ///< a recorded session; empty = a board with a chip
     QList<PlannedFault> faults;
 };
 

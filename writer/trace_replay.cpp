@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+#include "writer/trace_replay.h"
+
+#include <QFile>
+#include <QStringList>
+
+namespace tolvex {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString Hex(char byte) {
+    return QString::fromLatin1(QByteArray(1, byte).toHex().toUpper());
+}
+
+}  // namespace
+
+QString TraceReplay::Load(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        return u"trace %1: %2"_s.arg(path, file.errorString());
+    }
+    int line = 0;
+    while (!file.atEnd()) {
+        const QString text = QString::fromLatin1(file.readLine()).trimmed();
+        const QString wrong = Parse(text, ++line);
+        if (!wrong.isEmpty()) {
+            return u"trace %1: line %2: %3"_s.arg(path, QString::number(line), wrong);
+        }
+    }
+    // What the board said before it was ever asked is not waited for.
+    Schedule(Instant::zero());
+    return {};
+}
+
+QString TraceReplay::Parse(const QString& text, int line) {
+    const QStringList words = text.split(u' ', Qt::SkipEmptyParts);
+    if (words.isEmpty()) {
+        return {};
+    }
+    bool isTime = false;
+    const std::chrono::microseconds time(words[0].toLongLong(&isTime));
+    const QString kind = words.value(1);
+    if (!isTime || kind.isEmpty()) {
+        return u"no time and event"_s;
+    }
+    if (kind == u"open"_s || kind == u"refused"_s || kind == u"close"_s) {
+        return {};
+    }
+    if (kind == u"lost"_s) {
+        events_.append({line, time, false, {}});
+        return {};
+    }
+    QByteArray bytes;
+    for (const QString& word : words.mid(2)) {
+        bool isByte = false;
+        bytes += static_cast<char>(word.toUShort(&isByte, 16));
+        if (!isByte || word.size() != 2) {
+            return u"no byte: "_s + word;
+        }
+    }
+    if ((kind != u">"_s && kind != u"<"_s) || bytes.isEmpty()) {
+        return u"unknown event: "_s + kind;
+    }
+    events_.append({line, time, kind == u">"_s, bytes});
+    return {};
+}
+
+void TraceReplay::Send(QByteArrayView bytes, Instant now) {
+    for (const char byte : bytes) {
+        Expect(byte);
+        Schedule(now);
+    }
+}
+
+void TraceReplay::Expect(char byte) {
+    if (!departure_.isEmpty()) {
+        return;
+    }
+    if (next_ >= events_.size()) {
+        departure_ = u"the PC sent %1 after the end of the trace"_s.arg(Hex(byte));
+        return;
+    }
+    const Event& event = events_[next_];
+    if (event.bytes[received_] != byte) {
+        departure_ = u"trace line %1: the PC sent %2 instead of %3"_s.arg(
+            QString::number(event.line), Hex(byte), Hex(event.bytes[received_]));
+        return;
+    }
+    if (++received_ == event.bytes.size()) {
+        received_ = 0;
+        ++next_;
+    }
+}
+
+/// What the board said between this event of the PC and its next one.
+void TraceReplay::Schedule(Instant now) {
+    if (received_ != 0 || !departure_.isEmpty()) {
+        return;
+    }
+    const auto asked = next_ == 0 ? std::chrono::microseconds::zero() : events_[next_ - 1].time;
+    for (; next_ < events_.size() && !events_[next_].fromPc; ++next_) {
+        const Event& event = events_[next_];
+        due_.push_back({hurry_ ? now : now + (event.time - asked), event.bytes});
+    }
+}
+
+std::optional<TraceReplay::Instant> TraceReplay::NextDue() const {
+    return due_.empty() ? std::nullopt : std::optional(due_.front().at);
+}
+
+PacedBoard::Events TraceReplay::Run(Instant now) {
+    PacedBoard::Events events;
+    while (!due_.empty() && due_.front().at <= now) {
+        if (due_.front().bytes.isEmpty()) {
+            events.hangUp = true;
+        }
+        events.bytes += due_.front().bytes;
+        events.lastByte = due_.front().at;
+        due_.pop_front();
+        if (events.hangUp) {
+            break;
+        }
+    }
+    return events;
+}
+
+}  // namespace tolvex
