@@ -56,6 +56,14 @@ void ChipRecord::Began() {
     answered_ = false;
 }
 
+/// The writer moves on with a word's second half, whatever becomes of the reply.
+void ChipRecord::Sent(QByteArrayView bytes) {
+    request_ += bytes;
+    if (request_.size() == 2 && request_.front() == 'C') {
+        word_ = address_++;
+    }
+}
+
 void ChipRecord::Received(QByteArrayView bytes) {
     if (!answered_ && !request_.isEmpty()) {
         answered_ = true;
@@ -88,9 +96,8 @@ void ChipRecord::Carry(bool acknowledged) {
             break;
         case 'C':
             if (lowByteWritten_) {
-                words_.insert(address_);
+                words_.insert(word_);
             }
-            ++address_;
             lowByteWritten_ = false;
             break;
         case 'D':

@@ -24,7 +24,7 @@ class ChipRecord : public WireListener {
     void Closed() override { programming_ = false; }
     void Lost() override { programming_ = false; }
     void Began() override;
-    void Sent(QByteArrayView bytes) override { request_ += bytes; }
+    void Sent(QByteArrayView bytes) override;
     void Received(QByteArrayView bytes) override;
 
   private:
@@ -36,7 +36,8 @@ class ChipRecord : public WireListener {
     bool programming_ = false;
     bool erased_ = false;
     bool lowByteWritten_ = false;
-    int address_ = 0;
+    int address_ = 0;  ///< the writer's
+    int word_ = 0;     ///< of the 'C' under way
     std::set<int> words_;
     std::set<int> bytes_;
 };

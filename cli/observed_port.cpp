@@ -89,8 +89,8 @@ bool ObservedPort::Write(QByteArrayView bytes) {
 bool ObservedPort::MayBegin(char letter) {
     // The second half of a word follows the first whatever happens: no word is left half-written.
     stopped_ = stopped_ || (letter != 'C' && stopAsked_());
-    CountSilence();
     if (!stopped_) {
+        CountSilence();
         for (WireListener* listener : listeners_) {
             listener->Began();
         }

@@ -30,8 +30,10 @@ int ProgramCommand::Run(Session& session, const Call& call) {
     TellPlan(session);
     Workbench& bench = session.Bench();
     bench.toolbar.Click(u"Program");
-    const bool verified = bench.erase.Erased() && (bench.program.LastOutcome().nothingToWrite ||
-                                                   bench.verify.LastFindings().Matches());
+    const auto& outcome = bench.program.LastOutcome();
+    const bool written = bench.erase.Erased() && !outcome.flashFailed && !outcome.eepromFailed;
+    const bool verified =
+        written && (outcome.nothingToWrite || bench.verify.LastFindings().Matches());
     session.Report()[u"verified"_s] = verified;
     if (!verified && !session.Port().Stopped()) {
         session.Remark(session.Chip().Text());
