@@ -28,11 +28,16 @@ struct Diagnosis {
     QString command;
 };
 
+/// The system lists these whether something hangs on them or not.
+bool IsBoardPort(const QString& path) {
+    return path.startsWith(u"/dev/ttyS"_s);
+}
+
 /// Another device that something hangs on is taken for the writer.
 Diagnosis Missing(Session& session) {
     const QString path = session.PortPath();
     for (const ComPort& other : session.Ports().All()) {
-        if (other.present && other.devicePath != path) {
+        if (other.present && other.devicePath != path && !IsBoardPort(other.devicePath)) {
             const QString folder = ConfigFolder() + u"/ports"_s;
             return {kNoPort, "missing",
                     u"%1 はありません。%2 があります。"_s.arg(path, other.devicePath),

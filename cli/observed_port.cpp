@@ -59,9 +59,13 @@ void ObservedPort::NoticeLoss() const {
     }
 }
 
+bool ObservedPort::IsOpen() const {
+    NoticeLoss();
+    return port_.IsOpen();
+}
+
 int ObservedPort::InputCount() const {
     Fetch();
-    NoticeLoss();
     return IsOpen() ? static_cast<int>(input_.size()) : 0;
 }
 

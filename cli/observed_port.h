@@ -48,7 +48,7 @@ class ObservedPort : public SerialPort {
     int PortNumber() const override { return port_.PortNumber(); }
     bool Open() override;
     void Close() override;
-    bool IsOpen() const override { return port_.IsOpen(); }
+    bool IsOpen() const override;
     int InputCount() const override;
     void DiscardInput() override;
     bool Write(QByteArrayView bytes) override;

@@ -39,10 +39,10 @@ class CliBench {
         out_.open(QIODevice::WriteOnly);
         error_.open(QIODevice::WriteOnly);
         Console console(out_, error_, terminal);
-        const int status =
-            RunCommandLine(QStringList{QStringLiteral("tolvex-cli")} + arguments,
-                           {port, [] { return QStringLiteral("busy"); }, clock, settings, comPorts,
-                            console, stopAsked, [this](const QString&) { return facts; }});
+        const int status = RunCommandLine(
+            QStringList{QStringLiteral("tolvex-cli")} + arguments,
+            {behind ? *behind : port, [] { return QStringLiteral("busy"); }, clock, settings,
+             comPorts, console, stopAsked, [this](const QString&) { return facts; }});
         out_.close();
         error_.close();
         return status;
@@ -75,6 +75,7 @@ class CliBench {
     MemorySettings settings;
     QTemporaryDir folder;
     ComPorts comPorts;
+    SerialPort* behind = nullptr;  ///< stands between the tool and `port` if there is one
     bool terminal = false;
     std::function<bool()> stopAsked = [] { return false; };
     PortFacts facts;
