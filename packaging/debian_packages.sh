@@ -34,5 +34,5 @@ need_packages() {  # reason package...
 
 need_build_packages() {
     need_packages "to build Tolvex" \
-        g++ cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-svg-dev libgl-dev libgtest-dev
+        g++ cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-svg-dev libgl-dev libgtest-dev scdoc
 }
