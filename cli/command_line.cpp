@@ -52,7 +52,7 @@ class CommandLine {
             return kDone;
         }
         if (!understood) {
-            return Refuse(parser_.errorText());
+            return Refuse(WrongOption());
         }
         return command_ ? RunCommand() : Refuse(MissingCommand());
     }
@@ -69,6 +69,12 @@ class CommandLine {
         const auto found = std::ranges::find_if(
             commands_, [this](const auto& command) { return command->Face().name == name_; });
         command_ = found == commands_.end() ? nullptr : found->get();
+    }
+
+    QString WrongOption() const {
+        const QStringList unknown = parser_.unknownOptionNames();
+        return unknown.isEmpty() ? u"オプションの使い方が違います: %1"_s.arg(parser_.errorText())
+                                 : u"知らないオプションです: %1"_s.arg(unknown.join(u", "_s));
     }
 
     QString MissingCommand() const {

@@ -14,6 +14,9 @@ constexpr int kLockFull = 0;  ///< the entry after which a chip can't be read
 }  // namespace
 
 int FuseSession::Read() {
+    if (const int status = session_.RequirePort()) {
+        return status;
+    }
     Workbench& bench = session_.Bench();
     bench.lockFuse.cmdFuseRead_Click();
     // Detection, which comes first, leaves the port closed when it fails.
@@ -22,10 +25,7 @@ int FuseSession::Read() {
 }
 
 int FuseSession::Write(const QList<FuseChoice>& choices) {
-    int before = session_.Detect();
-    if (before == kDone && !session_.Port().Stopped() && session_.Lists().Readable()) {
-        before = Read();
-    }
+    const int before = session_.Lists().Readable() ? Read() : session_.RequirePort();
     if (before != kDone || session_.Port().Stopped()) {
         return before;
     }

@@ -62,10 +62,7 @@ int FusesCommand::Run(Session& session, const Call& call) {
     if (!choices.isEmpty()) {
         return fuses.Write(choices);
     }
-    int status = session.Detect();
-    if (status == kDone && !session.Port().Stopped()) {
-        status = fuses.Read();
-    }
+    const int status = fuses.Read();
     if (status != kDone || session.Port().Stopped()) {
         return status;
     }

@@ -12,13 +12,12 @@ ReadCommand::ReadCommand()
                   u"チップ全体を読んでファイルに書く（Read ボタン）。"_s}) {}
 
 int ReadCommand::Run(Session& session, const Call& call) {
-    int status = session.Detect();
-    if (status != kDone || session.Port().Stopped()) {
+    if (const int status = session.RequirePort()) {
         return status;
     }
     session.Bench().toolbar.Click(u"Read");
-    status = session.Judge(session.Bench().read.Complete(), "readFailed",
-                           u"チップを読めません。ファイルは書いていません。"_s);
+    int status = session.Judge(session.Bench().read.Complete(), "readFailed",
+                               u"チップを読めません。ファイルは書いていません。"_s);
     if (status != kDone || session.Port().Stopped()) {
         return status;
     }

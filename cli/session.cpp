@@ -106,35 +106,16 @@ int Session::RequirePort() {
                                     u"ポートが選ばれていません。--port で指定してください。"_s);
 }
 
-int Session::Detect() {
+int Session::DetectChip() {
     if (const int status = RequirePort()) {
         return status;
     }
-    const bool found = bench_.detection.WriterCheck();
-    const auto& identity = bench_.detection.LastIdentity();
-    if (found) {
-        report_[u"writer"_s] = QJsonObject{{u"identifier"_s, identity.identifier},
-                                           {u"firmware"_s, identity.softwareVersion},
-                                           {u"hardware"_s, identity.hardwareVersion}};
+    if (bench_.detection.WriterCheck()) {
+        bench_.errorFlag.Clear();
+        bench_.check.CheckDevice();
     }
-    return Judge(found, "writerNotFound", u"ライタが見つかりません: %1"_s.arg(PortName()));
-}
-
-int Session::DetectChip() {
-    const int status = Detect();
-    if (status != kDone) {
-        return status;
-    }
-    bench_.errorFlag.Clear();
-    bench_.check.CheckDevice();
-    const auto signature = bench_.check.Signature();
-    const QString text =
-        u"%1:%2:%3"_s.arg(HexByte(signature[2]), HexByte(signature[1]), HexByte(signature[0]));
-    const bool replied = bench_.check.Verdict() != ChipVerdict::NoReply;
-    if (replied) {
-        report_[u"signature"_s] = text;
-    }
-    return Judge(replied, "noSignature", u"シグネチャを読めません。"_s);
+    return Judge(bench_.check.Verdict() != ChipVerdict::NoReply, "noSignature",
+                 u"シグネチャを読めません。"_s);
 }
 
 int Session::Judge(bool success, const char* code, const QString& text) {
@@ -144,6 +125,9 @@ int Session::Judge(bool success, const char* code, const QString& text) {
     if (port_.OpenFailed()) {
         return Fail(kNoPort, "portNotOpened",
                     u"ポート %1 を開けません: %2"_s.arg(PortName(), PortError()));
+    }
+    if (!bench_.detection.Found()) {
+        return Fail(kRefused, "writerNotFound", u"ライタが見つかりません: %1"_s.arg(PortName()));
     }
     return Fail(kRefused, code, text);
 }
@@ -155,9 +139,7 @@ int Session::Finish(int status) {
     } else {
         LeaveBoard();
     }
-    if (chip_.Touched()) {
-        report_[u"written"_s] = chip_.Json();
-    }
+    ReportFindings();
     report_[u"exitStatus"_s] = status;
     report_[u"messages"_s] = QJsonArray::fromStringList(person_.Said());
     if (options_.json) {
@@ -165,6 +147,21 @@ int Session::Finish(int status) {
         around_.console.Print(QString::fromUtf8(text));
     }
     return status;
+}
+
+void Session::ReportFindings() {
+    const auto& identity = bench_.detection.LastIdentity();
+    if (bench_.detection.Found()) {
+        report_[u"writer"_s] = QJsonObject{{u"identifier"_s, identity.identifier},
+                                           {u"firmware"_s, identity.softwareVersion},
+                                           {u"hardware"_s, identity.hardwareVersion}};
+    }
+    if (bench_.check.Verdict() != ChipVerdict::NoReply) {
+        report_[u"signature"_s] = person_.Panel(kSignaturePanel);
+    }
+    if (chip_.Touched()) {
+        report_[u"written"_s] = chip_.Json();
+    }
 }
 
 /// An operation that broke off leaves the board in programming mode, with the chip held in reset.

@@ -82,11 +82,11 @@ class Session {
 
     /// `kDone` when a port was chosen at all, else the status of a failure that has been told.
     int RequirePort();
-    /// Detects the writer; `kDone`, or the status of a failure that has been told.
-    int Detect();
     /// Detects the writer and checks the chip in the socket; its verdict is in `Bench().check`.
+    /// `kDone`, or the status of a failure that has been told.
     int DetectChip();
-    /// The status after an operation that succeeded or not. A failure is told under `code`.
+    /// The status after an operation that succeeded or not. A failure is told under `code`, unless
+    /// the reason is that the port or the writer wasn't there.
     int Judge(bool success, const char* code, const QString& text);
 
     /// Leaves the board as it should be, prints the JSON object and gives the final status.
@@ -94,6 +94,7 @@ class Session {
 
   private:
     void LeaveBoard();
+    void ReportFindings();
     int FinishInterrupted();
 
     CliSurroundings around_;

@@ -36,11 +36,10 @@ VerifyCommand::VerifyCommand()
 int VerifyCommand::Run(Session& session, const Call& call) {
     const bool force = Preflight::From(call.options).force;
     const ImageFiles files = ImageFiles::ToRead(call.arguments);
-    int status = ProveFiles(session, files, force);
-    if (status == kDone) {
-        status = session.Detect();
+    if (const int status = ProveFiles(session, files, force)) {
+        return status;
     }
-    if (status != kDone || session.Port().Stopped()) {
+    if (const int status = session.RequirePort()) {
         return status;
     }
     Workbench& bench = session.Bench();

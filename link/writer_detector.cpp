@@ -18,7 +18,8 @@ bool WriterDetector::WriterCheck() {
     parts_.errorFlag.Clear();
     Stage stage = Stage::StoredPort;
     identity_ = {};
-    if (!ShakeHands(stage)) {
+    found_ = ShakeHands(stage);
+    if (!found_) {
         ReportFailure(stage);
         return false;
     }

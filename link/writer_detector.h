@@ -29,6 +29,8 @@ class WriterDetector : public WriterDetection {
     };
 
     bool WriterCheck() override;
+    /// The result of the last detection.
+    bool Found() const { return found_; }
     /// As far as the last detection came.
     const Identity& LastIdentity() const { return identity_; }
 
@@ -43,6 +45,7 @@ class WriterDetector : public WriterDetection {
 
     Parts parts_;
     Identity identity_;
+    bool found_ = false;
 };
 
 }  // namespace tolvex

@@ -75,6 +75,7 @@ TEST_F(CliProgram, ProgramsReadsAndAgreesWithAnotherTool) {
     if (QStandardPaths::findExecutable(u"srec_cmp"_s).isEmpty()) {
         GTEST_SKIP() << "srecord is not installed";
     }
+    EXPECT_EQ(QProcess::execute(u"srec_info"_s, {Path(u"read.hex"_s), u"-intel"_s}), 0);
     const QStringList blank{u"-fill"_s, u"0xFF"_s, u"0"_s, u"2048"_s};
     EXPECT_EQ(QProcess::execute(
                   u"srec_cmp"_s,
