@@ -11,9 +11,11 @@ bool EraseOperation::EraseChip() {
     flag.Clear();
     context_.writer.EnterProgrammingMode(flag);
     context_.writer.ChipErase(flag);
-    return context_.EndPhase(OperationContext::Memory::Eeprom,
-                             u"Flash & EEPROM メモリクリアー失敗"_s,
-                             u"Flash & EEPROM メモリクリアー失敗"_s);
+    const bool ended =
+        context_.EndPhase(OperationContext::Memory::Eeprom, u"Flash & EEPROM メモリクリアー失敗"_s,
+                          u"Flash & EEPROM メモリクリアー失敗"_s);
+    erased_ = !flag.Failed();
+    return ended;
 }
 
 }  // namespace tolvex

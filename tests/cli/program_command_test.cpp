@@ -234,7 +234,7 @@ TEST_F(ProgramCommandTest, ASilentWriterIsGivenUpSoon) {
 TEST_F(ProgramCommandTest, CtrlCLeavesTheBoardInOrderWhereverItComes) {
     const QString code = Code();
     Data();
-    EXPECT_EQ(bench.Run({u"program"_s, code}), kDone);
+    ASSERT_EQ(bench.Run({u"program"_s, code}), kDone) << bench.Err().toStdString();
     const int commands = bench.board.CommandCount();
     for (int at = 0; at < commands; ++at) {
         SCOPED_TRACE(at);
