@@ -8,6 +8,8 @@
 #include <optional>
 #include <set>
 
+#include "image/hex_line.h"
+
 namespace tolvex {
 
 namespace {
@@ -139,26 +141,6 @@ class HexChecker {
     std::set<std::int64_t> filled_;
 };
 
-/// The next line without its end, LF, CRLF or a lone CR. What is too long for any record is cut,
-/// which leaves it too long.
-QByteArray TakeLine(QFile& file) {
-    QByteArray line;
-    char c = 0;
-    while (file.getChar(&c) && c != '\n') {
-        if (c == '\r') {
-            char next = 0;
-            if (file.getChar(&next) && next != '\n') {
-                file.ungetChar(next);
-            }
-            break;
-        }
-        if (line.size() <= kLongestLine) {
-            line += c;
-        }
-    }
-    return line;
-}
-
 }  // namespace
 
 HexReport CheckHex(const QString& path, int memoryBytes) {
@@ -168,7 +150,7 @@ HexReport CheckHex(const QString& path, int memoryBytes) {
     }
     HexChecker checker(memoryBytes);
     while (!file.atEnd()) {
-        checker.Take(TakeLine(file));
+        checker.Take(TakeHexLine(file, kLongestLine + 1));  // one more shows that it is too long
     }
     return checker.Finish(file.error() == QFileDevice::NoError);
 }

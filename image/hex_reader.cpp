@@ -3,6 +3,8 @@
 
 #include <QFile>
 
+#include "image/hex_line.h"
+
 namespace tolvex {
 
 namespace {
@@ -10,26 +12,6 @@ namespace {
 constexpr qsizetype kDataStart = 9;
 /// Nothing behind the 255th data byte is ever looked at.
 constexpr qsizetype kLongestRecord = kDataStart + 2 * 255;
-
-/// The rest of the line, without its end. The excess of an endless line (no HEX file at all) is
-/// passed over instead of kept.
-QString TakeLine(QFile& file) {
-    QString line;
-    char c = 0;
-    while (file.getChar(&c) && c != '\n') {
-        if (c == '\r') {
-            char next = 0;
-            if (file.getChar(&next) && next != '\n') {
-                file.ungetChar(next);
-            }
-            break;
-        }
-        if (line.size() < kLongestRecord) {
-            line += QLatin1Char(c);
-        }
-    }
-    return line;
-}
 
 int ByteAt(QStringView line, qsizetype position, ErrorFlag& flag) {
     return HexValue4(u"0", u"0", line.mid(position, 1), line.mid(position + 1, 1), flag);
@@ -67,7 +49,7 @@ HexReadResult ReadRecords(const QString& path, ErrorFlag& flag, Store store) {
         if (first != ':') {
             return HexReadResult::NoColon;
         }
-        if (!StoreRecord(TakeLine(file), flag, store)) {
+        if (!StoreRecord(QString::fromLatin1(TakeHexLine(file, kLongestRecord)), flag, store)) {
             return HexReadResult::Failed;
         }
     }
