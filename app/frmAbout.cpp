@@ -8,7 +8,7 @@
 #include <QHBoxLayout>
 #include <QIcon>
 
-#include "app/product.h"
+#include "base/product.h"
 
 namespace tolvex {
 

@@ -6,7 +6,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "app/frmBoardDrawing.h"
+#include "app/board_drawing.h"
 
 namespace tolvex {
 
@@ -16,7 +16,7 @@ frmIndex::frmIndex(QWidget* parent) : QDialog(parent) {
     setObjectName(u"frmIndex"_s);
     setWindowTitle(u"ボードの修正"_s);
 
-    auto* drawing = new frmBoardDrawing(PinNames(), this);
+    auto* drawing = new BoardDrawing(PinNames(), this);
     QLabel* firmware =
         AddText(u"Label3"_s,
                 u"２８pinマイコンを使用するときはファームウエアバージョンSW3.9以降が必要です。"_s);

@@ -7,8 +7,8 @@
 #include <QMimeData>
 #include <QUrl>
 
-#include "app/settings_keys.h"
-#include "platform/twips.h"
+#include "base/settings_keys.h"
+#include "widgets/twips.h"
 
 namespace tolvex {
 
@@ -36,9 +36,7 @@ QString DraggedFile(const QDropEvent& event) {
 }  // namespace
 
 frmMain::frmMain()
-    : area_(new QMdiArea(this)),
-      toolbar_(new frmToolbar(this)),
-      statusBar_(new frmStatusBar(this)) {
+    : area_(new QMdiArea(this)), toolbar_(new Toolbar(this)), statusBar_(new StatusBar(this)) {
     setObjectName(u"frmMain"_s);
     setWindowTitle(u"TOLVEX"_s);
     setContextMenuPolicy(

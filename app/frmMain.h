@@ -4,9 +4,10 @@
 #include <QMainWindow>
 #include <QMdiArea>
 
-#include "app/app.h"
-#include "app/frmStatusBar.h"
-#include "app/frmToolbar.h"
+#include "app/status_bar.h"
+#include "app/toolbar.h"
+#include "base/settings.h"
+#include "base/status_panels.h"
 
 namespace tolvex {
 
@@ -19,8 +20,8 @@ class frmMain : public QMainWindow, public StatusPanels {
     frmMain();
 
     QMdiArea& Area() { return *area_; }
-    frmToolbar& Toolbar() { return *toolbar_; }
-    frmStatusBar& StatusBar() { return *statusBar_; }
+    Toolbar& Tools() { return *toolbar_; }
+    StatusBar& Panels() { return *statusBar_; }
 
     void RestoreGeometry(const Settings& settings);
     /// Nothing while minimised.
@@ -40,8 +41,8 @@ class frmMain : public QMainWindow, public StatusPanels {
 
   private:
     QMdiArea* area_;
-    frmToolbar* toolbar_;
-    frmStatusBar* statusBar_;
+    Toolbar* toolbar_;
+    StatusBar* statusBar_;
 };
 
 }  // namespace tolvex

@@ -8,13 +8,13 @@
 #include "app/window_program.h"
 #include "platform/com_ports.h"
 #include "platform/event_loop_clock.h"
+#include "platform/help_window.h"
 #include "platform/program_folder.h"
 #include "platform/qt_serial_port.h"
 #include "platform/settings_file.h"
 #include "platform/single_instance.h"
 #include "platform/window_dialogs.h"
-#include "platform/window_fonts.h"
-#include "platform/window_help.h"
+#include "widgets/fonts.h"
 
 int main(int argc, char** argv) {
     using namespace tolvex;
@@ -45,6 +45,12 @@ int main(int argc, char** argv) {
     WindowDialogs dialogs([] { return QApplication::activeWindow(); });
     WindowHelp help;
 
-    WindowProgram program({port, clock, settings, folder.appDir, comPorts, dialogs, help});
+    WindowProgram program({.port = port,
+                           .clock = clock,
+                           .settings = settings,
+                           .folders = folder.appDir,
+                           .comPorts = comPorts,
+                           .dialogs = dialogs,
+                           .help = help});
     return program.Start() ? QApplication::exec() : 0;
 }

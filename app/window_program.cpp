@@ -6,29 +6,44 @@
 
 #include "app/frmAbout.h"
 #include "app/frmIndex.h"
-#include "app/product.h"
-#include "app/settings_keys.h"
+#include "base/product.h"
+#include "base/settings_keys.h"
 #include "link/frmCom.h"
 
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
-WindowProgram::WindowProgram(const Surroundings& around)
-    : around_(around),
+WindowProgram::WindowProgram(const Parts& parts)
+    : parts_(parts),
       setting_(new frmSetting),
       children_(window_.Area(), setting_),
       messages_(&window_, [this](QSize dialog) { return DialogPlace(dialog); }),
-      bench_({around.port, around.clock, around.settings, around.folders, window_, messages_,
-              children_, *setting_, around.dialogs, [this] { return window_.windowTitle(); },
-              [this] { ShowPortDialog(); }}),
+      bench_({.port = parts.port,
+              .clock = parts.clock,
+              .settings = parts.settings,
+              .folders = parts.folders,
+              .person = {.status = window_,
+                         .dialog = messages_,
+                         .windows = children_,
+                         .panel = *setting_,
+                         .dialogs = parts.dialogs},
+              .mainCaption = [this] { return window_.windowTitle(); },
+              .showPortDialog = [this] { ShowPortDialog(); }}),
       modify_(new frmModify(bench_.patch)),
       guard_([this](bool busy) { SetBusy(busy); }),
-      commands_({window_, children_, bench_, guard_, around.dialogs, [this] { ShowPortDialog(); },
-                 [this] { ShowBoardPanel(); }, [this] { ShowVersionPanel(); },
-                 [this] { around_.help.ShowContents(around_.folders.program + u"tolvex.hlp"_s); },
-                 [this] { ShutDown(); }}),
-      menus_(new frmMenus(commands_, &window_)) {
+      commands_({.window = window_,
+                 .children = children_,
+                 .bench = bench_,
+                 .guard = guard_,
+                 .dialogs = parts.dialogs,
+                 .showPortDialog = [this] { ShowPortDialog(); },
+                 .showBoardPanel = [this] { ShowBoardPanel(); },
+                 .showVersionPanel = [this] { ShowVersionPanel(); },
+                 .showHelp =
+                     [this] { parts_.help.ShowContents(parts_.folders.program + u"tolvex.hlp"_s); },
+                 .shutDown = [this] { ShutDown(); }}),
+      menus_(new MenuBar(commands_, &window_)) {
     window_.setMenuBar(menus_);
     setting_->PlacePatchFrame(modify_);
     ConnectBars();
@@ -36,9 +51,9 @@ WindowProgram::WindowProgram(const Surroundings& around)
 }
 
 void WindowProgram::ConnectBars() {
-    connect(&window_.Toolbar(), &frmToolbar::ButtonClicked, this,
+    connect(&window_.Tools(), &Toolbar::ButtonClicked, this,
             [this](const QString& key) { commands_.tbToolBar_ButtonClick(key); });
-    connect(&window_.StatusBar(), &frmStatusBar::PanelClicked, this,
+    connect(&window_.Panels(), &StatusBar::PanelClicked, this,
             [this](int panel) { commands_.sbStatusBar_PanelClick(panel); });
     connect(menus_->WindowMenu(), &QMenu::aboutToShow, this, &WindowProgram::ListWindows);
     connect(&window_, &frmMain::Closing, this, &WindowProgram::ShutDown);
@@ -58,7 +73,7 @@ void WindowProgram::ConnectSettingWindow() {
 }
 
 void WindowProgram::SetBusy(bool busy) {
-    window_.Toolbar().setEnabled(!busy);
+    window_.Tools().setEnabled(!busy);
     menus_->SetBusy(busy);
     setting_->SetBusy(busy);
     modify_->SetBusy(busy);
@@ -69,25 +84,25 @@ bool WindowProgram::Start() {
     MDIForm_Load();
     window_.setWindowTitle(u"Tolvex "_s + product::VersionText());
     bench_.selection.FillDeviceLists();
-    if (!around_.clock.Ended() && GetNumber(around_.settings, keys::IndexComFlag) == 0) {
+    if (!parts_.clock.Ended() && GetNumber(parts_.settings, keys::IndexComFlag) == 0) {
         guard_.Run([this] { ShowPortDialog(); });
-        SaveNumber(around_.settings, keys::IndexComFlag, 1);
+        SaveNumber(parts_.settings, keys::IndexComFlag, 1);
     }
-    return !around_.clock.Ended();
+    return !parts_.clock.Ended();
 }
 
 void WindowProgram::MDIForm_Load() {
-    window_.RestoreGeometry(around_.settings);
-    children_.ShowAll(around_.settings);
+    window_.RestoreGeometry(parts_.settings);
+    children_.ShowAll(parts_.settings);
     window_.show();
-    if (GetNumber(around_.settings, keys::IndexFirstFlag) == 0) {
+    if (GetNumber(parts_.settings, keys::IndexFirstFlag) == 0) {
         ShowBoardPanel();
-        SaveNumber(around_.settings, keys::IndexFirstFlag, 1);
+        SaveNumber(parts_.settings, keys::IndexFirstFlag, 1);
     }
 }
 
 void WindowProgram::ShutDown() {
-    if (around_.clock.Ended()) {
+    if (parts_.clock.Ended()) {
         return;
     }
     MDIForm_QueryUnload();
@@ -96,15 +111,15 @@ void WindowProgram::ShutDown() {
 
 void WindowProgram::MDIForm_QueryUnload() {
     if (!window_.isMinimized()) {
-        children_.SaveGeometry(around_.settings);
+        children_.SaveGeometry(parts_.settings);
     }
 }
 
 void WindowProgram::MDIForm_Unload() {
     bench_.listings.Retire();
-    window_.SaveGeometry(around_.settings);
+    window_.SaveGeometry(parts_.settings);
     bench_.connection.ClosePort();
-    around_.clock.End();
+    parts_.clock.End();
     messages_.Retire();
     QApplication::closeAllWindows();
     QApplication::quit();
@@ -167,7 +182,7 @@ QPoint WindowProgram::DialogPlace(QSize dialog) const {
 
 QStringList WindowProgram::PortToolTips() const {
     QStringList tips;
-    for (const ComPort& port : around_.comPorts.All()) {
+    for (const ComPort& port : parts_.comPorts.All()) {
         if (!port.present) {
             tips << QString();
         } else {

@@ -3,21 +3,20 @@
 
 #include <memory>
 
-#include "app/app.h"
-#include "app/frmChildWindows.h"
+#include "app/child_windows.h"
 #include "app/frmMain.h"
-#include "app/frmMainCommands.h"
-#include "app/frmMenus.h"
+#include "app/main_commands.h"
+#include "app/menu_bar.h"
 #include "app/run_guard.h"
-#include "app/workbench.h"
-#include "device/frmMessageWindow.h"
+#include "base/dialogs.h"
+#include "base/event_clock.h"
+#include "base/help_viewer.h"
+#include "base/serial_port.h"
 #include "device/frmSetting.h"
+#include "device/message_window.h"
 #include "image/frmModify.h"
 #include "platform/com_ports.h"
-#include "platform/dialogs.h"
-#include "platform/event_clock.h"
-#include "platform/help_viewer.h"
-#include "platform/serial_port.h"
+#include "workbench/workbench.h"
 
 namespace tolvex {
 
@@ -28,7 +27,7 @@ class WindowProgram : public QObject {
 
   public:
     /// Borrowed; all of it outlives the program.
-    struct Surroundings {
+    struct Parts {
         SerialPort& port;
         EventClock& clock;
         Settings& settings;
@@ -38,7 +37,7 @@ class WindowProgram : public QObject {
         HelpViewer& help;
     };
 
-    explicit WindowProgram(const Surroundings& around);
+    explicit WindowProgram(const Parts& parts);
 
     /// From the window's layout to the port dialog of a first start. False when the person closed
     /// the program meanwhile.
@@ -66,7 +65,7 @@ class WindowProgram : public QObject {
     QPoint DialogPlace(QSize dialog) const;
     QStringList PortToolTips() const;
 
-    Surroundings around_;
+    Parts parts_;
     frmMain window_;
     frmSetting* setting_;  ///< owned by the window's area
     ChildWindows children_;
@@ -75,7 +74,7 @@ class WindowProgram : public QObject {
     frmModify* modify_;  ///< owned by the settings window
     RunGuard guard_;
     MainCommands commands_;
-    frmMenus* menus_;  ///< owned by the window
+    MenuBar* menus_;  ///< owned by the window
 };
 
 }  // namespace tolvex

@@ -15,7 +15,7 @@ CheckCommand::CheckCommand()
                   u"HEX ファイルを厳密に調べる。"_s}) {}
 
 int CheckCommand::Run(Session& session, const Call& call) {
-    const CurrentDevice& device = session.Bench().device;
+    const CurrentDevice& device = session.Bench().state.device;
     QJsonArray files;
     bool clean = true;
     for (const QString& path : call.arguments) {

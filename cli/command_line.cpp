@@ -4,7 +4,7 @@
 #include <QJsonDocument>
 #include <algorithm>
 
-#include "app/product.h"
+#include "base/product.h"
 #include "cli/command.h"
 #include "cli/device_choice.h"
 #include "cli/port_choice.h"

@@ -35,15 +35,15 @@ int DetectCommand::Run(Session& session, const Call&) {
         return status;
     }
     const Workbench& bench = session.Bench();
-    const auto& writer = bench.detection.LastIdentity();
-    const auto& row = *std::ranges::find(kVerdicts, bench.check.Verdict(), &VerdictRow::verdict);
+    const auto& writer = session.Identity();
+    const auto& row = *std::ranges::find(kVerdicts, session.Verdict(), &VerdictRow::verdict);
     session.Print(u"ライタ: %1"_s.arg(writer.identifier));
     session.Print(u"ファームウエア: %1"_s.arg(writer.softwareVersion));
     session.Print(u"ハードウエア: %1"_s.arg(writer.hardwareVersion));
     session.Print(u"シグネチャ: %1"_s.arg(session.Person().Panel(kSignaturePanel)));
-    session.Print(u"デバイス: %1 (%2)"_s.arg(bench.device.name, row.text));
+    session.Print(u"デバイス: %1 (%2)"_s.arg(bench.state.device.name, row.text));
     session.Report()[u"chip"_s] = row.key.toString();
-    return session.Judge(bench.check.Verdict() == ChipVerdict::Accepted, "chipRefused",
+    return session.Judge(session.Verdict() == ChipVerdict::Accepted, "chipRefused",
                          u"チップがデバイスと合いません: %1"_s.arg(row.text));
 }
 

@@ -104,7 +104,7 @@ std::optional<Diagnosis> Examine(Session& session) {
     if (!facts.permitted) {
         return Forbidden(path, facts);
     }
-    const bool found = session.Bench().detection.WriterCheck();
+    const bool found = static_cast<bool>(session.Bench().detection.WriterCheck());
     if (session.Port().OpenFailed()) {
         return Busy(path, facts, session.PortError());
     }

@@ -28,8 +28,8 @@ int EraseCommand::Run(Session& session, const Call& call) {
     const double seconds = EraseTime().count();
     session.Tell(u"チップ全体を消去します: 約 %1 秒"_s.arg(seconds, 0, 'f', 1));
     session.Report()[u"plan"_s] = QJsonObject{{u"seconds"_s, seconds}};
-    session.Bench().toolbar.Click(u"Erase");
-    const bool erased = session.Bench().erase.Erased();
+    const ChainResult result = session.RunChain(u"Erase");
+    const bool erased = result.erase && result.erase->erased;
     session.Report()[u"erased"_s] = erased;
     return session.Judge(erased, "notErased", u"消去を確認できませんでした。"_s);
 }

@@ -17,10 +17,7 @@ int FuseSession::Read() {
     if (const int status = session_.RequirePort()) {
         return status;
     }
-    Workbench& bench = session_.Bench();
-    bench.lockFuse.cmdFuseRead_Click();
-    // Detection, which comes first, leaves the port closed when it fails.
-    const bool read = bench.connection.IsOpen() && !bench.errorFlag.Failed();
+    const bool read = session_.RunFuses(&LockFuseBits::cmdFuseRead_Click).done;
     return session_.Judge(read, "fuseReadFailed", u"Lock/Fuse ビットを読めません。"_s);
 }
 
@@ -30,9 +27,7 @@ int FuseSession::Write(const QList<FuseChoice>& choices) {
         return before;
     }
     ShowChange(choices);
-    Workbench& bench = session_.Bench();
-    bench.lockFuse.cmdFuseWrite_Click();
-    const bool written = bench.connection.IsOpen() && !bench.errorFlag.Failed();
+    const bool written = session_.RunFuses(&LockFuseBits::cmdFuseWrite_Click).done;
     session_.Report()[u"options"_s] = SelectionJson(session_.Lists());
     const int status =
         session_.Judge(written, "fuseWriteFailed", u"Lock/Fuse ビットを書けません。"_s);
@@ -57,7 +52,7 @@ int FuseSession::Confirm() {
 
 void FuseSession::ShowChange(const QList<FuseChoice>& choices) {
     OptionLists& lists = session_.Lists();
-    const FuseGroup group = session_.Bench().device.fuseGroup;
+    const FuseGroup group = session_.Bench().state.device.fuseGroup;
     const auto fusesBefore = EncodeFuses(group, lists);
     const int lockBefore = EncodeLock(lists.SelectedOption(OptionList::LockBit));
     for (const FuseChoice& choice : choices) {

@@ -61,7 +61,7 @@ ImageFiles ImageFiles::ToWrite(const QStringList& arguments) {
 }
 
 int ProveFiles(Session& session, const ImageFiles& files, bool force) {
-    const CurrentDevice& device = session.Bench().device;
+    const CurrentDevice& device = session.Bench().state.device;
     const int sizes[] = {2 * device.flashWords, device.eepromBytes};
     const int* size = sizes;
     for (const QString& path : {files.code, files.data}) {
@@ -82,12 +82,12 @@ int ProveFiles(Session& session, const ImageFiles& files, bool force) {
 
 void FillImages(Session& session, const ImageFiles& files) {
     Workbench& bench = session.Bench();
-    bench.images.ClearFlashImage();
-    bench.images.ClearEepromImage();
-    const bool code =
-        ReadCodeHex(files.code, bench.images.flash, bench.errorFlag) == HexReadResult::Complete;
-    const bool data =
-        ReadDataHex(files.data, bench.images.eeprom, bench.errorFlag) == HexReadResult::Complete;
+    bench.state.images.ClearFlashImage();
+    bench.state.images.ClearEepromImage();
+    const bool code = ReadCodeHex(files.code, bench.state.images.flash, bench.state.errorFlag) ==
+                      HexReadResult::Complete;
+    const bool data = ReadDataHex(files.data, bench.state.images.eeprom, bench.state.errorFlag) ==
+                      HexReadResult::Complete;
     if (!code) {
         session.Person().SetStatusText(kMessagePanel, u"HEX ファイルのオープンエラー"_s);
     }
@@ -99,12 +99,13 @@ void FillImages(Session& session, const ImageFiles& files) {
 int WriteImages(Session& session, const ImageFiles& files) {
     const Workbench& bench = session.Bench();
     const int status = CheckWritten(
-        session, files.code, WriteCodeHex(files.code, bench.images.flash, bench.device.flashWords));
+        session, files.code,
+        WriteCodeHex(files.code, bench.state.images.flash, bench.state.device.flashWords));
     return status != kDone || files.data.isEmpty()
                ? status
-               : CheckWritten(
-                     session, files.data,
-                     WriteDataHex(files.data, bench.images.eeprom, bench.device.eepromBytes));
+               : CheckWritten(session, files.data,
+                              WriteDataHex(files.data, bench.state.images.eeprom,
+                                           bench.state.device.eepromBytes));
 }
 
 }  // namespace tolvex

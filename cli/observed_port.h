@@ -4,7 +4,7 @@
 #include <functional>
 #include <vector>
 
-#include "platform/serial_port.h"
+#include "base/serial_port.h"
 
 namespace tolvex {
 

@@ -3,7 +3,7 @@
 
 #include <QMap>
 
-#include "device/device.h"
+#include "base/setting_panel.h"
 
 namespace tolvex {
 
@@ -23,7 +23,6 @@ class OptionLists : public SettingPanel {
     void SelectOption(OptionList list, int entry) override { selected_[list] = entry; }
     void ShowOption(OptionList list, bool on) override { shown_[list] = on; }
     void EnableFuseRead(bool enabled) override { readable_ = enabled; }
-    void EnableFuseWrite(bool) override {}
     void FillDevices(const QStringList&) override {}
     void MarkDevice(int) override {}
     void ShowSizes(const QString&, const QString&) override {}

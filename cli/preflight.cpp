@@ -37,7 +37,7 @@ int Preflight::ProveChip(Session& session) const {
 
 int Preflight::JudgeChip(Session& session) const {
     const bool mustRead = keepEeprom || !backup.isEmpty();
-    switch (session.Bench().check.Verdict()) {
+    switch (session.Verdict()) {
         case ChipVerdict::Accepted:
             return kDone;
         case ChipVerdict::Protected:
@@ -66,12 +66,11 @@ int Preflight::SaveChip(Session& session) const {
     if (!keepEeprom && backup.isEmpty()) {
         return kDone;
     }
-    Workbench& bench = session.Bench();
-    bench.toolbar.Click(u"Read");
+    const ChainResult result = session.RunChain(u"Read");
     if (session.Port().Stopped()) {
         return kDone;
     }
-    if (!bench.read.Complete()) {
+    if (!result.read || !result.read->Complete()) {
         return session.Judge(false, "readFailed",
                              u"チップを読めません。チップには何も書いていません。"_s);
     }
@@ -80,7 +79,7 @@ int Preflight::SaveChip(Session& session) const {
 
 int Preflight::WriteBackup(Session& session) const {
     const QString stem =
-        QDir(backup).filePath(PartNumber(session.Bench().device.name) + u'-' +
+        QDir(backup).filePath(PartNumber(session.Bench().state.device.name) + u'-' +
                               QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss"_s));
     QString base = stem;
     for (int again = 2; QFileInfo::exists(base + u".hex"_s); ++again) {

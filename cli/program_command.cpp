@@ -28,12 +28,9 @@ int ProgramCommand::Run(Session& session, const Call& call) {
         return status;
     }
     TellPlan(session);
-    Workbench& bench = session.Bench();
-    bench.toolbar.Click(u"Program");
-    const auto& outcome = bench.program.LastOutcome();
-    const bool written = bench.erase.Erased() && !outcome.flashFailed && !outcome.eepromFailed;
-    const bool verified =
-        written && (outcome.nothingToWrite || bench.verify.LastFindings().Matches());
+    const ChainResult result = session.RunChain(u"Program");
+    const bool verified = result.erase && result.erase->erased && result.program &&
+                          (result.program->nothingToWrite || result.program->Verified());
     session.Report()[u"verified"_s] = verified;
     if (!verified && !session.Port().Stopped()) {
         session.Remark(session.Chip().Text());
@@ -62,24 +59,24 @@ int ProgramCommand::Prepare(Session& session, const Call& call) {
             return status;
         }
     }
-    const EepromImage kept = session.Bench().images.eeprom;
+    const EepromImage kept = session.Bench().state.images.eeprom;
     FillImages(session, files);
     if (preflight.keepEeprom) {
-        session.Bench().images.eeprom = kept;
+        session.Bench().state.images.eeprom = kept;
     }
     return kDone;
 }
 
 void ProgramCommand::TellPlan(Session& session) {
     const Workbench& bench = session.Bench();
-    const int lastWord = LastUsedWord(bench.images.flash, bench.device.flashWords);
+    const int lastWord = LastUsedWord(bench.state.images.flash, bench.state.device.flashWords);
     WritePlan plan;
     plan.flashWords = lastWord < 0 ? 0 : std::max(lastWord, 1) + 1;
-    plan.eepromExtent = LastUsedByte(bench.images.eeprom, bench.device.eepromBytes) + 1;
+    plan.eepromExtent = LastUsedByte(bench.state.images.eeprom, bench.state.device.eepromBytes) + 1;
     plan.eepromBytes =
-        plan.eepromExtent -
-        static_cast<int>(std::count(bench.images.eeprom.begin(),
-                                    bench.images.eeprom.begin() + plan.eepromExtent, kErased));
+        plan.eepromExtent - static_cast<int>(std::count(
+                                bench.state.images.eeprom.begin(),
+                                bench.state.images.eeprom.begin() + plan.eepromExtent, kErased));
     const double seconds = ProgramTime(plan).count();
     session.Tell(
         u"消去して書き込みます: Flash %1 word, EEPROM %2 byte, 約 %3 秒"_s.arg(plan.flashWords)

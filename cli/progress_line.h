@@ -3,8 +3,8 @@
 
 #include <QString>
 
+#include "base/event_clock.h"
 #include "cli/console.h"
-#include "platform/event_clock.h"
 
 namespace tolvex {
 

@@ -15,8 +15,8 @@ int ReadCommand::Run(Session& session, const Call& call) {
     if (const int status = session.RequirePort()) {
         return status;
     }
-    session.Bench().toolbar.Click(u"Read");
-    int status = session.Judge(session.Bench().read.Complete(), "readFailed",
+    const ChainResult result = session.RunChain(u"Read");
+    int status = session.Judge(result.read && result.read->Complete(), "readFailed",
                                u"チップを読めません。ファイルは書いていません。"_s);
     if (status != kDone || session.Port().Stopped()) {
         return status;

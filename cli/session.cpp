@@ -4,7 +4,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
-#include "app/settings_keys.h"
+#include "base/settings_keys.h"
 #include "cli/device_choice.h"
 
 namespace tolvex {
@@ -30,7 +30,6 @@ Session::Session(const CliSurroundings& around, const CommonOptions& options,
                  const QString& command)
     : around_(around),
       options_(options),
-      folders_{listings_.path() + u'/', listings_.path() + u'/'},
       settings_(SettingsFor(around.settings, options)),
       trace_(around.clock),
       port_(around.port, around.stopAsked),
@@ -38,12 +37,21 @@ Session::Session(const CliSurroundings& around, const CommonOptions& options,
       person_(around_.console, clock_,
               {!options.json && !options.quiet, !options.quiet,
                [this] { return deaf_ || port_.Stopped(); }}),
-      bench_({port_, clock_, settings_, folders_, person_, person_, person_, lists_, person_,
-              [] { return u"tolvex-cli"_s; }, [] {}}) {
+      bench_({.port = port_,
+              .clock = clock_,
+              .settings = settings_,
+              .folders = folders_,
+              .person = {.status = person_,
+                         .dialog = person_,
+                         .windows = person_,
+                         .panel = lists_,
+                         .dialogs = person_},
+              .mainCaption = [] { return u"tolvex-cli"_s; },
+              .showPortDialog = [] {}}) {
     port_.AddListener(chip_);
     bench_.selection.FillDeviceLists();
     report_[u"command"_s] = command;
-    report_[u"device"_s] = PartNumber(bench_.device.name);
+    report_[u"device"_s] = PartNumber(bench_.state.device.name);
     if (PortNumber() != 0) {
         report_[u"port"_s] = QJsonObject{{u"number"_s, PortNumber()}, {u"path"_s, PortPath()}};
     }
@@ -106,15 +114,37 @@ int Session::RequirePort() {
                                     u"ポートが選ばれていません。--port で指定してください。"_s);
 }
 
+ChainResult Session::RunChain(QStringView key) {
+    ChainResult result = bench_.toolbar.Click(key);
+    detection_ = result.detection;
+    for (const ChipReading& reading : {result.chip.value_or(ChipReading{}),
+                                       result.program ? result.program->chip : ChipReading{},
+                                       result.read ? result.read->chip : ChipReading{},
+                                       result.verify ? result.verify->chip : ChipReading{}}) {
+        if (reading.verdict != ChipVerdict::NoReply) {
+            reading_ = reading;
+        }
+    }
+    return result;
+}
+
+LockFuseResult Session::RunFuses(LockFuseResult (LockFuseBits::*operation)()) {
+    LockFuseResult result = (bench_.lockFuse.*operation)();
+    detection_ = result.detection;
+    reading_ = result.chip;
+    return result;
+}
+
 int Session::DetectChip() {
     if (const int status = RequirePort()) {
         return status;
     }
-    if (bench_.detection.WriterCheck()) {
-        bench_.errorFlag.Clear();
-        bench_.check.CheckDevice();
+    detection_ = bench_.detection.WriterCheck();
+    if (detection_) {
+        bench_.state.errorFlag.Clear();
+        reading_ = bench_.check.CheckDevice();
     }
-    return Judge(bench_.check.Verdict() != ChipVerdict::NoReply, "noSignature",
+    return Judge(reading_.verdict != ChipVerdict::NoReply, "noSignature",
                  u"シグネチャを読めません。"_s);
 }
 
@@ -126,7 +156,7 @@ int Session::Judge(bool success, const char* code, const QString& text) {
         return Fail(kNoPort, "portNotOpened",
                     u"ポート %1 を開けません: %2"_s.arg(PortName(), PortError()));
     }
-    if (!bench_.detection.Found()) {
+    if (!detection_.found) {
         return Fail(kRefused, "writerNotFound", u"ライタが見つかりません: %1"_s.arg(PortName()));
     }
     return Fail(kRefused, code, text);
@@ -150,13 +180,13 @@ int Session::Finish(int status) {
 }
 
 void Session::ReportFindings() {
-    const auto& identity = bench_.detection.LastIdentity();
-    if (bench_.detection.Found()) {
+    const WriterIdentity& identity = detection_.identity;
+    if (detection_.found) {
         report_[u"writer"_s] = QJsonObject{{u"identifier"_s, identity.identifier},
                                            {u"firmware"_s, identity.softwareVersion},
                                            {u"hardware"_s, identity.hardwareVersion}};
     }
-    if (bench_.check.Verdict() != ChipVerdict::NoReply) {
+    if (reading_.verdict != ChipVerdict::NoReply) {
         report_[u"signature"_s] = person_.Panel(kSignaturePanel);
     }
     if (chip_.Touched()) {

@@ -2,11 +2,9 @@
 #pragma once
 
 #include <QJsonObject>
-#include <QTemporaryDir>
 #include <functional>
 #include <optional>
 
-#include "app/workbench.h"
 #include "cli/chip_record.h"
 #include "cli/console.h"
 #include "cli/exit_status.h"
@@ -19,6 +17,7 @@
 #include "cli/terminal_person.h"
 #include "cli/trace_file.h"
 #include "platform/com_ports.h"
+#include "workbench/workbench.h"
 
 namespace tolvex {
 
@@ -82,7 +81,13 @@ class Session {
 
     /// `kDone` when a port was chosen at all, else the status of a failure that has been told.
     int RequirePort();
-    /// Detects the writer and checks the chip in the socket; its verdict is in `Bench().check`.
+    /// Runs a chain of the toolbar, or a read or write of lock and fuse bits, and keeps what it
+    /// said of writer and chip for the report.
+    ChainResult RunChain(QStringView key);
+    LockFuseResult RunFuses(LockFuseResult (LockFuseBits::*operation)());
+    const WriterIdentity& Identity() const { return detection_.identity; }
+    ChipVerdict Verdict() const { return reading_.verdict; }
+    /// Detects the writer and checks the chip in the socket.
     /// `kDone`, or the status of a failure that has been told.
     int DetectChip();
     /// The status after an operation that succeeded or not. A failure is told under `code`, unless
@@ -99,7 +104,6 @@ class Session {
 
     CliSurroundings around_;
     CommonOptions options_;
-    QTemporaryDir listings_;  ///< nobody reads the listings of a tool without windows
     AppDir folders_;
     FixedSettings settings_;
     ChipRecord chip_;
@@ -110,6 +114,8 @@ class Session {
     TerminalPerson person_;
     OptionLists lists_;
     Workbench bench_;
+    DetectionResult detection_;
+    ChipReading reading_;
     QJsonObject report_;
 };
 

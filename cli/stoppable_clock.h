@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/event_clock.h"
 #include "cli/observed_port.h"
-#include "platform/event_clock.h"
 
 namespace tolvex {
 

@@ -5,12 +5,12 @@
 #include <QStringList>
 #include <functional>
 
-#include "app/app.h"
+#include "base/dialogs.h"
+#include "base/listing_windows.h"
+#include "base/message_dialog.h"
+#include "base/status_panels.h"
 #include "cli/console.h"
 #include "cli/progress_line.h"
-#include "device/device.h"
-#include "image/image.h"
-#include "platform/dialogs.h"
 
 namespace tolvex {
 

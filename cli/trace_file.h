@@ -3,8 +3,8 @@
 
 #include <QFile>
 
+#include "base/event_clock.h"
 #include "cli/observed_port.h"
-#include "platform/event_clock.h"
 
 namespace tolvex {
 

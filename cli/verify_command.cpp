@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QJsonArray Json(const QList<VerifyOperation::Difference>& differences) {
+QJsonArray Json(const QList<VerifyResult::Difference>& differences) {
     QJsonArray array;
     for (const auto& difference : differences) {
         array << QJsonObject{{u"memory"_s, difference.flash ? u"flash"_s : u"eeprom"_s},
@@ -47,12 +47,14 @@ int VerifyCommand::Run(Session& session, const Call& call) {
     if (force) {
         bench.check.TolerateMismatch();
     }
-    bench.toolbar.Click(u"Verify");
-    const auto& findings = bench.verify.LastFindings();
+    const VerifyResult findings = session.RunChain(u"Verify").verify.value_or(VerifyResult{});
+    if (!findings.differences.isEmpty()) {
+        session.Print(QString::fromLatin1(findings.report).remove(u'\r').trimmed());
+    }
     session.Report()[u"verified"_s] = findings.Matches();
     session.Report()[u"differences"_s] = Json(findings.differences);
     const bool differs = findings.flashDiffers || findings.eepromDiffers;
-    const bool failed = findings.flashFailed || findings.eepromFailed || !findings.compared;
+    const bool failed = !findings.flashCompared || !findings.eepromCompared;
     return differs && !failed
                ? session.Judge(false, "differs", u"チップの内容がファイルと違います。"_s)
                : session.Judge(!failed, "notVerified", u"ベリファイできませんでした。"_s);

@@ -24,12 +24,6 @@ std::span<const DeviceRecord> Catalogue() {
     return kCatalogue;
 }
 
-const DeviceRecord* FindDevice(const QString& name) {
-    const auto rows = Catalogue();
-    const auto row = std::ranges::find(rows, name, &DeviceRecord::name);
-    return row == rows.end() ? nullptr : &*row;
-}
-
 int FlashWordsOfSizeCode(std::uint8_t sizeCode) {
     struct SizeCode {
         std::uint8_t code;

@@ -17,67 +17,69 @@ constexpr int kLockEntryUnprotected = 2;
 
 }  // namespace
 
-void DeviceCheck::CheckDevice() {
-    context_.writer.EnterProgrammingMode(context_.errorFlag);
-    context_.waiting.WaitSeconds(1);
-    CheckSignature();
-    context_.writer.LeaveProgrammingMode(context_.errorFlag);
+ChipReading DeviceCheck::CheckDevice() {
+    writer_.EnterProgrammingMode(flag_);
+    waiting_.WaitSeconds(1);
+    ChipReading reading = CheckSignature();
+    writer_.LeaveProgrammingMode(flag_);
+    reading.passed = !flag_.Failed();
+    return reading;
 }
 
-void DeviceCheck::CheckSignature() {
-    context_.status.SetStatusText(kSignaturePanel, u"--:--:--"_s);
-    detectedFlashWords_ = kFlashWordsOfUnknown;
-    verdict_ = ChipVerdict::NoReply;
-    signature_ = {};
-    if (ReadKnownSignature()) {
-        Judge(signature_[1]);
+ChipReading DeviceCheck::CheckSignature() {
+    ChipReading reading;
+    person_.status.SetStatusText(kSignaturePanel, u"--:--:--"_s);
+    const int flashWords = ReadSignature(reading);
+    if (flashWords != 0) {
+        reading.verdict = Judge(reading.signature[1], flashWords);
     }
+    reading.passed = !flag_.Failed();
+    return reading;
 }
 
 /// Asks again while the size code is unknown, since a chip that has just entered programming mode
-/// may need a moment. False after a time-out, which the command has reported.
-bool DeviceCheck::ReadKnownSignature() {
+/// may need a moment. After a time-out, which the command has reported, nothing is judged.
+int DeviceCheck::ReadSignature(ChipReading& reading) {
+    auto& signature = reading.signature;
     for (int attempt = 0; attempt < kAttempts; ++attempt) {
-        if (!context_.writer.ReadSignature(signature_, context_.errorFlag)) {
-            return false;
+        if (!writer_.ReadSignature(signature, flag_)) {
+            return 0;
         }
-        context_.status.SetStatusText(
+        person_.status.SetStatusText(
             kSignaturePanel,
-            HexByte(signature_[2]) + u':' + HexByte(signature_[1]) + u':' + HexByte(signature_[0]));
-        const int words = FlashWordsOfSizeCode(signature_[1]);
-        if (words != 0) {
-            detectedFlashWords_ = words;
-            break;
+            HexByte(signature[2]) + u':' + HexByte(signature[1]) + u':' + HexByte(signature[0]));
+        if (const int words = FlashWordsOfSizeCode(signature[1]); words != 0) {
+            return words;
         }
     }
-    return true;
+    return kFlashWordsOfUnknown;
 }
 
-void DeviceCheck::Judge(std::uint8_t sizeCode) {
+ChipVerdict DeviceCheck::Judge(std::uint8_t sizeCode, int flashWords) {
     if (sizeCode <= kHighestProtectedCode) {
-        verdict_ = ChipVerdict::Protected;
-        context_.panel.SelectOption(OptionList::LockBit, kLockEntryUnprotected);
-        Reject(
-            u"デバイスがプロテクトされています。\r\n"
-            "チップイレース(<消 Erase>ボタン)を実行してください。"_s);
-    } else if (sizeCode == kEmptySocketCode) {
-        verdict_ = ChipVerdict::EmptySocket;
-        Reject(u"デバイスが、ソケットにセットされていません。"_s);
-    } else if (detectedFlashWords_ != context_.device.flashWords) {
-        verdict_ = ChipVerdict::Mismatch;
-        Reject(
+        person_.panel.SelectOption(OptionList::LockBit, kLockEntryUnprotected);
+        return Reject(ChipVerdict::Protected,
+                      u"デバイスがプロテクトされています。\r\n"
+                      "チップイレース(<消 Erase>ボタン)を実行してください。"_s);
+    }
+    if (sizeCode == kEmptySocketCode) {
+        return Reject(ChipVerdict::EmptySocket, u"デバイスが、ソケットにセットされていません。"_s);
+    }
+    if (flashWords != device_.flashWords) {
+        return Reject(
+            ChipVerdict::Mismatch,
             u"デバイス選択と、ソケット上のデバイスが一致しません。\r\n"
             "購入直後のデバイスを使用する場合は、チップイレース(<消 Erase>ボタン)を実行してください。"_s);
-    } else {
-        verdict_ = ChipVerdict::Accepted;
     }
+    return ChipVerdict::Accepted;
 }
 
-void DeviceCheck::Reject(const QString& message) {
-    context_.dialog.ShowMessage(MessageMode::Message, message);
-    if (!tolerant_ || verdict_ != ChipVerdict::Mismatch) {
-        context_.errorFlag.Set();
+ChipVerdict DeviceCheck::Reject(ChipVerdict verdict, const QString& message) {
+    person_.dialog.ShowMessage(MessageMode::Message, message);
+    if (!tolerant_ || verdict != ChipVerdict::Mismatch) {
+        flag_.Set();
     }
+    return verdict;
 }
 
 }  // namespace tolvex

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "device/device_selection.h"
 
-#include "app/settings_keys.h"
+#include <algorithm>
+
+#include "base/settings_keys.h"
 #include "device/catalogue.h"
 
 namespace tolvex {
@@ -34,12 +36,9 @@ const QList<OptionRow>& OptionRows() {
 }
 
 int PresetOf(OptionList list) {
-    for (const OptionRow& row : OptionRows()) {
-        if (row.list == list) {
-            return row.preset;
-        }
-    }
-    return 0;
+    const auto row = std::ranges::find(OptionRows(), list, &OptionRow::list);
+    Q_ASSERT(row != OptionRows().end());
+    return row->preset;
 }
 
 }  // namespace
@@ -52,30 +51,26 @@ void ResetOptions(SettingPanel& panel) {
 
 void DeviceSelection::FillDeviceLists() {
     for (const OptionRow& row : OptionRows()) {
-        parts_.panel.FillOptions(row.list, row.entries);
-        parts_.panel.SelectOption(row.list, row.preset);
+        panel_.FillOptions(row.list, row.entries);
+        panel_.SelectOption(row.list, row.preset);
     }
     QStringList names;
     for (const DeviceRecord& record : Catalogue()) {
         names << record.name;
     }
-    parts_.panel.FillDevices(names);
-    SelectDevice(static_cast<int>(GetNumber(parts_.settings, keys::Device)));
+    panel_.FillDevices(names);
+    SelectDevice(static_cast<int>(GetNumber(settings_, keys::Device)));
 }
 
-bool DeviceSelection::SelectDevice(int index) {
-    parts_.panel.MarkDevice(index);
+void DeviceSelection::SelectDevice(int index) {
+    panel_.MarkDevice(index);
     ApplyDeviceRecord(index);
-    parts_.settings.SaveSetting(QString::fromLatin1(keys::Device.name), QString::number(index));
-    parts_.panel.ShowSizes(u"Programメモリサイズ : %1 word"_s.arg(parts_.device.flashWords),
-                           u"EEPROM メモリサイズ : %1 byte"_s.arg(parts_.device.eepromBytes));
-    const bool rebuilt =
-        parts_.listings.WriteFlashListing() && parts_.listings.ShowFlashListing() &&
-        parts_.listings.WriteEepromListing() && parts_.listings.ShowEepromListing();
-    if (rebuilt) {
-        parts_.panel.ShowPatchPanel();
+    settings_.SaveSetting(QString::fromLatin1(keys::Device.name), QString::number(index));
+    panel_.ShowSizes(u"Programメモリサイズ : %1 word"_s.arg(device_.flashWords),
+                     u"EEPROM メモリサイズ : %1 byte"_s.arg(device_.eepromBytes));
+    if (listings_.RefreshFlashListing() && listings_.RefreshEepromListing()) {
+        panel_.ShowPatchPanel();
     }
-    return rebuilt;
 }
 
 void DeviceSelection::ApplyDeviceRecord(int index) {
@@ -83,10 +78,8 @@ void DeviceSelection::ApplyDeviceRecord(int index) {
     if (index < 0 || index >= static_cast<int>(catalogue.size())) {
         return;
     }
-    const DeviceRecord& record = catalogue[static_cast<std::size_t>(index)];
-    parts_.device = {record.name, record.deviceCode, record.flashWords, record.eepromBytes,
-                     record.fuseGroup};
-    ShowFuseControls(record.fuseGroup);
+    device_ = catalogue[static_cast<std::size_t>(index)];
+    ShowFuseControls(device_.fuseGroup);
 }
 
 void DeviceSelection::ShowFuseControls(FuseGroup group) {
@@ -99,17 +92,15 @@ void DeviceSelection::ShowFuseControls(FuseGroup group) {
         {OptionList::BODEN, FuseGroup::BOD_CKSEL}, {OptionList::BODLEVEL, FuseGroup::BOD_CKSEL},
         {OptionList::CKSEL, FuseGroup::BOD_CKSEL},
     };
-    SettingPanel& panel = parts_.panel;
-    panel.ShowOption(OptionList::LockBit, true);
-    panel.EnableFuseWrite(true);
+    panel_.ShowOption(OptionList::LockBit, true);
     // Chips without fuses can't be asked for their lock bits either.
-    panel.EnableFuseRead(group != FuseGroup::LockOnly);
+    panel_.EnableFuseRead(group != FuseGroup::LockOnly);
     for (const FuseRow& row : kFuseRows) {
         const bool on = row.group == group;
         if (on) {
-            panel.SelectOption(row.list, PresetOf(row.list));
+            panel_.SelectOption(row.list, PresetOf(row.list));
         }
-        panel.ShowOption(row.list, on);
+        panel_.ShowOption(row.list, on);
     }
 }
 

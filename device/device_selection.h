@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/app.h"
-#include "device/device.h"
+#include "base/person.h"
+#include "base/program_state.h"
+#include "base/settings.h"
 #include "image/image.h"
 
 namespace tolvex {
@@ -14,24 +15,32 @@ void ResetOptions(SettingPanel& panel);
 class DeviceSelection {
   public:
     struct Parts {
-        CurrentDevice& device;
         Settings& settings;
-        SettingPanel& panel;
         Listings& listings;
+        const Person& person;
+        ProgramState& state;
     };
 
-    explicit DeviceSelection(const Parts& parts) : parts_(parts) {}
+    explicit DeviceSelection(const Parts& parts)
+        : settings_(parts.settings),
+          listings_(parts.listings),
+          panel_(parts.person.panel),
+          device_(parts.state.device) {}
 
     /// Once, at start-up: fills all lists and selects the stored device.
     void FillDeviceLists();
-    /// The person chose the entry `index`; -1 = none. False when a listing could not be rebuilt.
-    bool SelectDevice(int index);
+    /// The person chose the entry `index`; -1 = none. Ends early, without a message, when a listing
+    /// can't be rebuilt.
+    void SelectDevice(int index);
 
   private:
     void ApplyDeviceRecord(int index);
     void ShowFuseControls(FuseGroup group);
 
-    Parts parts_;
+    Settings& settings_;
+    Listings& listings_;
+    SettingPanel& panel_;
+    CurrentDevice& device_;
 };
 
 }  // namespace tolvex

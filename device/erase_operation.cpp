@@ -5,17 +5,14 @@ namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
-bool EraseOperation::EraseChip() {
-    ErrorFlag& flag = context_.errorFlag;
-    context_.dialog.ShowMessage(MessageMode::Progress, u"Eraseing Flash & EEPROM memory !"_s);
-    flag.Clear();
-    context_.writer.EnterProgrammingMode(flag);
-    context_.writer.ChipErase(flag);
-    const bool ended =
-        context_.EndPhase(OperationContext::Memory::Eeprom, u"Flash & EEPROM メモリクリアー失敗"_s,
-                          u"Flash & EEPROM メモリクリアー失敗"_s);
-    erased_ = !flag.Failed();
-    return ended;
+EraseResult EraseOperation::EraseChip() {
+    person_.dialog.ShowMessage(MessageMode::Progress, u"Eraseing Flash & EEPROM memory !"_s);
+    flag_.Clear();
+    writer_.EnterProgrammingMode(flag_);
+    writer_.ChipErase(flag_);
+    const PhaseEnd end = EndPhase(Memory::Eeprom, u"Flash & EEPROM メモリクリアー失敗"_s,
+                                  u"Flash & EEPROM メモリクリアー失敗"_s);
+    return {.erased = end.succeeded, .listed = end.listed};
 }
 
 }  // namespace tolvex

@@ -1,23 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "device/operation_context.h"
+#include "device/chip_operation.h"
 
 namespace tolvex {
 
 /// Clears the chip's Flash, EEPROM and lock bits; the images stay.
-class EraseOperation {
+class EraseOperation : ChipOperation {
   public:
-    explicit EraseOperation(OperationContext& context) : context_(context) {}
+    explicit EraseOperation(const Parts& parts) : ChipOperation(parts) {}
 
     /// Clears the error flag first, so that the flag afterwards tells of this erase alone.
-    bool EraseChip();
-    /// Whether the last run went without a failed command.
-    bool Erased() const { return erased_; }
-
-  private:
-    OperationContext& context_;
-    bool erased_ = false;
+    EraseResult EraseChip();
 };
 
 }  // namespace tolvex

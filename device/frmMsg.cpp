@@ -3,8 +3,8 @@
 
 #include <QCloseEvent>
 
-#include "platform/twips.h"
-#include "platform/window_fonts.h"
+#include "widgets/fonts.h"
+#include "widgets/twips.h"
 
 namespace tolvex {
 
@@ -52,7 +52,7 @@ void frmMsg::ShowMessage(MessageMode mode, const QString& text) {
     cmdOkm_->setVisible(message);
     progress_.visible = progress_.visible && !message;
     ShowBar();
-    txtMsg_->SetText(text);
+    txtMsg_->ShowText(text);
     // A progress display must not take the keyboard from whatever the person is doing.
     setAttribute(Qt::WA_ShowWithoutActivating, !message);
     show();

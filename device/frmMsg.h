@@ -5,9 +5,9 @@
 #include <QProgressBar>
 #include <QPushButton>
 
-#include "device/device.h"
+#include "base/message_dialog.h"
 #include "device/progress_state.h"
-#include "platform/window_fitted_label.h"
+#include "widgets/fitted_label.h"
 
 namespace tolvex {
 

@@ -4,7 +4,7 @@
 #include <QGridLayout>
 #include <QVBoxLayout>
 
-#include "platform/window_fonts.h"
+#include "widgets/fonts.h"
 
 namespace tolvex {
 
@@ -144,7 +144,7 @@ void frmSetting::SetBusy(bool busy) {
 
 void frmSetting::UpdateButtons() {
     cmdFuseRead_->setEnabled(fuseReadAllowed_ && !busy_);
-    cmdFuseWrite_->setEnabled(fuseWriteAllowed_ && !busy_);
+    cmdFuseWrite_->setEnabled(!busy_);
 }
 
 void frmSetting::FillOptions(OptionList list, const QStringList& entries) {
@@ -172,11 +172,6 @@ void frmSetting::ShowOption(OptionList list, bool on) {
 
 void frmSetting::EnableFuseRead(bool enabled) {
     fuseReadAllowed_ = enabled;
-    UpdateButtons();
-}
-
-void frmSetting::EnableFuseWrite(bool enabled) {
-    fuseWriteAllowed_ = enabled;
     UpdateButtons();
 }
 

@@ -7,8 +7,8 @@
 #include <QPushButton>
 #include <QWidget>
 
-#include "device/device.h"
-#include "platform/window_frame.h"
+#include "base/setting_panel.h"
+#include "widgets/frame.h"
 
 class QGridLayout;
 class QVBoxLayout;
@@ -33,7 +33,6 @@ class frmSetting : public QWidget, public SettingPanel {
     void SelectOption(OptionList list, int entry) override;
     void ShowOption(OptionList list, bool on) override;
     void EnableFuseRead(bool enabled) override;
-    void EnableFuseWrite(bool enabled) override;
     void FillDevices(const QStringList& names) override;
     void MarkDevice(int index) override;
     void ShowSizes(const QString& flash, const QString& eeprom) override;
@@ -67,7 +66,6 @@ class frmSetting : public QWidget, public SettingPanel {
     QPushButton* cmdFuseWrite_;
     QWidget* patchFrame_ = nullptr;
     bool fuseReadAllowed_ = true;
-    bool fuseWriteAllowed_ = true;
     bool busy_ = false;
 };
 

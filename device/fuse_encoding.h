@@ -4,7 +4,8 @@
 #include <cstdint>
 #include <optional>
 
-#include "device/device.h"
+#include "base/device_record.h"
+#include "base/setting_panel.h"
 
 namespace tolvex {
 

@@ -7,86 +7,100 @@ namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
-void LockFuseBits::cmdFuseRead_Click() {
-    if (!detection_.WriterCheck()) {
-        return;
+LockFuseResult LockFuseBits::cmdFuseRead_Click() {
+    LockFuseResult result;
+    result.detection = detection_.WriterCheck();
+    if (!result.detection) {
+        return result;
     }
-    context_.dialog.ShowMessage(MessageMode::Progress, u"Lock/Fuse bit リード中..."_s);
-    context_.errorFlag.Clear();
-    check_.CheckDevice();
-    if (context_.errorFlag.Failed()) {
-        context_.dialog.ShowMessage(MessageMode::Message,
-                                    u"設定デバイスと、ソケット上のデバイスがミスマッチです。"_s);
-        return;
+    person_.dialog.ShowMessage(MessageMode::Progress, u"Lock/Fuse bit リード中..."_s);
+    flag_.Clear();
+    result.chip = check_.CheckDevice();
+    if (flag_.Failed()) {
+        person_.dialog.ShowMessage(MessageMode::Message,
+                                   u"設定デバイスと、ソケット上のデバイスがミスマッチです。"_s);
+        return result;
     }
-    context_.errorFlag.Clear();
-    if (context_.device.name.isEmpty()) {
-        return;
+    flag_.Clear();
+    if (device_.name.isEmpty()) {
+        return result;
     }
-    ReadLists();
-    context_.dialog.ShowMessage(MessageMode::Message,
-                                context_.errorFlag.Failed()
-                                    ? u"Lock/Fuse bit リードに失敗しました。"_s
-                                    : u"Lock/Fuse bit リードが完了しました。"_s);
+    ReadLists(result);
+    result.done = !flag_.Failed();
+    Tell(result.done, u"Lock/Fuse bit リードが完了しました。"_s,
+         u"Lock/Fuse bit リードに失敗しました。"_s);
+    return result;
 }
 
-void LockFuseBits::ReadLists() {
-    const FuseGroup group = context_.device.fuseGroup;
+void LockFuseBits::ReadLists(LockFuseResult& result) {
+    const FuseGroup group = device_.fuseGroup;
     switch (group) {
         case FuseGroup::LockOnly:
             break;
         case FuseGroup::FSTRT:
         case FuseGroup::RCEN:
-            ReadByte(&WriterCommands::ReadLockFuseBits, lockFuseByte_);
-            DecodeFuses(group, lockFuseByte_, context_.panel);
-            DecodeLock(group, lockFuseByte_, context_.panel);
+            result.lockByte = ReadByte(&WriterCommands::ReadLockFuseBits, lockFuseByte_);
+            DecodeFuses(group, lockFuseByte_, person_.panel);
+            DecodeLock(group, lockFuseByte_, person_.panel);
             break;
         case FuseGroup::BOD_CKSEL:
-            ReadByte(&WriterCommands::ReadFuseBits, fuseByte_);
-            DecodeFuses(group, fuseByte_, context_.panel);
-            ReadByte(&WriterCommands::ReadLockFuseBits, lockByte_);
-            DecodeLock(group, lockByte_, context_.panel);
+            result.fuseByte = ReadByte(&WriterCommands::ReadFuseBits, fuseByte_);
+            DecodeFuses(group, fuseByte_, person_.panel);
+            result.lockByte = ReadByte(&WriterCommands::ReadLockFuseBits, lockByte_);
+            DecodeLock(group, lockByte_, person_.panel);
             break;
     }
 }
 
-void LockFuseBits::cmdFuseWrite_Click() {
-    if (!detection_.WriterCheck()) {
-        return;
+LockFuseResult LockFuseBits::cmdFuseWrite_Click() {
+    LockFuseResult result;
+    result.detection = detection_.WriterCheck();
+    if (!result.detection) {
+        return result;
     }
-    context_.dialog.ShowMessage(MessageMode::Progress, u"Lock/Fuse bit ライト中...."_s);
-    context_.errorFlag.Clear();
-    check_.CheckDevice();
-    if (context_.errorFlag.Failed() || context_.device.name.isEmpty()) {
-        return;
+    person_.dialog.ShowMessage(MessageMode::Progress, u"Lock/Fuse bit ライト中...."_s);
+    flag_.Clear();
+    result.chip = check_.CheckDevice();
+    if (flag_.Failed() || device_.name.isEmpty()) {
+        return result;
     }
     WriteLists();
-    context_.dialog.ShowMessage(MessageMode::Message,
-                                context_.errorFlag.Failed()
-                                    ? u"Lock/Fuse bit ライトに失敗しました。"_s
-                                    : u"Lock/Fuse bit ライトが完了しました。"_s);
+    result.done = !flag_.Failed();
+    Tell(result.done, u"Lock/Fuse bit ライトが完了しました。"_s,
+         u"Lock/Fuse bit ライトに失敗しました。"_s);
+    return result;
 }
 
 /// The fuses go first: once the lock bits are set, the chip refuses fuses.
 void LockFuseBits::WriteLists() {
-    if (const auto fuses = EncodeFuses(context_.device.fuseGroup, context_.panel)) {
+    if (const auto fuses = EncodeFuses(device_.fuseGroup, person_.panel)) {
         fuseByte_ = *fuses;
         WriteByte(&WriterCommands::WriteFuseBits, fuseByte_);
     }
-    lockByte_ = EncodeLock(context_.panel.SelectedOption(OptionList::LockBit));
+    lockByte_ = EncodeLock(person_.panel.SelectedOption(OptionList::LockBit));
     WriteByte(&WriterCommands::WriteLockBits, lockByte_);
 }
 
-void LockFuseBits::ReadByte(ReadCommand command, std::uint8_t& byte) {
-    context_.writer.EnterProgrammingMode(context_.errorFlag);
-    (context_.writer.*command)(byte, context_.errorFlag);
-    context_.writer.LeaveProgrammingMode(context_.errorFlag);
+void LockFuseBits::Tell(bool done, const QString& success, const QString& failure) {
+    person_.dialog.ShowMessage(MessageMode::Message, done ? success : failure);
+}
+
+std::optional<std::uint8_t> LockFuseBits::ReadByte(ReadCommand command, std::uint8_t& byte) {
+    ErrorFlag own;
+    writer_.EnterProgrammingMode(own);
+    (writer_.*command)(byte, own);
+    writer_.LeaveProgrammingMode(own);
+    if (own.Failed()) {
+        flag_.Set();
+        return std::nullopt;
+    }
+    return byte;
 }
 
 void LockFuseBits::WriteByte(WriteCommand command, std::uint8_t byte) {
-    context_.writer.EnterProgrammingMode(context_.errorFlag);
-    (context_.writer.*command)(byte, context_.errorFlag);
-    context_.writer.LeaveProgrammingMode(context_.errorFlag);
+    writer_.EnterProgrammingMode(flag_);
+    (writer_.*command)(byte, flag_);
+    writer_.LeaveProgrammingMode(flag_);
 }
 
 }  // namespace tolvex

@@ -7,71 +7,70 @@ namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
-bool ProgramOperation::ProgramChip() {
-    outcome_ = {};
-    const CurrentDevice& device = context_.device;
-    context_.dialog.SetProgress(true, 0, 0, device.flashWords - 1);
-    context_.dialog.ShowMessage(MessageMode::Progress, u"Flash Program Memory Programming !"_s);
+ProgramResult ProgramOperation::ProgramChip() {
+    ProgramResult result;
+    person_.dialog.SetProgress(true, 0, 0, device_.flashWords - 1);
+    person_.dialog.ShowMessage(MessageMode::Progress, u"Flash Program Memory Programming !"_s);
 
-    int flashExtent = LastUsedWord(context_.images.flash, device.flashWords);
-    const int eepromExtent = LastUsedByte(context_.images.eeprom, device.eepromBytes);
+    int flashExtent = LastUsedWord(images_.flash, device_.flashWords);
+    const int eepromExtent = LastUsedByte(images_.eeprom, device_.eepromBytes);
     if (flashExtent < 0 && eepromExtent < 0) {
-        outcome_.nothingToWrite = true;
-        context_.Report(u"Lock bit & プログラム/EEPROMデータ メモリクリアー完了。"_s);
-        return true;
+        result.nothingToWrite = true;
+        Report(u"Lock bit & プログラム/EEPROMデータ メモリクリアー完了。"_s);
+        return result;
     }
     if (flashExtent == 0) {
         flashExtent = 1;  // a lone first word goes out together with the second one
     }
 
-    context_.errorFlag.Clear();
-    check_.CheckDevice();
-    if (context_.errorFlag.Failed()) {
-        context_.status.SetStatusText(kMessagePanel, u"プログラミングを中止しました。"_s);
-        return true;
+    flag_.Clear();
+    result.chip = check_.CheckDevice();
+    if (flag_.Failed()) {
+        person_.status.SetStatusText(kMessagePanel, u"プログラミングを中止しました。"_s);
+        return result;
     }
-    outcome_.chipAccepted = true;
-    if (!ProgramFlash(flashExtent + 1)) {
-        return false;
+    const PhaseEnd flash = ProgramFlash(flashExtent + 1);
+    result.flashWritten = flash.succeeded;
+    result.listed = flash.listed;
+    if (!result.listed) {
+        return result;
     }
     // Whatever became of the Flash, the EEPROM is still tried.
-    context_.errorFlag.Clear();
-    return ProgramEeprom() && verify_.VerifyChip(VerifyMode::AfterProgram);
-}
-
-bool ProgramOperation::ProgramFlash(int words) {
-    ErrorFlag& flag = context_.errorFlag;
-    context_.writer.EnterProgrammingMode(flag);
-    context_.writer.SetAddress(0, flag);
-    for (int word = 0; word < words; ++word) {
-        context_.dialog.SetProgress(true, 0, word, words - 1);
-        const auto cell = static_cast<std::size_t>(2 * word);
-        context_.writer.WriteProgramWord(context_.images.flash[cell],
-                                         context_.images.flash[cell + 1], flag);
+    flag_.Clear();
+    const PhaseEnd eeprom = ProgramEeprom();
+    result.eepromWritten = eeprom.succeeded;
+    result.listed = eeprom.listed;
+    if (result.listed) {
+        result.verify = verify_.VerifyChip(VerifyMode::AfterProgram);
+        result.listed = result.verify.listed;
     }
-    const bool ended = context_.EndPhase(OperationContext::Memory::Flash,
-                                         u"Flashメモリ ライト失敗"_s, u"Flashメモリ ライト失敗"_s);
-    outcome_.flashFailed = flag.Failed();
-    return ended;
+    return result;
 }
 
-bool ProgramOperation::ProgramEeprom() {
-    ErrorFlag& flag = context_.errorFlag;
-    const int bytes = context_.device.eepromBytes;
-    context_.dialog.ShowMessage(MessageMode::Progress, u"EEPROM Data Memory Programming !"_s);
-    context_.writer.EnterProgrammingMode(flag);
+ChipOperation::PhaseEnd ProgramOperation::ProgramFlash(int words) {
+    writer_.EnterProgrammingMode(flag_);
+    writer_.SetAddress(0, flag_);
+    for (int word = 0; word < words; ++word) {
+        person_.dialog.SetProgress(true, 0, word, words - 1);
+        const auto cell = static_cast<std::size_t>(2 * word);
+        writer_.WriteProgramWord(images_.flash[cell], images_.flash[cell + 1], flag_);
+    }
+    return EndPhase(Memory::Flash, u"Flashメモリ ライト失敗"_s, u"Flashメモリ ライト失敗"_s);
+}
+
+ChipOperation::PhaseEnd ProgramOperation::ProgramEeprom() {
+    const int bytes = device_.eepromBytes;
+    person_.dialog.ShowMessage(MessageMode::Progress, u"EEPROM Data Memory Programming !"_s);
+    writer_.EnterProgrammingMode(flag_);
     for (int address = 0; address < bytes; ++address) {
-        context_.dialog.SetProgress(true, 0, address, bytes - 1);
-        const std::uint8_t data = context_.images.eeprom[static_cast<std::size_t>(address)];
+        person_.dialog.SetProgress(true, 0, address, bytes - 1);
+        const std::uint8_t data = images_.eeprom[static_cast<std::size_t>(address)];
         if (data != kErased) {
-            context_.writer.SetAddress(address, flag);
-            context_.writer.WriteDataByte(data, flag);
+            writer_.SetAddress(address, flag_);
+            writer_.WriteDataByte(data, flag_);
         }
     }
-    const bool ended = context_.EndPhase(OperationContext::Memory::Eeprom,
-                                         u"EEPROMメモリ ライト失敗"_s, u"EEROMメモリ ライト失敗"_s);
-    outcome_.eepromFailed = flag.Failed();
-    return ended;
+    return EndPhase(Memory::Eeprom, u"EEPROMメモリ ライト失敗"_s, u"EEROMメモリ ライト失敗"_s);
 }
 
 }  // namespace tolvex

@@ -5,63 +5,59 @@ namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
-bool ReadOperation::ReadChip() {
-    complete_ = false;
-    context_.dialog.ShowMessage(MessageMode::Progress, u"Flash Program Memory Reading !"_s);
-    context_.errorFlag.Clear();
-    check_.CheckDevice();
-    if (context_.errorFlag.Failed()) {
-        context_.status.SetStatusText(kMessagePanel, u"リードを中止しました。"_s);
-        return true;
+ReadResult ReadOperation::ReadChip() {
+    ReadResult result;
+    person_.dialog.ShowMessage(MessageMode::Progress, u"Flash Program Memory Reading !"_s);
+    flag_.Clear();
+    result.chip = check_.CheckDevice();
+    if (flag_.Failed()) {
+        person_.status.SetStatusText(kMessagePanel, u"リードを中止しました。"_s);
+        return result;
     }
-    bool answered = true;
-    if (!ReadFlash(answered)) {
-        return false;
+    const auto flash = ReadFlash();
+    if (!flash) {
+        return result;
     }
-    return !answered || ReadEeprom();
+    result.flashRead = flash->succeeded;
+    result.listed = flash->listed;
+    if (result.listed) {
+        const PhaseEnd eeprom = ReadEeprom();
+        result.eepromRead = eeprom.succeeded;
+        result.listed = eeprom.listed;
+    }
+    return result;
 }
 
-/// A word that gets no reply ends the whole read where it stands: programming mode is not left, and
-/// the progress text stays.
-bool ReadOperation::ReadFlash(bool& answered) {
-    ErrorFlag& flag = context_.errorFlag;
-    const int words = context_.device.flashWords;
-    context_.dialog.SetProgress(true, 0, 0, words - 1);
-    context_.writer.EnterProgrammingMode(flag);
-    context_.writer.SetAddress(0, flag);
+/// After a silent word programming mode is not left, and the progress text stays.
+std::optional<ChipOperation::PhaseEnd> ReadOperation::ReadFlash() {
+    const int words = device_.flashWords;
+    person_.dialog.SetProgress(true, 0, 0, words - 1);
+    writer_.EnterProgrammingMode(flag_);
+    writer_.SetAddress(0, flag_);
     for (int word = 0; word < words; ++word) {
-        context_.dialog.SetProgress(true, 0, word, words - 1);
+        person_.dialog.SetProgress(true, 0, word, words - 1);
         const auto cell = static_cast<std::size_t>(2 * word);
-        answered = context_.writer.ReadProgramWord(context_.images.flash[cell],
-                                                   context_.images.flash[cell + 1], flag);
-        if (!answered) {
-            return true;
+        if (!writer_.ReadProgramWord(images_.flash[cell], images_.flash[cell + 1], flag_)) {
+            return std::nullopt;
         }
     }
-    const bool ended = context_.EndPhase(OperationContext::Memory::Flash,
-                                         u"Flashメモリ リード失敗"_s, u"Flashメモリ リード失敗"_s);
-    complete_ = !flag.Failed();
-    return ended;
+    return EndPhase(Memory::Flash, u"Flashメモリ リード失敗"_s, u"Flashメモリ リード失敗"_s);
 }
 
-bool ReadOperation::ReadEeprom() {
-    ErrorFlag& flag = context_.errorFlag;
-    const int bytes = context_.device.eepromBytes;
-    context_.dialog.ShowMessage(MessageMode::Progress, u"EEPROM Data Memory Reading !"_s);
-    flag.Clear();
-    context_.writer.EnterProgrammingMode(flag);
+ChipOperation::PhaseEnd ReadOperation::ReadEeprom() {
+    const int bytes = device_.eepromBytes;
+    person_.dialog.ShowMessage(MessageMode::Progress, u"EEPROM Data Memory Reading !"_s);
+    flag_.Clear();
+    writer_.EnterProgrammingMode(flag_);
     // A failed read stores what the last successful one gave.
     std::uint8_t data = 0;
     for (int address = 0; address < bytes; ++address) {
-        context_.dialog.SetProgress(true, 0, address, bytes - 1);
-        context_.writer.SetAddress(address, flag);
-        context_.writer.ReadDataByte(data, flag);
-        context_.images.eeprom[static_cast<std::size_t>(address)] = data;
+        person_.dialog.SetProgress(true, 0, address, bytes - 1);
+        writer_.SetAddress(address, flag_);
+        writer_.ReadDataByte(data, flag_);
+        images_.eeprom[static_cast<std::size_t>(address)] = data;
     }
-    const bool ended = context_.EndPhase(OperationContext::Memory::Eeprom,
-                                         u"EEPROMメモリ リード失敗"_s, u"EEROMメモリ リード失敗"_s);
-    complete_ = complete_ && !flag.Failed();
-    return ended;
+    return EndPhase(Memory::Eeprom, u"EEPROMメモリ リード失敗"_s, u"EEROMメモリ リード失敗"_s);
 }
 
 }  // namespace tolvex

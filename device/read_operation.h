@@ -2,27 +2,22 @@
 #pragma once
 
 #include "device/device_check.h"
-#include "device/operation_context.h"
 
 namespace tolvex {
 
 /// Copies the whole chip into the images, cell by cell as the replies arrive.
-class ReadOperation {
+class ReadOperation : ChipOperation {
   public:
-    ReadOperation(OperationContext& context, DeviceCheck& check)
-        : context_(context), check_(check) {}
+    ReadOperation(const Parts& parts, DeviceCheck& check) : ChipOperation(parts), check_(check) {}
 
-    bool ReadChip();
-    /// Whether the last run filled both images without a failed command.
-    bool Complete() const { return complete_; }
+    ReadResult ReadChip();
 
   private:
-    bool ReadFlash(bool& answered);
-    bool ReadEeprom();
+    /// Nothing: a word got no reply, which ends the read where it stands.
+    std::optional<PhaseEnd> ReadFlash();
+    PhaseEnd ReadEeprom();
 
-    OperationContext& context_;
     DeviceCheck& check_;
-    bool complete_ = false;
 };
 
 }  // namespace tolvex

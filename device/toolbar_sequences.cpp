@@ -1,21 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "device/toolbar_sequences.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "device/device_selection.h"
 
 namespace tolvex {
 
+using namespace Qt::StringLiterals;
+
 struct ToolbarSequences::Chain {
-    using Step = bool (ToolbarSequences::*)();
+    using Step = Next (ToolbarSequences::*)(ChainResult&);
 
     QStringView key;
     std::vector<Step> steps;
     QStringView finishText;  ///< status panel 1 after the last step, whatever became of it
 };
 
-void ToolbarSequences::Click(QStringView key) {
+ChainResult ToolbarSequences::Click(QStringView key) {
     using S = ToolbarSequences;
     static const std::vector<Chain> kChains = {
         {u"Open", {&S::OpenFiles}, {}},
@@ -36,90 +39,104 @@ void ToolbarSequences::Click(QStringView key) {
         {u"ComSelect", {&S::SelectPort}, {}},
     };
 
-    context_.status.SetStatusText(kMessagePanel, QString());
-    for (const Chain& chain : kChains) {
-        if (chain.key != key) {
-            continue;
-        }
-        for (const Chain::Step step : chain.steps) {
-            if (!(this->*step)()) {
-                return;
-            }
-        }
-        if (!chain.finishText.isNull()) {
-            context_.status.SetStatusText(kMessagePanel, chain.finishText.toString());
-        }
-        return;
+    ChainResult result;
+    person_.status.SetStatusText(kMessagePanel, QString());
+    const auto chain = std::ranges::find(kChains, key, &Chain::key);
+    if (chain == kChains.end()) {
+        return result;
     }
+    for (const Chain::Step step : chain->steps) {
+        const Next next = (this->*step)(result);
+        if (next == Next::Unlisted) {
+            TellUnlisted();
+        }
+        if (next != Next::Step) {
+            return result;
+        }
+    }
+    result.ended = true;
+    if (!chain->finishText.isNull()) {
+        person_.status.SetStatusText(kMessagePanel, chain->finishText.toString());
+    }
+    return result;
 }
 
-bool ToolbarSequences::OpenFiles() {
+/// Without this the progress text of the step would stay for ever, as if it were still running.
+void ToolbarSequences::TellUnlisted() {
+    Report(u"リストファイルを書き込めないため、処理を途中で終了しました。"_s);
+}
+
+ToolbarSequences::Next ToolbarSequences::OpenFiles(ChainResult&) {
     commands_.openFiles();
-    return true;
+    return Next::Step;
 }
 
-bool ToolbarSequences::SaveFiles() {
+ToolbarSequences::Next ToolbarSequences::SaveFiles(ChainResult&) {
     commands_.saveFiles();
-    return true;
+    return Next::Step;
 }
 
-bool ToolbarSequences::ReloadFiles() {
+ToolbarSequences::Next ToolbarSequences::ReloadFiles(ChainResult&) {
     commands_.reloadFiles();
-    return true;
+    return Next::Step;
 }
 
-bool ToolbarSequences::DetectWriter() {
-    return operations_.detection.WriterCheck();
+ToolbarSequences::Next ToolbarSequences::DetectWriter(ChainResult& result) {
+    result.detection = operations_.detection.WriterCheck();
+    return result.detection ? Next::Step : Next::Stop;
 }
 
 /// Tells the person about the chip as it was found. The erase that follows runs all the same: it is
 /// what frees a protected chip.
-bool ToolbarSequences::CheckSignature() {
-    operations_.check.CheckSignature();
-    return true;
+ToolbarSequences::Next ToolbarSequences::CheckSignature(ChainResult& result) {
+    result.chip = operations_.check.CheckSignature();
+    return Next::Step;
 }
 
-bool ToolbarSequences::EraseChip() {
-    return operations_.erase.EraseChip();
+ToolbarSequences::Next ToolbarSequences::EraseChip(ChainResult& result) {
+    result.erase = operations_.erase.EraseChip();
+    return After(result.erase->listed);
 }
 
-bool ToolbarSequences::StopUnlessErased() {
-    return !context_.errorFlag.Failed();
+ToolbarSequences::Next ToolbarSequences::StopUnlessErased(ChainResult& result) {
+    return result.erase->erased ? Next::Step : Next::Stop;
 }
 
-bool ToolbarSequences::ProgramChip() {
-    return operations_.program.ProgramChip();
+ToolbarSequences::Next ToolbarSequences::ProgramChip(ChainResult& result) {
+    result.program = operations_.program.ProgramChip();
+    return After(result.program->listed);
 }
 
-bool ToolbarSequences::ReadChip() {
-    return operations_.read.ReadChip();
+ToolbarSequences::Next ToolbarSequences::ReadChip(ChainResult& result) {
+    result.read = operations_.read.ReadChip();
+    return After(result.read->listed);
 }
 
-bool ToolbarSequences::VerifyWholeChip() {
-    return operations_.verify.VerifyChip(VerifyMode::WholeChip);
+ToolbarSequences::Next ToolbarSequences::VerifyWholeChip(ChainResult& result) {
+    result.verify = operations_.verify.VerifyChip(VerifyMode::WholeChip);
+    return After(result.verify->listed);
 }
 
-bool ToolbarSequences::ClearImages() {
-    context_.images.ClearFlashImage();
-    context_.images.ClearEepromImage();
-    return true;
+ToolbarSequences::Next ToolbarSequences::ClearImages(ChainResult&) {
+    images_.ClearFlashImage();
+    images_.ClearEepromImage();
+    return Next::Step;
 }
 
-bool ToolbarSequences::RewriteListings() {
-    Listings& listings = context_.listings;
-    return listings.WriteFlashListing() && listings.WriteEepromListing() &&
-           listings.ShowFlashListing() && listings.ShowEepromListing();
+ToolbarSequences::Next ToolbarSequences::RewriteListings(ChainResult&) {
+    return After(listings_.WriteFlashListing() && listings_.WriteEepromListing() &&
+                 listings_.ShowFlashListing() && listings_.ShowEepromListing());
 }
 
-bool ToolbarSequences::ResetLists() {
-    ResetOptions(context_.panel);
-    return true;
+ToolbarSequences::Next ToolbarSequences::ResetLists(ChainResult&) {
+    ResetOptions(person_.panel);
+    return Next::Step;
 }
 
-bool ToolbarSequences::SelectPort() {
-    context_.status.SetStatusText(kMessagePanel, QString());
+ToolbarSequences::Next ToolbarSequences::SelectPort(ChainResult&) {
+    person_.status.SetStatusText(kMessagePanel, QString());
     commands_.selectPort();
-    return true;
+    return Next::Step;
 }
 
 }  // namespace tolvex

@@ -6,7 +6,6 @@
 
 #include "device/device_check.h"
 #include "device/erase_operation.h"
-#include "device/operation_context.h"
 #include "device/program_operation.h"
 #include "device/read_operation.h"
 #include "device/verify_operation.h"
@@ -14,7 +13,7 @@
 namespace tolvex {
 
 /// What the toolbar's buttons do: each key runs a chain of steps.
-class ToolbarSequences {
+class ToolbarSequences : ChipOperation {
   public:
     /// The steps that belong to other folders.
     struct Commands {
@@ -32,32 +31,39 @@ class ToolbarSequences {
         VerifyOperation& verify;
     };
 
-    ToolbarSequences(OperationContext& context, const Operations& operations, Commands commands)
-        : context_(context), operations_(operations), commands_(std::move(commands)) {}
+    ToolbarSequences(const Parts& parts, const Operations& operations, Commands commands)
+        : ChipOperation(parts), operations_(operations), commands_(std::move(commands)) {}
 
     /// Clears status panel 1, then runs the chain of `key`; an unknown key does nothing more.
-    void Click(QStringView key);
+    ChainResult Click(QStringView key);
 
   private:
     struct Chain;
 
-    // The steps; false ends the chain.
-    bool OpenFiles();
-    bool SaveFiles();
-    bool ReloadFiles();
-    bool DetectWriter();
-    bool CheckSignature();
-    bool EraseChip();
-    bool StopUnlessErased();
-    bool ProgramChip();
-    bool ReadChip();
-    bool VerifyWholeChip();
-    bool ClearImages();
-    bool RewriteListings();
-    bool ResetLists();
-    bool SelectPort();
+    /// What becomes of the chain after a step.
+    enum class Next {
+        Step,
+        Stop,      ///< the person has been told why
+        Unlisted,  ///< a listing or the report can't be brought up to date
+    };
+    static Next After(bool listed) { return listed ? Next::Step : Next::Unlisted; }
+    void TellUnlisted();
 
-    OperationContext& context_;
+    Next OpenFiles(ChainResult&);
+    Next SaveFiles(ChainResult&);
+    Next ReloadFiles(ChainResult&);
+    Next DetectWriter(ChainResult& result);
+    Next CheckSignature(ChainResult& result);
+    Next EraseChip(ChainResult& result);
+    Next StopUnlessErased(ChainResult& result);
+    Next ProgramChip(ChainResult& result);
+    Next ReadChip(ChainResult& result);
+    Next VerifyWholeChip(ChainResult& result);
+    Next ClearImages(ChainResult&);
+    Next RewriteListings(ChainResult&);
+    Next ResetLists(ChainResult&);
+    Next SelectPort(ChainResult&);
+
     Operations operations_;
     Commands commands_;
 };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "image/image.h"
+#include "base/memory_images.h"
 
 namespace tolvex {
 

@@ -11,8 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void WriteLine(QFile& report, const QString& line = {}) {
-    report.write(line.toLatin1() + "\r\n");
+void AddLine(QByteArray& report, const QString& line = {}) {
+    report += line.toLatin1() + "\r\n";
 }
 
 QString FlashLine(int word, int image, int chip) {
@@ -32,113 +32,97 @@ int CountThrough(int lastUsed) {
 
 }  // namespace
 
-bool VerifyOperation::VerifyChip(VerifyMode mode) {
-    findings_ = {};
-    context_.dialog.SetProgress(true, 0, 0, context_.device.flashWords - 1);
-    context_.dialog.ShowMessage(MessageMode::Progress, u"Flash Program Memory Verifying !"_s);
-    context_.errorFlag.Clear();
-    if (mode == VerifyMode::WholeChip) {
-        check_.CheckDevice();
-        if (context_.errorFlag.Failed()) {
-            context_.status.SetStatusText(kMessagePanel, u"ベリファイを中止しました。"_s);
-            return true;
+VerifyResult VerifyOperation::VerifyChip(VerifyMode mode) {
+    VerifyResult result;
+    const bool whole = mode == VerifyMode::WholeChip;
+    person_.dialog.SetProgress(true, 0, 0, device_.flashWords - 1);
+    person_.dialog.ShowMessage(MessageMode::Progress, u"Flash Program Memory Verifying !"_s);
+    flag_.Clear();
+    if (whole) {
+        result.chip = check_.CheckDevice();
+        if (flag_.Failed()) {
+            person_.status.SetStatusText(kMessagePanel, u"ベリファイを中止しました。"_s);
+            return result;
         }
     }
-    return CompareMemories(mode) && Judge();
+    CompareFlash(
+        whole ? device_.flashWords : CountThrough(LastUsedWord(images_.flash, device_.flashWords)),
+        result);
+    CompareEeprom(whole ? device_.eepromBytes
+                        : CountThrough(LastUsedByte(images_.eeprom, device_.eepromBytes)),
+                  result);
+    result.listed = listings_.WriteVerifyReport(result.report);
+    if (result.listed) {
+        Judge(result);
+    }
+    return result;
 }
 
-bool VerifyOperation::CompareMemories(VerifyMode mode) {
-    const CurrentDevice& device = context_.device;
-    const bool whole = mode == VerifyMode::WholeChip;
-    ErrorFlag& flag = context_.errorFlag;
-
-    flag.Clear();
-    context_.writer.EnterProgrammingMode(flag);
-    context_.writer.SetAddress(0, flag);
-    QFile report(context_.listings.ReportPath());
-    if (report.fileName().isEmpty() || !report.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-        return false;
-    }
-    WriteLine(report, u"Flash Program memory address verify"_s);
-    WriteLine(report);
-    findings_.flashDiffers =
-        CompareFlash(whole ? device.flashWords
-                           : CountThrough(LastUsedWord(context_.images.flash, device.flashWords)),
-                     report);
-    context_.writer.LeaveProgrammingMode(flag);
-    findings_.flashFailed = flag.Failed();
-    if (findings_.flashFailed) {
-        context_.Report(u"Flash メモリ ベリファイ失敗"_s);
-    }
-
-    context_.dialog.ShowMessage(MessageMode::Progress, u"EEPROM Data Memory Verifying !"_s);
-    flag.Clear();
-    context_.writer.EnterProgrammingMode(flag);
-    WriteLine(report);
-    WriteLine(report, u"EEPROM data memory address verify"_s);
-    WriteLine(report);
-    findings_.eepromDiffers = CompareEeprom(
-        whole ? device.eepromBytes
-              : CountThrough(LastUsedByte(context_.images.eeprom, device.eepromBytes)),
-        report);
-    report.close();
-    context_.writer.LeaveProgrammingMode(flag);
-    findings_.eepromFailed = flag.Failed();
-    findings_.compared = true;
-    return true;
-}
-
-bool VerifyOperation::CompareFlash(int words, QFile& report) {
-    bool differs = false;
+void VerifyOperation::CompareFlash(int words, VerifyResult& result) {
+    flag_.Clear();
+    writer_.EnterProgrammingMode(flag_);
+    writer_.SetAddress(0, flag_);
+    AddLine(result.report, u"Flash Program memory address verify"_s);
+    AddLine(result.report);
     // A failed read leaves these alone: the comparison then goes by the last successful one.
     std::uint8_t high = 0;
     std::uint8_t low = 0;
     for (int word = 0; word < words; ++word) {
         const auto cell = static_cast<std::size_t>(2 * word);
-        const std::uint8_t imageHigh = context_.images.flash[cell];
-        const std::uint8_t imageLow = context_.images.flash[cell + 1];
-        context_.dialog.SetProgress(true, 0, word, words - 1);
-        context_.writer.ReadProgramWord(high, low, context_.errorFlag);
-        if (high != imageHigh || low != imageLow) {
-            const Difference found{true, word, imageHigh * 256 + imageLow, high * 256 + low};
-            WriteLine(report, FlashLine(word, found.image, found.chip));
-            findings_.differences << found;
-            differs = true;
+        const int image = images_.flash[cell] * 256 + images_.flash[cell + 1];
+        person_.dialog.SetProgress(true, 0, word, words - 1);
+        writer_.ReadProgramWord(high, low, flag_);
+        const int chip = high * 256 + low;
+        if (chip != image) {
+            AddLine(result.report, FlashLine(word, image, chip));
+            result.differences << VerifyResult::Difference{true, word, image, chip};
+            result.flashDiffers = true;
         }
     }
-    return differs;
+    writer_.LeaveProgrammingMode(flag_);
+    result.flashCompared = !flag_.Failed();
+    if (!result.flashCompared) {
+        Report(u"Flash メモリ ベリファイ失敗"_s);
+    }
 }
 
-bool VerifyOperation::CompareEeprom(int bytes, QFile& report) {
-    bool differs = false;
-    std::uint8_t data = 0;
+void VerifyOperation::CompareEeprom(int bytes, VerifyResult& result) {
+    person_.dialog.ShowMessage(MessageMode::Progress, u"EEPROM Data Memory Verifying !"_s);
+    flag_.Clear();
+    writer_.EnterProgrammingMode(flag_);
+    AddLine(result.report);
+    AddLine(result.report, u"EEPROM data memory address verify"_s);
+    AddLine(result.report);
+    std::uint8_t chip = 0;
     for (int address = 0; address < bytes; ++address) {
-        const std::uint8_t image = context_.images.eeprom[static_cast<std::size_t>(address)];
-        context_.dialog.SetProgress(true, 0, address, bytes - 1);
-        context_.writer.SetAddress(address, context_.errorFlag);
-        context_.writer.ReadDataByte(data, context_.errorFlag);
-        if (data != image) {
-            WriteLine(report, EepromLine(address, image, data));
-            findings_.differences << Difference{false, address, image, data};
-            differs = true;
+        const std::uint8_t image = images_.eeprom[static_cast<std::size_t>(address)];
+        person_.dialog.SetProgress(true, 0, address, bytes - 1);
+        writer_.SetAddress(address, flag_);
+        writer_.ReadDataByte(chip, flag_);
+        if (chip != image) {
+            AddLine(result.report, EepromLine(address, image, chip));
+            result.differences << VerifyResult::Difference{false, address, image, chip};
+            result.eepromDiffers = true;
         }
     }
-    return differs;
+    writer_.LeaveProgrammingMode(flag_);
+    result.eepromCompared = !flag_.Failed();
 }
 
-bool VerifyOperation::Judge() {
-    if (findings_.eepromFailed) {
-        context_.Report(u"ベリファイ　通信エラー"_s);
-        return true;
+/// A Flash command that failed has been told by its phase; the summary goes by what was compared.
+void VerifyOperation::Judge(VerifyResult& result) {
+    if (!result.eepromCompared) {
+        Report(u"ベリファイ　通信エラー"_s);
+        return;
     }
-    const bool differs = findings_.flashDiffers || findings_.eepromDiffers;
-    if (differs && !context_.listings.ShowVerifyReport()) {
-        return false;
+    const bool differs = result.flashDiffers || result.eepromDiffers;
+    result.listed = !differs || listings_.ShowVerifyReport();
+    if (!result.listed) {
+        return;
     }
-    const QString flash = findings_.flashDiffers ? u"NG"_s : u"OK"_s;
-    const QString eeprom = findings_.eepromDiffers ? u"NG"_s : u"OK"_s;
-    context_.Report(u"ベリファイ　FLASH : %1 / EEPROM : %2"_s.arg(flash, eeprom));
-    return true;
+    const QString flash = result.flashDiffers ? u"NG"_s : u"OK"_s;
+    const QString eeprom = result.eepromDiffers ? u"NG"_s : u"OK"_s;
+    Report(u"ベリファイ　FLASH : %1 / EEPROM : %2"_s.arg(flash, eeprom));
 }
 
 }  // namespace tolvex

@@ -5,10 +5,6 @@ namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
-BufferPatch::BufferPatch(MemoryImages& images, const CurrentDevice& device, Listings& listings,
-                         MessageDialog& messages, ErrorFlag& flag)
-    : images_(images), device_(device), listings_(listings), messages_(messages), flag_(flag) {}
-
 std::optional<QString> BufferPatch::ReadBufferCell(const QString& address, bool programSelected,
                                                    bool show) {
     if (address.isEmpty()) {
@@ -46,10 +42,10 @@ void BufferPatch::WriteBufferCell(const QString& address, const QString& data,
     if (programSelected) {
         images_.flash[*cell] = high;
         images_.flash[*cell + 1] = low;
-        static_cast<void>(listings_.WriteFlashListing() && listings_.ShowFlashListing());
+        listings_.RefreshFlashListing();
     } else {
         images_.eeprom[*cell] = low;
-        static_cast<void>(listings_.WriteEepromListing() && listings_.ShowEepromListing());
+        listings_.RefreshEepromListing();
     }
 }
 
@@ -57,7 +53,7 @@ std::optional<int> BufferPatch::Parse(const QString& text) {
     flag_.Clear();
     const int value = ParseHex4(text, flag_);
     if (flag_.Failed()) {
-        messages_.ShowMessage(MessageMode::Message, u"入力データに誤りがあります．"_s);
+        dialog_.ShowMessage(MessageMode::Message, u"入力データに誤りがあります．"_s);
         return std::nullopt;
     }
     return value;
@@ -65,9 +61,9 @@ std::optional<int> BufferPatch::Parse(const QString& text) {
 
 std::optional<std::size_t> BufferPatch::Cell(int address, bool programSelected) {
     if (address >= (programSelected ? device_.flashWords : device_.eepromBytes)) {
-        messages_.ShowMessage(MessageMode::Message,
-                              programSelected ? u"Flash アドレスが範囲を超えています．"_s
-                                              : u"EEPROM アドレスが範囲を超えています．"_s);
+        dialog_.ShowMessage(MessageMode::Message, programSelected
+                                                      ? u"Flash アドレスが範囲を超えています．"_s
+                                                      : u"EEPROM アドレスが範囲を超えています．"_s);
         return std::nullopt;
     }
     const auto first = static_cast<std::size_t>(address);

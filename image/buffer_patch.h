@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "device/device.h"
+#include "base/person.h"
 #include "image/image.h"
 
 namespace tolvex {
@@ -14,9 +14,19 @@ namespace tolvex {
 /// changes.
 class BufferPatch {
   public:
-    /// Everything handed in is used, not owned.
-    BufferPatch(MemoryImages& images, const CurrentDevice& device, Listings& listings,
-                MessageDialog& messages, ErrorFlag& flag);
+    /// Borrowed.
+    struct Parts {
+        Listings& listings;
+        const Person& person;
+        ProgramState& state;
+    };
+
+    explicit BufferPatch(const Parts& parts)
+        : listings_(parts.listings),
+          dialog_(parts.person.dialog),
+          images_(parts.state.images),
+          device_(parts.state.device),
+          flag_(parts.state.errorFlag) {}
 
     /// Checks the address; an empty one passes silently. With `show`, the value at a valid address:
     /// four digits of a Flash word or two of an EEPROM byte. Nothing = leave the value box alone.
@@ -32,10 +42,10 @@ class BufferPatch {
     /// The addressed cell, a Flash word's high byte; nothing after a message.
     std::optional<std::size_t> Cell(int address, bool programSelected);
 
+    Listings& listings_;
+    MessageDialog& dialog_;
     MemoryImages& images_;
     const CurrentDevice& device_;
-    Listings& listings_;
-    MessageDialog& messages_;
     ErrorFlag& flag_;
 };
 

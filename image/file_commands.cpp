@@ -3,7 +3,7 @@
 
 #include <QFileInfo>
 
-#include "app/settings_keys.h"
+#include "base/settings_keys.h"
 
 namespace tolvex {
 
@@ -45,23 +45,21 @@ std::optional<QString> DirectoryOf(const QString& path, const QString& bareName)
 
 }  // namespace
 
-FileCommands::FileCommands(FileCommandWiring wiring) : with_(std::move(wiring)) {}
-
 void FileCommands::mnuFileOpenCode_Click() {
     const QString path = AskOpen({.title = u"コードファイル(*.hex)を開く"_s,
                                   .filter = u"Hex File|*.hex;*.rom|All Files|*.*|"_s,
                                   .defaultSuffix = u"hex;rom"_s,
                                   .initialName = QString()});
     if (!path.isEmpty()) {
-        with_.names.CodeFileName = path;
+        names_.CodeFileName = path;
     }
-    if (!FileExists(with_.names.CodeFileName)) {
+    if (!FileExists(names_.CodeFileName)) {
         return;
     }
-    if (!HasCodeExtension(with_.names.CodeFileName)) {
-        with_.names.CodeFileName.clear();
-        with_.dialogs.ShowBox(BoxIcon::Information, with_.mainCaption(),
-                              u"指定されたファイルを開くことができませんでした。"_s);
+    if (!HasCodeExtension(names_.CodeFileName)) {
+        names_.CodeFileName.clear();
+        person_.dialogs.ShowBox(BoxIcon::Information, mainCaption_(),
+                                u"指定されたファイルを開くことができませんでした。"_s);
         return;
     }
     if (OpenNamedCode()) {
@@ -77,7 +75,7 @@ void FileCommands::mnuFileOpenData_Click() {
 }
 
 void FileCommands::mnuFileOpen_Click() {
-    if (with_.names.ReloadFlag) {
+    if (names_.ReloadFlag) {
         OpenNamedBoth();
         return;
     }
@@ -88,9 +86,9 @@ void FileCommands::mnuFileOpen_Click() {
 }
 
 void FileCommands::mnuReLoad_Click() {
-    with_.names.ReloadFlag = true;
+    names_.ReloadFlag = true;
     mnuFileOpen_Click();
-    with_.names.ReloadFlag = false;
+    names_.ReloadFlag = false;
 }
 
 void FileCommands::OpenDropped(const QString& path) {
@@ -103,16 +101,16 @@ void FileCommands::OpenDropped(const QString& path) {
 }
 
 void FileCommands::mnuFileSave_Click() {
-    if (with_.names.CodeFileName.isEmpty()) {
-        with_.messages.ShowMessage(MessageMode::Message, u"ファイルがオープンされていません．"_s);
-        with_.panels.SetStatusText(kMessagePanel, u"ファイルがオープンされていません"_s);
+    if (names_.CodeFileName.isEmpty()) {
+        person_.dialog.ShowMessage(MessageMode::Message, u"ファイルがオープンされていません．"_s);
+        person_.status.SetStatusText(kMessagePanel, u"ファイルがオープンされていません"_s);
         return;
     }
-    with_.names.CodeSaveName = with_.names.CodeFileName;
-    with_.names.DataSaveName = with_.names.DataFileName;
+    names_.CodeSaveName = names_.CodeFileName;
+    names_.DataSaveName = names_.DataFileName;
     WriteCode();
     WriteData();
-    with_.panels.SetStatusText(kMessagePanel, u"ファイルを保存しました．"_s);
+    person_.status.SetStatusText(kMessagePanel, u"ファイルを保存しました．"_s);
 }
 
 void FileCommands::mnuFileSaveAs_Click() {
@@ -142,8 +140,8 @@ void FileCommands::mnuFileSaveAsData_Click() {
 /// The path the dialog ended with: after a cancel that is its initial name.
 QString FileCommands::AskOpen(const OpenDialog& dialog) {
     const QString initialName = dialog.initialName.value_or(dialogPath_);
-    const FileDialogAnswer answer = with_.dialogs.AskOpenFile(
-        {dialog.title, with_.settings.GetSetting(QString::fromLatin1(keys::OpenDir), QString()),
+    const FileDialogAnswer answer = person_.dialogs.AskOpenFile(
+        {dialog.title, settings_.GetSetting(QString::fromLatin1(keys::OpenDir), QString()),
          dialog.filter, dialog.defaultSuffix, initialName});
     Remember(answer, initialName);
     return dialogPath_;
@@ -151,23 +149,22 @@ QString FileCommands::AskOpen(const OpenDialog& dialog) {
 
 void FileCommands::SaveAs(const SaveDialog& dialog) {
     const QString initialName = dialog.initialName.value_or(dialogPath_);
-    const FileDialogAnswer answer = with_.dialogs.AskSaveFile(
-        {dialog.title, with_.settings.GetSetting(QString::fromLatin1(keys::SaveDir), QString()),
+    const FileDialogAnswer answer = person_.dialogs.AskSaveFile(
+        {dialog.title, settings_.GetSetting(QString::fromLatin1(keys::SaveDir), QString()),
          dialog.filter, QString(), initialName});
     Remember(answer, initialName);
     if (!answer.accepted) {
         return;
     }
     if (dialog.code) {
-        with_.names.CodeSaveName = answer.path;
+        names_.CodeSaveName = answer.path;
     }
     if (dialog.data) {
-        with_.names.DataSaveName = DataFileNameFor(answer.path);
+        names_.DataSaveName = DataFileNameFor(answer.path);
     }
-    const bool replaces =
-        FileExists(dialog.code ? with_.names.CodeSaveName : with_.names.DataSaveName);
-    if (replaces && !with_.dialogs.AskOkCancel(u"ファイル保存"_s,
-                                               u"ファイルが存在します。上書きしますか？"_s)) {
+    const bool replaces = FileExists(dialog.code ? names_.CodeSaveName : names_.DataSaveName);
+    if (replaces && !person_.dialogs.AskOkCancel(u"ファイル保存"_s,
+                                                 u"ファイルが存在します。上書きしますか？"_s)) {
         return;
     }
     if (!StoreDirectory(keys::SaveDir)) {
@@ -190,98 +187,89 @@ void FileCommands::Remember(const FileDialogAnswer& answer, const QString& initi
 bool FileCommands::StoreDirectory(const char* key) {
     const std::optional<QString> directory = DirectoryOf(dialogPath_, dialogBareName_);
     if (directory) {
-        with_.settings.SaveSetting(QString::fromLatin1(key), *directory);
+        settings_.SaveSetting(QString::fromLatin1(key), *directory);
     }
     return directory.has_value();
 }
 
 void FileCommands::OpenData(const QString& path) {
     if (!path.isEmpty()) {
-        with_.names.DataFileName = DataFileNameFor(path);
+        names_.DataFileName = DataFileNameFor(path);
     }
     OpenNamedData();
 }
 
 void FileCommands::OpenBoth(const QString& path) {
     if (!path.isEmpty()) {
-        with_.names.CodeFileName = path;
-        with_.names.DataFileName = DataFileNameFor(path);
+        names_.CodeFileName = path;
+        names_.DataFileName = DataFileNameFor(path);
     }
     OpenNamedBoth();
 }
 
 void FileCommands::OpenNamedBoth() {
-    QString& name = with_.names.CodeFileName;
+    QString& name = names_.CodeFileName;
     if (!name.isEmpty() && !FileExists(name)) {
         name.clear();
-        with_.windows.SetFlashCaption(u"Program : Not found HEX file"_s);
-        with_.images.ClearFlashImage();
-        if (!RefreshFlashListing()) {
+        person_.windows.SetFlashCaption(u"Program : Not found HEX file"_s);
+        images_.ClearFlashImage();
+        if (!listings_.RefreshFlashListing()) {
             return;
         }
     } else if (HasCodeExtension(name)) {
         if (OpenNamedCode() && StoreDirectory(keys::OpenDir) && OpenNamedData()) {
-            with_.panels.SetStatusText(kMessagePanel, u"ファイルをオープンしました。"_s);
+            person_.status.SetStatusText(kMessagePanel, u"ファイルをオープンしました。"_s);
         }
         return;
     }
     name.clear();
-    with_.messages.ShowMessage(MessageMode::Message,
+    person_.dialog.ShowMessage(MessageMode::Message,
                                u"指定されたファイルを開くことができませんでした。"_s);
 }
 
 bool FileCommands::OpenNamedCode() {
-    const QString& name = with_.names.CodeFileName;
-    with_.windows.SetFlashCaption(u"Program : "_s + name);
-    with_.images.ClearFlashImage();
-    return Continues(ReadCodeHex(name, with_.images.flash, with_.errorFlag),
-                     u"HEX ファイルのオープンエラー"_s) &&
-           RefreshFlashListing();
+    const QString& name = names_.CodeFileName;
+    person_.windows.SetFlashCaption(u"Program : "_s + name);
+    images_.ClearFlashImage();
+    return Continues(ReadCodeHex(name, images_.flash, flag_), u"HEX ファイルのオープンエラー"_s) &&
+           listings_.RefreshFlashListing();
 }
 
 bool FileCommands::OpenNamedData() {
-    const QString& name = with_.names.DataFileName;
+    const QString& name = names_.DataFileName;
     const bool found = FileExists(name);
-    with_.windows.SetEepromCaption(found ? u"EEPROM : "_s + name
-                                         : u"EEPROM memory : Not found EEP file"_s);
-    with_.images.ClearEepromImage();
-    if (found && !Continues(ReadDataHex(name, with_.images.eeprom, with_.errorFlag),
-                            u"EEP  ファイルのオープンエラー"_s)) {
+    person_.windows.SetEepromCaption(found ? u"EEPROM : "_s + name
+                                           : u"EEPROM memory : Not found EEP file"_s);
+    images_.ClearEepromImage();
+    if (found &&
+        !Continues(ReadDataHex(name, images_.eeprom, flag_), u"EEP  ファイルのオープンエラー"_s)) {
         return false;
     }
-    return RefreshEepromListing();
+    return listings_.RefreshEepromListing();
 }
 
 /// A line without a colon is reported and the command goes on; any other failure ends it.
 bool FileCommands::Continues(HexReadResult result, const QString& noColonText) {
     if (result == HexReadResult::NoColon) {
-        with_.panels.SetStatusText(kMessagePanel, noColonText);
+        person_.status.SetStatusText(kMessagePanel, noColonText);
     }
     return result != HexReadResult::Failed;
 }
 
-bool FileCommands::RefreshFlashListing() {
-    return with_.listings.WriteFlashListing() && with_.listings.ShowFlashListing();
-}
-
-bool FileCommands::RefreshEepromListing() {
-    return with_.listings.WriteEepromListing() && with_.listings.ShowEepromListing();
-}
-
 void FileCommands::WriteCode() {
-    Report(WriteCodeHex(with_.names.CodeSaveName, with_.images.flash, with_.device.flashWords));
+    Report(WriteCodeHex(names_.CodeSaveName, images_.flash, device_.flashWords));
 }
 
 void FileCommands::WriteData() {
-    Report(WriteDataHex(with_.names.DataSaveName, with_.images.eeprom, with_.device.eepromBytes));
+    Report(WriteDataHex(names_.DataSaveName, images_.eeprom, device_.eepromBytes));
 }
 
 void FileCommands::Report(HexWriteResult result) {
     if (result != HexWriteResult::Written) {
-        with_.dialogs.ShowBox(BoxIcon::Stop, u"ファイル保存"_s,
-                              result == HexWriteResult::AccessRefused
-                                  ? u"リードオンリーファイルにアクセスしました。"_s
-                                  : u"ファイル保存できませんでした。"_s);
+        person_.dialogs.ShowBox(BoxIcon::Stop, u"ファイル保存"_s,
+                                result == HexWriteResult::AccessRefused
+                                    ? u"リードオンリーファイルにアクセスしました。"_s
+                                    : u"ファイル保存できませんでした。"_s);
     }
 }
 

@@ -4,36 +4,37 @@
 #include <functional>
 #include <optional>
 
-#include "app/app.h"
-#include "device/device.h"
+#include "base/person.h"
+#include "base/settings.h"
 #include "image/hex_reader.h"
 #include "image/hex_writer.h"
 #include "image/image.h"
-#include "platform/dialogs.h"
 
 namespace tolvex {
-
-/// What the file commands work on and speak through. All of it outlives them.
-struct FileCommandWiring {
-    MemoryImages& images;
-    FileNames& names;
-    const CurrentDevice& device;
-    Listings& listings;
-    ListingWindows& windows;
-    StatusPanels& panels;
-    MessageDialog& messages;
-    Settings& settings;
-    Dialogs& dialogs;
-    ErrorFlag& errorFlag;
-    std::function<QString()> mainCaption;  ///< the main window's caption, the title of one box
-};
 
 /// The commands of the file menu that open and save HEX files. A command that meets an unexpected
 /// failure (a file that can't be read to its end, a listing that can't be written) ends there
 /// without a message and keeps what it has done so far.
 class FileCommands {
   public:
-    explicit FileCommands(FileCommandWiring wiring);
+    /// Borrowed.
+    struct Parts {
+        Listings& listings;
+        Settings& settings;
+        const Person& person;
+        ProgramState& state;
+        std::function<QString()> mainCaption;  ///< the main window's caption, the title of one box
+    };
+
+    explicit FileCommands(Parts parts)
+        : listings_(parts.listings),
+          settings_(parts.settings),
+          person_(parts.person),
+          images_(parts.state.images),
+          names_(parts.state.names),
+          device_(parts.state.device),
+          flag_(parts.state.errorFlag),
+          mainCaption_(std::move(parts.mainCaption)) {}
 
     void mnuFileOpenCode_Click();
     void mnuFileOpenData_Click();
@@ -63,14 +64,18 @@ class FileCommands {
     bool OpenNamedData();
     void OpenNamedBoth();
     bool Continues(HexReadResult result, const QString& noColonText);
-    bool RefreshFlashListing();
-    bool RefreshEepromListing();
-
     void WriteCode();
     void WriteData();
     void Report(HexWriteResult result);
 
-    FileCommandWiring with_;
+    Listings& listings_;
+    Settings& settings_;
+    const Person& person_;
+    MemoryImages& images_;
+    FileNames& names_;
+    const CurrentDevice& device_;
+    ErrorFlag& flag_;
+    std::function<QString()> mainCaption_;
     /// What the last file dialog ended with: the path it returned, or, after a cancel, the name it
     /// had been given.
     QString dialogPath_;

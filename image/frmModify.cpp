@@ -5,7 +5,7 @@
 #include <QLabel>
 
 #include "image/buffer_patch.h"
-#include "platform/window_fonts.h"
+#include "widgets/fonts.h"
 
 namespace tolvex {
 

@@ -5,7 +5,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include "platform/window_frame.h"
+#include "widgets/frame.h"
 
 namespace tolvex {
 

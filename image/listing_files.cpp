@@ -39,25 +39,12 @@ QByteArray ListingText(std::span<const std::uint8_t> cells, std::size_t cellsPer
     return text;
 }
 
-bool WriteFile(const QString& path, const QByteArray& text) {
-    if (path.isEmpty()) {
-        return false;
-    }
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly | QIODevice::Truncate) &&
-           file.write(text) == text.size() && file.flush();
-}
-
 }  // namespace
-
-ListingFiles::ListingFiles(const MemoryImages& images, const CurrentDevice& device,
-                           const QString& folder, ListingWindows& windows)
-    : images_(images), device_(device), folder_(folder), windows_(windows) {}
 
 bool ListingFiles::WriteFlashListing() {
     const auto cells =
         std::span(images_.flash).first(2 * static_cast<std::size_t>(device_.flashWords));
-    return WriteFile(Path(kFlashFile), ListingText(cells, 2));
+    return Write(kFlashFile, ListingText(cells, 2));
 }
 
 bool ListingFiles::ShowFlashListing() {
@@ -67,15 +54,15 @@ bool ListingFiles::ShowFlashListing() {
 bool ListingFiles::WriteEepromListing() {
     const auto cells =
         std::span(images_.eeprom).first(static_cast<std::size_t>(device_.eepromBytes));
-    return WriteFile(Path(kEepromFile), ListingText(cells, 1));
+    return Write(kEepromFile, ListingText(cells, 1));
 }
 
 bool ListingFiles::ShowEepromListing() {
     return Show(kEepromFile, &ListingWindows::SetEepromListing);
 }
 
-QString ListingFiles::ReportPath() const {
-    return Path(kReportFile);
+bool ListingFiles::WriteVerifyReport(const QByteArray& text) {
+    return Write(kReportFile, text);
 }
 
 bool ListingFiles::ShowVerifyReport() {
@@ -83,7 +70,7 @@ bool ListingFiles::ShowVerifyReport() {
 }
 
 void ListingFiles::Retire() {
-    if (retired_) {
+    if (retired_ || KeepsNothing()) {
         return;
     }
     for (const char* name : {kFlashFile, kEepromFile, kReportFile}) {
@@ -92,16 +79,26 @@ void ListingFiles::Retire() {
     retired_ = true;
 }
 
-QString ListingFiles::Path(const char* name) const {
-    return retired_ ? QString() : folder_ + QString::fromLatin1(name);
+bool ListingFiles::Write(const char* name, const QByteArray& text) {
+    if (KeepsNothing()) {
+        return true;
+    }
+    if (retired_) {
+        return false;
+    }
+    QFile file(Path(name));
+    return file.open(QIODevice::WriteOnly | QIODevice::Truncate) &&
+           file.write(text) == text.size() && file.flush();
 }
 
 bool ListingFiles::Show(const char* name, ShowText show) {
-    const QString path = Path(name);
-    if (path.isEmpty()) {
+    if (KeepsNothing()) {
+        return true;
+    }
+    if (retired_) {
         return false;
     }
-    QFile file(path);
+    QFile file(Path(name));
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         return false;
     }

@@ -5,17 +5,9 @@
 #include <array>
 #include <cstdint>
 
+#include "base/error_flag.h"
+
 namespace tolvex {
-
-/// The failure flag that all commands share: 0 = no failure, 1 = failure. Commands only ever set
-/// it; whoever runs a sequence clears it first and tests it afterwards.
-struct ErrorFlag {
-    std::int16_t value = 0;
-
-    void Set() { value = 1; }
-    void Clear() { value = 0; }
-    bool Failed() const { return value != 0; }
-};
 
 /// The writer's command set: one letter out, one judged reply back. A command that fails sets the
 /// flag, writes one text into status panel 1 and returns normally; its results then keep what the
@@ -53,13 +45,26 @@ class WriterCommands {
     virtual QString SoftwareVersion() const = 0;
 };
 
+/// What the writer says of itself; what it did not say is empty.
+struct WriterIdentity {
+    QString identifier, softwareVersion, hardwareVersion;
+};
+
+/// A detection: true in a condition when the writer answered all of it.
+struct DetectionResult {
+    bool found = false;
+    WriterIdentity identity;  ///< as far as the detection came
+
+    explicit operator bool() const { return found; }
+};
+
 /// Finds the writer at the stored port and tells it the selected device. After a success the port
 /// stays open for the operation's commands; after a failure it is closed and the person has been
 /// told.
 class WriterDetection {
   public:
     virtual ~WriterDetection() = default;
-    virtual bool WriterCheck() = 0;
+    virtual DetectionResult WriterCheck() = 0;
 };
 
 /// A delay that keeps serving the event loop.

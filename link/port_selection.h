@@ -4,10 +4,11 @@
 #include <QStringList>
 #include <functional>
 
-#include "app/app.h"
+#include "base/person.h"
+#include "base/program_state.h"
+#include "base/settings.h"
 #include "link/link.h"
 #include "link/serial_connection.h"
-#include "platform/dialogs.h"
 
 namespace tolvex {
 
@@ -20,9 +21,8 @@ class PortSelection {
         WriterCommands& commands;
         WriterDetection& detection;
         Settings& settings;
-        StatusPanels& status;
-        Dialogs& dialogs;
-        ErrorFlag& errorFlag;
+        const Person& person;
+        ProgramState& state;
     };
 
     explicit PortSelection(const Parts& parts) : parts_(parts) {}

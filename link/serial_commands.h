@@ -3,7 +3,7 @@
 
 #include <span>
 
-#include "app/app.h"
+#include "base/status_panels.h"
 #include "link/link.h"
 #include "link/serial_connection.h"
 

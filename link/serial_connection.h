@@ -5,9 +5,9 @@
 #include <chrono>
 #include <span>
 
+#include "base/event_clock.h"
+#include "base/serial_port.h"
 #include "link/link.h"
-#include "platform/event_clock.h"
-#include "platform/serial_port.h"
 
 namespace tolvex {
 

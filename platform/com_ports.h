@@ -5,9 +5,9 @@
 #include <QMap>
 #include <QString>
 
-namespace tolvex {
+#include "base/serial_port.h"
 
-inline constexpr int kComPortCount = 20;
+namespace tolvex {
 
 struct ComPort {
     int number = 0;      ///< 1 to 20

@@ -4,7 +4,7 @@
 #include <QElapsedTimer>
 #include <QObject>
 
-#include "platform/event_clock.h"
+#include "base/event_clock.h"
 
 namespace tolvex {
 

@@ -30,10 +30,10 @@ ProgramFolder EnterProgramFolder(const QString& programFolder, const QString& us
     result.appDir.program = WithSeparator(programFolder);
     result.isCurrent = QDir::setCurrent(programFolder);
     result.canWriteListings = CanCreateFiles(programFolder);
-    result.appDir.listings = result.appDir.program;
+    result.appDir.listings = {result.appDir.program};
     if (!result.canWriteListings) {
         QDir().mkpath(userFolder);
-        result.appDir.listings = WithSeparator(userFolder);
+        result.appDir.listings = {WithSeparator(userFolder)};
         result.canWriteListings = CanCreateFiles(userFolder);
     }
     return result;

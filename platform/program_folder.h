@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/app.h"
+#include "base/app_dir.h"
 
 namespace tolvex {
 

@@ -18,17 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QSerialPort::Parity ParityOf(char letter) {
-    switch (letter) {
-        case 'e':
-            return QSerialPort::EvenParity;
-        case 'o':
-            return QSerialPort::OddParity;
-        default:
-            return QSerialPort::NoParity;
-    }
-}
-
 /// Exclusive mode (Qt asks the driver for it) binds neither a privileged process nor one that
 /// opened the device before. The advisory lock that terminal programs take as well closes the gap.
 bool LockDevice([[maybe_unused]] const QSerialPort& port) {
@@ -92,9 +81,9 @@ QtSerialPort::~QtSerialPort() {
 void QtSerialPort::ApplySettings() {
     port_->setPortName(ports_.DevicePath(settings_.number));
     port_->setBaudRate(settings_.baud);
-    port_->setParity(ParityOf(settings_.parity));
-    port_->setDataBits(static_cast<QSerialPort::DataBits>(settings_.dataBits));
-    port_->setStopBits(settings_.stopBits == 2 ? QSerialPort::TwoStop : QSerialPort::OneStop);
+    port_->setParity(QSerialPort::NoParity);
+    port_->setDataBits(QSerialPort::Data8);
+    port_->setStopBits(QSerialPort::OneStop);
     port_->setFlowControl(QSerialPort::NoFlowControl);
 }
 

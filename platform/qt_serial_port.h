@@ -4,8 +4,8 @@
 #include <QString>
 #include <memory>
 
+#include "base/serial_port.h"
 #include "platform/com_ports.h"
-#include "platform/serial_port.h"
 
 class QSerialPort;
 

@@ -3,7 +3,7 @@
 
 #include <QSettings>
 
-#include "app/app.h"
+#include "base/settings.h"
 
 namespace tolvex {
 

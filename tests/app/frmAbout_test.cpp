@@ -8,7 +8,7 @@
 #include <QPushButton>
 
 #include "app/frmIndex.h"
-#include "app/product.h"
+#include "base/product.h"
 
 namespace tolvex {
 

@@ -16,8 +16,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include "platform/twips.h"
 #include "tests/app/window_bench.h"
+#include "widgets/twips.h"
 
 namespace tolvex {
 namespace {
@@ -81,7 +81,7 @@ TEST(Menus, ItemsDoWhatTheySay) {
         QWidget* bar;
     };
     for (const Toggle& c :
-         {Toggle{"mnuViewToolbar", &window.Toolbar()}, {"mnuViewStatusBar", &window.StatusBar()}}) {
+         {Toggle{"mnuViewToolbar", &window.Tools()}, {"mnuViewStatusBar", &window.Panels()}}) {
         b.Item(c.item)->trigger();
         EXPECT_TRUE(c.bar->isHidden() && !b.Item(c.item)->isChecked()) << c.item;
         window.SetStatusText(1, u"while hidden"_s);
@@ -113,11 +113,11 @@ TEST(StatusBar, OnlyAPanelThatBeginsWithComOpensThePortDialog) {
     WindowBench b;
     b.Start();
     b.program.Window().SetStatusText(1, u"ライタを検出しました。 COM1"_s);
-    Q_EMIT b.program.Window().StatusBar().PanelClicked(1);
-    Q_EMIT b.program.Window().StatusBar().PanelClicked(5);
+    Q_EMIT b.program.Window().Panels().PanelClicked(1);
+    Q_EMIT b.program.Window().Panels().PanelClicked(5);
     b.program.Window().SetStatusText(5, u"COM:1"_s);
     b.AnswerDialogs({u"Command_cancel"_s});
-    Q_EMIT b.program.Window().StatusBar().PanelClicked(5);
+    Q_EMIT b.program.Window().Panels().PanelClicked(5);
     EXPECT_EQ(b.dialogsSeen, (QStringList{u"通信ポート選択"_s}));
 }
 
@@ -131,7 +131,7 @@ TEST(MainJob, OpensProgramsAndVerifiesByItsButtons) {
     bool busySeen = false;
     b.clock.OnYield([&] {
         busySeen = true;
-        EXPECT_FALSE(b.program.Window().Toolbar().isEnabled());
+        EXPECT_FALSE(b.program.Window().Tools().isEnabled());
         EXPECT_FALSE(b.Item("mnuFileOpen")->isEnabled() || b.Item("mnuReLoad")->isEnabled());
         EXPECT_FALSE(b.Find<QComboBox>("Combo_device")->isEnabled());
         EXPECT_FALSE(b.Find<QPushButton>("cmdFuseWrite")->isEnabled());
@@ -140,9 +140,10 @@ TEST(MainJob, OpensProgramsAndVerifiesByItsButtons) {
     });
     b.Click("Program");
     EXPECT_TRUE(busySeen);
-    EXPECT_TRUE(b.program.Window().Toolbar().isEnabled());
+    EXPECT_TRUE(b.program.Window().Tools().isEnabled());
     EXPECT_EQ(b.Panel(1), u"プログラム終了しました。"_s);
-    EXPECT_EQ(b.Find<FittedLabel>("txtMsg")->Text(), u"ベリファイ　FLASH : OK / EEPROM : OK"_s);
+    EXPECT_EQ(b.Find<FittedLabel>("txtMsg")->WholeText(),
+              u"ベリファイ　FLASH : OK / EEPROM : OK"_s);
     EXPECT_EQ(b.chip.ReadFlashHigh(0), 0xE0);
     EXPECT_EQ(b.chip.ReadEeprom(0), 0x32);
     EXPECT_EQ(Child(b, "frmVerify"), nullptr);

@@ -16,9 +16,15 @@ WindowBench::WindowBench(int chipIndex)
     : chip(*FindChipModel(QString::number(chipIndex))),
       board(&chip),
       port(board, clock, 0),
-      folders{folder.path() + u'/', folder.path() + u'/'},
+      folders{folder.path() + u'/', {folder.path() + u'/'}},
       comPorts(folder.path()),
-      program({port, clock, settings, folders, comPorts, person, help}) {
+      program({.port = port,
+               .clock = clock,
+               .settings = settings,
+               .folders = folders,
+               .comPorts = comPorts,
+               .dialogs = person,
+               .help = help}) {
     settings.values = {{u"Index_First_Flag"_s, u"1"_s},
                        {u"Index_Com_Flag"_s, u"1"_s},
                        {u"ComNox"_s, u"1"_s},

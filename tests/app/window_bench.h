@@ -28,7 +28,7 @@ class WindowBench {
     }
     QAction* Item(const char* name) { return Find<QAction>(name); }
     void Click(const char* button);
-    QString Panel(int panel) { return program.Window().StatusBar().PanelText(panel); }
+    QString Panel(int panel) { return program.Window().Panels().PanelText(panel); }
     QStringList ListingFiles() const { return QDir(folder.path()).entryList(QDir::Files); }
 
     /// Answers the next modal windows, in order, by clicking the named button in each.

@@ -65,17 +65,18 @@ TEST(DeviceCheck, JudgesTheSizeCode) {
     };
     for (const auto& c : cases) {
         TestBench b(c.device);
-        SignatureWriter writer(b.bench.connection, b.person, b.bench.errorFlag);
+        SignatureWriter writer(b.bench.connection, b.person, b.bench.state.errorFlag);
         writer.replies = c.replies;
-        OperationContext context{writer,         b.bench.connection, b.bench.images,
-                                 b.bench.device, b.bench.listings,   b.person,
-                                 b.person,       b.person,           b.bench.errorFlag};
         b.person.message = QString();
         b.person.options[OptionList::LockBit] = 0;
-        DeviceCheck check(context);
+        DeviceCheck check({.writer = writer,
+                           .waiting = b.bench.connection,
+                           .listings = b.bench.listings,
+                           .person = b.bench.person,
+                           .state = b.bench.state});
         check.CheckSignature();
         EXPECT_EQ(writer.asked, c.asked) << c.what;
-        EXPECT_EQ(b.bench.errorFlag.Failed(), c.failed) << c.what;
+        EXPECT_EQ(b.bench.state.errorFlag.Failed(), c.failed) << c.what;
         EXPECT_EQ(b.person.message, c.message) << c.what;
         EXPECT_EQ(b.person.panels[3], c.signature) << c.what;
         EXPECT_EQ(b.person.options[OptionList::LockBit], c.message == kProtected ? 2 : 0) << c.what;
@@ -94,7 +95,7 @@ TEST(DeviceCheck, BracketsTheSignatureAndGivesTheChipASecondWhateverFails) {
         b.bench.check.CheckDevice();
         EXPECT_EQ(b.Wire(), (QStringList{u"P"_s, u"s"_s, u"L"_s}));
         EXPECT_GE(b.clock.Now() - start, std::chrono::milliseconds(1100));
-        EXPECT_EQ(b.bench.errorFlag.Failed(), fails);
+        EXPECT_EQ(b.bench.state.errorFlag.Failed(), fails);
     }
 }
 

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "device/frmMessageWindow.h"
+#include "device/message_window.h"
 
 namespace tolvex {
 namespace {
@@ -82,7 +82,7 @@ TEST_F(MessageWindowTest, TheLongestMessageIsWhole) {
         const auto* label = Window()->findChild<FittedLabel*>();
         EXPECT_EQ(Window()->size(), QSize(383, 120));
         EXPECT_TRUE(label->toolTip().isEmpty());  // it would hold a text that had to be cut
-        EXPECT_FALSE(label->Text().endsWith(u'\n'));
+        EXPECT_FALSE(label->WholeText().endsWith(u'\n'));
     }
 }
 

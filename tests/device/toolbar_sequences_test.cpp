@@ -56,8 +56,8 @@ TEST(ToolbarSequences, ClearWorksWithoutAWriter) {
     MoveAllOptions(b);
     b.bench.toolbar.Click(u"Clear");
     EXPECT_TRUE(b.port.Calls().isEmpty());
-    EXPECT_EQ(b.bench.images.flash, MemoryImages().flash);
-    EXPECT_EQ(b.bench.images.eeprom, MemoryImages().eeprom);
+    EXPECT_EQ(b.bench.state.images.flash, MemoryImages().flash);
+    EXPECT_EQ(b.bench.state.images.eeprom, MemoryImages().eeprom);
     EXPECT_EQ(b.person.options, kStartUpOptions);
     EXPECT_EQ(b.person.calls.filter(u"listing"_s),
               (QStringList{u"flash listing"_s, u"eeprom listing"_s}));
@@ -83,7 +83,7 @@ TEST(ToolbarSequences, FileButtonsRunTheMenusCommands) {
     EXPECT_EQ(b.person.calls.filter(u"dialog"_s),
               (QStringList{u"open dialog コードファイル ＆ データファイルを開く"_s,
                            u"save dialog コードファイル ＆ データファイルの保存"_s}));
-    EXPECT_FALSE(b.bench.fileNames.ReloadFlag);
+    EXPECT_FALSE(b.bench.state.names.ReloadFlag);
     b.bench.toolbar.Click(u"ComSelect");
     EXPECT_EQ(b.portDialogs, 1);
     b.person.calls.clear();

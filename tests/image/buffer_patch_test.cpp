@@ -22,12 +22,13 @@ constexpr bool kEeprom = false;
 
 struct PatchTest : ::testing::Test {
     QTemporaryDir dir;
-    MemoryImages images;
-    CurrentDevice device{u"AT90S1200"_s, 0x13, 512, 128, FuseGroup::LockOnly};
     testing::Recorder person;
-    ErrorFlag flag;
-    ListingFiles listings{images, device, dir.path() + u'/', person};
-    BufferPatch patch{images, device, listings, person, flag};
+    const Person all = person.AsPerson();
+    ProgramState state{.device = {u"AT90S1200"_s, 0x13, 512, 128, FuseGroup::LockOnly}};
+    MemoryImages& images = state.images;
+    ErrorFlag& flag = state.errorFlag;
+    ListingFiles listings{{.folders = {dir.path() + u'/'}, .windows = person, .state = state}};
+    BufferPatch patch{{.listings = listings, .person = all, .state = state}};
 };
 
 TEST_F(PatchTest, Read) {
@@ -72,9 +73,10 @@ TEST_F(PatchTest, Write) {
     EXPECT_TRUE(person.eepromListing.contains(u"FF 34 "_s));
     EXPECT_EQ(person.calls.join(u", "), u"flash listing, flash listing, eeprom listing"_s);
 
-    ListingFiles lost(images, device, dir.filePath(u"gone/"_s), person);
+    ListingFiles lost({.folders = {dir.filePath(u"gone/"_s)}, .windows = person, .state = state});
     person.calls.clear();
-    BufferPatch(images, device, lost, person, flag).WriteBufferCell(u"1"_s, u"55"_s, kEeprom);
+    BufferPatch({.listings = lost, .person = all, .state = state})
+        .WriteBufferCell(u"1"_s, u"55"_s, kEeprom);
     EXPECT_EQ(images.eeprom[1], 0x55);
     EXPECT_TRUE(person.calls.isEmpty()) << "a listing that can't be written is not shown";
 }
@@ -96,7 +98,7 @@ TEST_F(PatchTest, RefusedWritesChangeNothing) {
         EXPECT_EQ(person.calls.join(u'\n'), c.said) << (c.address + u' ' + c.data).toStdString();
         EXPECT_TRUE(images.flash == before.flash && images.eeprom == before.eeprom);
     }
-    device = {};  // without a device every address is beyond
+    state.device = {};  // without a device every address is beyond
     person.calls.clear();
     patch.ReadBufferCell(u"0"_s, kProgram, true);
     patch.WriteBufferCell(u"0"_s, u"0"_s, kEeprom);

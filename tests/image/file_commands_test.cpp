@@ -6,7 +6,7 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
-#include "app/settings_keys.h"
+#include "base/settings_keys.h"
 #include "image/listing_files.h"
 #include "tests/support/real_files.h"
 #include "tests/support/recorder.h"
@@ -50,18 +50,19 @@ const QByteArray kData = ":0100000048B7\r\n:00000001FF\r\n";
 /// The file commands over real files in a folder of their own, with a scripted person.
 struct FileCommandBench {
     explicit FileCommandBench(const QString& listingFolder = u"/"_s)
-        : listings(images, device, dir.path() + listingFolder, person) {}
+        : listings({.folders = {dir.path() + listingFolder}, .windows = person, .state = state}) {}
 
     QTemporaryDir dir;
-    MemoryImages images;
-    FileNames names;
-    CurrentDevice device{u"AT90S1200"_s, 0x13, 512, 64, FuseGroup::LockOnly};
     testing::Recorder person;
+    const Person all = person.AsPerson();
     testing::MemorySettings settings;
-    ErrorFlag flag;
+    ProgramState state{.device = {u"AT90S1200"_s, 0x13, 512, 64, FuseGroup::LockOnly}};
     ListingFiles listings;
-    FileCommands commands{{images, names, device, listings, person, person, person, settings,
-                           person, flag, [] { return u"Tolvex 1.2.3"_s; }}};
+    FileCommands commands{{.listings = listings,
+                           .settings = settings,
+                           .person = all,
+                           .state = state,
+                           .mainCaption = [] { return u"Tolvex 1.2.3"_s; }}};
 
     QString Path(const QString& name) const { return dir.filePath(name); }
     /// `text` with this bench's folder cut out wherever it stands.
@@ -179,8 +180,8 @@ TEST(FileCommands, OpeningLeavesBehind) {
     };
     for (const auto& c : cases) {
         FileCommandBench bench;
-        bench.images.flash.fill(0x77);
-        bench.images.eeprom.fill(0x77);
+        bench.state.images.flash.fill(0x77);
+        bench.state.images.eeprom.fill(0x77);
         for (const QString& name :
              {u"blink.hex"_s, u"blink.ROM"_s, u"blink.txt"_s, u"blink.eep"_s}) {
             const QByteArray& content = name.endsWith(u"eep"_s) ? c.data : c.code;
@@ -193,15 +194,15 @@ TEST(FileCommands, OpeningLeavesBehind) {
 
         EXPECT_EQ(bench.Met(), c.met) << c.what;
         const QStringList left{bench.person.flashCaption, bench.person.eepromCaption,
-                               bench.names.CodeFileName, bench.names.DataFileName};
+                               bench.state.names.CodeFileName, bench.state.names.DataFileName};
         EXPECT_EQ(bench.Short(left.join(u'|')),
                   QStringList({c.flashCaption, c.eepromCaption, c.codeName, c.dataName}).join(u'|'))
             << c.what;
         EXPECT_EQ(bench.Setting(keys::OpenDir),
                   c.directoryStored ? bench.dir.path() : u"never stored"_s)
             << c.what;
-        EXPECT_EQ(bench.images.flash[1], c.flashCell1) << c.what;
-        EXPECT_EQ(bench.images.eeprom[0], c.eepromCell0) << c.what;
+        EXPECT_EQ(bench.state.images.flash[1], c.flashCell1) << c.what;
+        EXPECT_EQ(bench.state.images.eeprom[0], c.eepromCell0) << c.what;
     }
 }
 
@@ -242,8 +243,8 @@ TEST(FileCommands, OpeningAgain) {
             bench.Choose(step.chosen);
             (bench.commands.*step.command)();
         }
-        bench.images.flash.fill(0x77);
-        bench.images.eeprom.fill(0x77);
+        bench.state.images.flash.fill(0x77);
+        bench.state.images.eeprom.fill(0x77);
         bench.settings.values.clear();
         bench.Met();
         if (c.codeFileGone) {
@@ -254,9 +255,9 @@ TEST(FileCommands, OpeningAgain) {
         EXPECT_EQ(bench.Setting(keys::OpenDir),
                   c.directoryStored ? bench.dir.path() : u"never stored"_s)
             << c.what;
-        EXPECT_EQ(bench.images.flash[1], c.flashCell1) << c.what;
-        EXPECT_EQ(bench.images.eeprom[0], c.eepromCell0) << c.what;
-        EXPECT_FALSE(bench.names.ReloadFlag) << c.what;
+        EXPECT_EQ(bench.state.images.flash[1], c.flashCell1) << c.what;
+        EXPECT_EQ(bench.state.images.eeprom[0], c.eepromCell0) << c.what;
+        EXPECT_FALSE(bench.state.names.ReloadFlag) << c.what;
     }
 }
 
@@ -271,7 +272,7 @@ TEST(FileCommands, DroppedFilesOpenByTheirExtension) {
 
     bench.commands.OpenDropped(bench.Path(u"blink.eep"_s));
     EXPECT_EQ(bench.Met(), QStringList(kEepromShown));
-    EXPECT_EQ(bench.images.eeprom[0], 0x48);
+    EXPECT_EQ(bench.state.images.eeprom[0], 0x48);
     bench.commands.OpenDropped(bench.Path(u"blink.txt"_s));
     EXPECT_EQ(bench.Met().last(), kCannotOpen);
     EXPECT_TRUE(bench.person.fileRequests.isEmpty());
@@ -346,9 +347,9 @@ TEST(FileCommands, SaveAs) {
     };
     for (const auto& c : cases) {
         FileCommandBench bench;
-        bench.images.flash[1] = 0x12;
-        bench.images.eeprom[0] = 0x34;
-        bench.names.CodeFileName = u"opened.hex"_s;
+        bench.state.images.flash[1] = 0x12;
+        bench.state.images.eeprom[0] = 0x34;
+        bench.state.names.CodeFileName = u"opened.hex"_s;
         for (const QString& name : c.existing) {
             testing::PutFile(bench.Path(name), "old");
         }
@@ -362,45 +363,46 @@ TEST(FileCommands, SaveAs) {
         const bool written = c.code == Image || c.data == Image;
         EXPECT_EQ(bench.Setting(keys::SaveDir), written ? bench.dir.path() : u"never stored"_s)
             << c.what;
-        EXPECT_EQ(bench.names.CodeFileName + bench.names.DataFileName, u"opened.hex"_s) << c.what;
+        EXPECT_EQ(bench.state.names.CodeFileName + bench.state.names.DataFileName, u"opened.hex"_s)
+            << c.what;
     }
 }
 
 TEST(FileCommands, SaveUnderTheOpenedNames) {
     FileCommandBench bench;
-    bench.names.CodeFileName = bench.Path(u"out.hex"_s);
-    bench.names.DataFileName = bench.Path(u"out.eep"_s);
-    testing::PutFile(bench.names.CodeFileName, "old");
+    bench.state.names.CodeFileName = bench.Path(u"out.hex"_s);
+    bench.state.names.DataFileName = bench.Path(u"out.eep"_s);
+    testing::PutFile(bench.state.names.CodeFileName, "old");
     bench.commands.mnuFileSave_Click();
     EXPECT_EQ(bench.Met(), QStringList(kSaved));
-    EXPECT_EQ(Bytes(bench.names.CodeFileName).count('\n'), 65);
-    EXPECT_EQ(Bytes(bench.names.DataFileName).count('\n'), 5);
-    EXPECT_EQ(bench.names.CodeSaveName, bench.names.CodeFileName);
-    EXPECT_EQ(bench.names.DataSaveName, bench.names.DataFileName);
+    EXPECT_EQ(Bytes(bench.state.names.CodeFileName).count('\n'), 65);
+    EXPECT_EQ(Bytes(bench.state.names.DataFileName).count('\n'), 5);
+    EXPECT_EQ(bench.state.names.CodeSaveName, bench.state.names.CodeFileName);
+    EXPECT_EQ(bench.state.names.DataSaveName, bench.state.names.DataFileName);
     EXPECT_EQ(bench.Setting(keys::SaveDir), u"never stored"_s);
 }
 
 TEST(FileCommands, SaveNeedsBothNames) {
     FileCommandBench bench;
-    bench.names.DataFileName = bench.Path(u"out.eep"_s);
+    bench.state.names.DataFileName = bench.Path(u"out.eep"_s);
     bench.commands.mnuFileSave_Click();
     EXPECT_EQ(bench.Met(), QStringList({u"message OK: ファイルがオープンされていません．"_s,
                                         u"status 1: ファイルがオープンされていません"_s}));
-    EXPECT_FALSE(QFile::exists(bench.names.DataFileName));
+    EXPECT_FALSE(QFile::exists(bench.state.names.DataFileName));
 
-    bench.names.CodeFileName = bench.Path(u"out.hex"_s);
-    bench.names.DataFileName.clear();
+    bench.state.names.CodeFileName = bench.Path(u"out.hex"_s);
+    bench.state.names.DataFileName.clear();
     bench.commands.mnuFileSave_Click();
     EXPECT_EQ(bench.Met(), QStringList({kFailed, kSaved}));
-    EXPECT_EQ(Bytes(bench.names.CodeFileName).count('\n'), 65);
+    EXPECT_EQ(Bytes(bench.state.names.CodeFileName).count('\n'), 65);
 }
 
 TEST(FileCommands, AReadOnlyFileHasAMessageOfItsOwn) {
     FileCommandBench bench;
-    bench.names.CodeFileName = bench.Path(u"out.hex"_s);
-    bench.names.DataFileName = bench.dir.path();
-    testing::PutFile(bench.names.CodeFileName, "old");
-    testing::MakeReadOnly(bench.names.CodeFileName);
+    bench.state.names.CodeFileName = bench.Path(u"out.hex"_s);
+    bench.state.names.DataFileName = bench.dir.path();
+    testing::PutFile(bench.state.names.CodeFileName, "old");
+    testing::MakeReadOnly(bench.state.names.CodeFileName);
     testing::OpenToAll(bench.dir.path());
     const testing::OrdinaryUser user;
     if (!user.Bound()) {
@@ -408,7 +410,7 @@ TEST(FileCommands, AReadOnlyFileHasAMessageOfItsOwn) {
     }
     bench.commands.mnuFileSave_Click();
     EXPECT_EQ(bench.Met(), QStringList({kRefused, kFailed, kSaved}));
-    EXPECT_EQ(Bytes(bench.names.CodeFileName), "old");
+    EXPECT_EQ(Bytes(bench.state.names.CodeFileName), "old");
 }
 
 }  // namespace

@@ -35,7 +35,7 @@ TEST(IndependentTool, AgreesThatAChipReadBackAndSavedIsWhatWasProgrammed) {
             const int same = QProcess::execute(
                 srecCmp, {b.folder.filePath(u"source."_s + suffix), u"-intel"_s,
                           b.folder.filePath(u"readback."_s + suffix), u"-intel"_s});
-            EXPECT_EQ(same, 0) << b.bench.device.name.toStdString();
+            EXPECT_EQ(same, 0) << b.bench.state.device.name.toStdString();
         }
     }
 }

@@ -15,10 +15,11 @@ using namespace Qt::StringLiterals;
 
 struct ListingTest : ::testing::Test {
     QTemporaryDir dir;
-    MemoryImages images;
-    CurrentDevice device{u"AT90S2313"_s, 0x24, 1024, 128, FuseGroup::LockOnly};
     testing::Recorder windows;
-    ListingFiles listings{images, device, dir.path() + u'/', windows};
+    ProgramState state{.device = {u"AT90S2313"_s, 0x24, 1024, 128, FuseGroup::LockOnly}};
+    MemoryImages& images = state.images;
+    CurrentDevice& device = state.device;
+    ListingFiles listings{{.folders = {dir.path() + u'/'}, .windows = windows, .state = state}};
 
     QString Path(const QString& name) { return dir.filePath(name); }
 };
@@ -73,14 +74,13 @@ TEST_F(ListingTest, WindowsShowTheFileAndAShorterOneReplacesIt) {
     EXPECT_EQ(windows.flashListing + windows.eepromListing, QString());
 
     EXPECT_FALSE(listings.ShowVerifyReport());
-    EXPECT_EQ(listings.ReportPath(), Path(u"avrvfy.txt"_s));
-    testing::PutFile(listings.ReportPath(), "one\r\ntwo\r\n");
-    EXPECT_TRUE(listings.ShowVerifyReport());
+    EXPECT_TRUE(listings.WriteVerifyReport("one\r\ntwo\r\n") && listings.ShowVerifyReport());
+    EXPECT_EQ(testing::Bytes(Path(u"avrvfy.txt"_s)), "one\r\ntwo\r\n");
     EXPECT_EQ(windows.verifyReport, u"one\ntwo\n"_s);
 }
 
 TEST_F(ListingTest, WithoutAPlaceNothingIsShown) {
-    ListingFiles lost(images, device, Path(u"gone/"_s), windows);
+    ListingFiles lost({.folders = {Path(u"gone/"_s)}, .windows = windows, .state = state});
     EXPECT_FALSE(lost.WriteFlashListing() || lost.ShowFlashListing() || lost.ShowVerifyReport());
     EXPECT_FALSE(lost.WriteEepromListing() || lost.ShowEepromListing());
     EXPECT_TRUE(windows.calls.isEmpty());
@@ -92,13 +92,13 @@ TEST_F(ListingTest, WithoutAPlaceNothingIsShown) {
 
 TEST_F(ListingTest, RetiredItLeavesAndWritesNothing) {
     ASSERT_TRUE(listings.WriteFlashListing() && listings.WriteEepromListing());
-    testing::PutFile(listings.ReportPath(), "report");
+    ASSERT_TRUE(listings.WriteVerifyReport("report"));
     testing::PutFile(Path(u"other.txt"_s), "stays");
     listings.Retire();
     EXPECT_FALSE(listings.WriteFlashListing() || listings.ShowFlashListing());
     EXPECT_FALSE(listings.WriteEepromListing() || listings.ShowEepromListing());
     EXPECT_FALSE(listings.ShowVerifyReport());
-    EXPECT_EQ(listings.ReportPath(), QString());
+    EXPECT_FALSE(listings.WriteVerifyReport("report"));
     EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files), QStringList(u"other.txt"_s));
     EXPECT_TRUE(windows.calls.isEmpty());
 }

@@ -21,7 +21,7 @@ struct OpenBench : TestBench {
     }
 
     WriterCommands& writer = bench.commands;
-    ErrorFlag& flag = bench.errorFlag;
+    ErrorFlag& flag = bench.state.errorFlag;
     QString text = u"as it was"_s;
     std::uint8_t high = 0x12, low = 0x34;
     std::array<std::uint8_t, 3> signature{};

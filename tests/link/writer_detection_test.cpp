@@ -65,7 +65,7 @@ TEST(WriterDetector, WithoutAStoredPortNothingIsOpened) {
         EXPECT_FALSE(b.bench.detection.WriterCheck());
         EXPECT_FALSE(b.port.Calls().contains(u"open"_s));
         EXPECT_EQ(b.person.panels[1], u"ライタと通信ができませんでした。(レジストリリード)"_s);
-        EXPECT_FALSE(b.bench.errorFlag.Failed());
+        EXPECT_FALSE(b.bench.state.errorFlag.Failed());
     }
 }
 
@@ -85,7 +85,7 @@ TEST(PortSelection, LoadingClosesThePortAndPreselectsTheStoredOne) {
     ASSERT_TRUE(b.bench.detection.WriterCheck());
     EXPECT_EQ(b.bench.portSelection.Load(), 7);
     EXPECT_FALSE(b.port.IsOpen());
-    EXPECT_TRUE(b.bench.errorFlag.Failed());
+    EXPECT_TRUE(b.bench.state.errorFlag.Failed());
     EXPECT_EQ(b.person.panels[1], QString());
 
     b.bench.portSelection.Cancel();
@@ -102,7 +102,7 @@ TEST(PortSelection, APortThatCantBeOpenedIsNotStored) {
         EXPECT_EQ(b.person.calls.last(),
                   u"box Stop ポートオープン失敗|%1 のオープンに失敗しました。\r"
                   "ポート番号を再設定してください。"_s.arg(port));
-        EXPECT_TRUE(b.bench.errorFlag.Failed());
+        EXPECT_TRUE(b.bench.state.errorFlag.Failed());
         EXPECT_EQ(b.settings.values[u"ComNox"_s], u"1"_s);
         EXPECT_FALSE(hidden);
     }
@@ -136,7 +136,7 @@ TEST(PortSelection, AnOpenedPortIsStoredAndDetected) {
         EXPECT_EQ(b.settings.values[u"ComNox"_s], u"3"_s) << c.what;
         EXPECT_EQ(b.person.panels[1], c.panel) << c.what;
         EXPECT_EQ(b.person.panels[5], u"COM:3"_s) << c.what;
-        EXPECT_FALSE(b.bench.errorFlag.Failed()) << c.what;
+        EXPECT_FALSE(b.bench.state.errorFlag.Failed()) << c.what;
     }
 }
 

@@ -66,7 +66,7 @@ TEST(ProgramFolder, TakesTheListingsOrTheUsersFolderDoes) {
     };
     for (const auto& c : cases) {
         const ProgramFolder found = EnterProgramFolder(c.program, c.user);
-        EXPECT_EQ(found.appDir.listings, c.listings);
+        EXPECT_EQ(found.appDir.listings, QStringList(c.listings));
         EXPECT_TRUE(found.appDir.program.endsWith(u'/') && !found.appDir.program.endsWith(u"//"_s));
         EXPECT_EQ(found.isCurrent, c.isCurrent);
         EXPECT_EQ(found.canWriteListings, c.canWrite);

@@ -6,7 +6,7 @@
 #include <memory>
 #include <utility>
 
-#include "platform/serial_port.h"
+#include "base/serial_port.h"
 #include "tests/support/virtual_clock.h"
 
 namespace tolvex::testing {

@@ -4,10 +4,8 @@
 #include <QMap>
 #include <QStringList>
 
-#include "app/app.h"
-#include "device/device.h"
-#include "image/image.h"
-#include "platform/dialogs.h"
+#include "base/person.h"
+#include "base/settings.h"
 
 namespace tolvex::testing {
 
@@ -37,12 +35,17 @@ class Recorder : public StatusPanels,
     int markedDevice = -1;
     QString flashListing, eepromListing, verifyReport, flashCaption, eepromCaption;
     QString flashSize, eepromSize;
-    bool fuseReadEnabled = true, fuseWriteEnabled = true, patchPanelShown = false;
+    bool fuseReadEnabled = true, patchPanelShown = false;
 
     QList<FileDialogAnswer> fileAnswers;  ///< taken from the front; none left = cancelled
     QList<bool> okCancelAnswers;          ///< none left = Cancel
     QList<FileDialogRequest> fileRequests;
 
+    /// All five roles are played by this.
+    Person AsPerson() {
+        return {
+            .status = *this, .dialog = *this, .windows = *this, .panel = *this, .dialogs = *this};
+    }
     /// The calls that a person sees (status 1 and the message dialog), in order.
     QStringList Seen() const;
 
@@ -63,7 +66,6 @@ class Recorder : public StatusPanels,
     void SelectOption(OptionList list, int entry) override;
     void ShowOption(OptionList list, bool on) override { optionShown[list] = on; }
     void EnableFuseRead(bool enabled) override { fuseReadEnabled = enabled; }
-    void EnableFuseWrite(bool enabled) override { fuseWriteEnabled = enabled; }
     void FillDevices(const QStringList& names) override { devices = names; }
     void MarkDevice(int index) override { markedDevice = index; }
     void ShowSizes(const QString& flash, const QString& eeprom) override {

@@ -6,7 +6,7 @@
 #include <memory>
 #include <optional>
 
-#include "platform/serial_port.h"
+#include "base/serial_port.h"
 #include "tests/support/virtual_clock.h"
 #include "writer/paced_board.h"
 

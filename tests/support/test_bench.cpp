@@ -22,9 +22,14 @@ TestBench::TestBench(int deviceIndex)
     : chip(NewChip(deviceIndex)),
       board(chip.get()),
       port(board, clock, 0),
-      folders{folder.path() + u'/', folder.path() + u'/'},
-      bench({port, clock, settings, folders, person, person, person, person, person,
-             [] { return u"Tolvex Version 1.40.25"_s; }, [this] { ++portDialogs; }}) {
+      folders{folder.path() + u'/', {folder.path() + u'/'}},
+      bench({.port = port,
+             .clock = clock,
+             .settings = settings,
+             .folders = folders,
+             .person = person.AsPerson(),
+             .mainCaption = [] { return u"Tolvex Version 1.40.25"_s; },
+             .showPortDialog = [this] { ++portDialogs; }}) {
     settings.values[u"ComNox"_s] = u"1"_s;
     settings.values[u"device"_s] = QString::number(deviceIndex);
     bench.selection.FillDeviceLists();
@@ -44,22 +49,23 @@ void TestBench::FillImages(unsigned seed) {
             image[static_cast<std::size_t>(cell)] = static_cast<std::uint8_t>(random());
         }
     };
-    fill(bench.images.flash, 2 * bench.device.flashWords);
-    fill(bench.images.eeprom, bench.device.eepromBytes);
+    fill(bench.state.images.flash, 2 * bench.state.device.flashWords);
+    fill(bench.state.images.eeprom, bench.state.device.eepromBytes);
 }
 
 QByteArray TestBench::FlashOfImages() const {
     QByteArray bytes;
-    for (std::size_t cell = 0; cell < static_cast<std::size_t>(2 * bench.device.flashWords);
+    for (std::size_t cell = 0; cell < static_cast<std::size_t>(2 * bench.state.device.flashWords);
          cell += 2) {
-        bytes += static_cast<char>(bench.images.flash[cell + 1]);  // a chip's low byte first
-        bytes += static_cast<char>(bench.images.flash[cell]);
+        bytes += static_cast<char>(bench.state.images.flash[cell + 1]);  // a chip's low byte first
+        bytes += static_cast<char>(bench.state.images.flash[cell]);
     }
     return bytes;
 }
 
 QByteArray TestBench::EepromOfImages() const {
-    return {reinterpret_cast<const char*>(bench.images.eeprom.data()), bench.device.eepromBytes};
+    return {reinterpret_cast<const char*>(bench.state.images.eeprom.data()),
+            bench.state.device.eepromBytes};
 }
 
 QStringList DetectionWire(std::uint8_t code) {

@@ -4,10 +4,10 @@
 #include <QTemporaryDir>
 #include <memory>
 
-#include "app/workbench.h"
 #include "tests/support/recorder.h"
 #include "tests/support/simulated_port.h"
 #include "tests/support/virtual_clock.h"
+#include "workbench/workbench.h"
 #include "writer/simulated_writer.h"
 
 namespace tolvex::testing {

@@ -4,7 +4,7 @@
 #include <functional>
 #include <map>
 
-#include "platform/event_clock.h"
+#include "base/event_clock.h"
 
 namespace tolvex::testing {
 

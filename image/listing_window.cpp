@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include "image/listing_window.h"
+
+#include <QResizeEvent>
+
+#include "widgets/fonts.h"
+#include "widgets/twips.h"
+
+namespace tolvex {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kListingPoints = 9;
+
+}  // namespace
+
+namespace listing_looks {
+
+ListingLook Program() {
+    return {"frmProgram", "txtPrg", u"プログラムメモリ"_s, u"Program Memoey"_s, 0};
+}
+
+ListingLook Eeprom() {
+    return {"frmEEprom", "txtEEp", u"EEPROMデータメモリ"_s, u"EEPROM memory"_s, 0};
+}
+
+ListingLook Verify() {
+    return {"frmVerify", "rtVerify", u"Verify Window"_s, QString(), 20};
+}
+
+}  // namespace listing_looks
+
+ListingWindow::ListingWindow(const ListingLook& look, QWidget* parent)
+    : QWidget(parent), margin_(PixelsFromTwips(look.margin)), box_(new QPlainTextEdit(this)) {
+    setObjectName(QString::fromLatin1(look.window));
+    setWindowTitle(look.caption);
+    box_->setObjectName(QString::fromLatin1(look.box));
+    box_->setAccessibleName(look.caption);
+    box_->setReadOnly(true);
+    // Read-only boxes take no cursor by default; with it the listing scrolls and copies by
+    // keyboard.
+    box_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    box_->setTabChangesFocus(true);
+    box_->setLineWrapMode(QPlainTextEdit::NoWrap);
+    box_->setFont(ListingFont(kListingPoints));
+    box_->setPlainText(look.initialText);
+    setFocusProxy(box_);
+    Form_Resize();
+}
+
+void ListingWindow::SetListing(const QString& text) {
+    box_->hide();
+    box_->setPlainText(text);
+    box_->show();
+}
+
+void ListingWindow::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    Form_Resize();
+}
+
+void ListingWindow::Form_Resize() {
+    box_->setGeometry(rect().adjusted(margin_, margin_, 0, 0));
+}
+
+}  // namespace tolvex

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#include "widgets/fonts.h"
+
+#include <QFontDatabase>
+#include <QStringList>
+
+namespace tolvex {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QStringList FixedFamilies() {
+    return {u"ＭＳ ゴシック"_s, u"MS Gothic"_s, u"IPAGothic"_s, u"Noto Sans Mono CJK JP"_s};
+}
+
+QStringList WindowFamilies() {
+    return {u"Yu Gothic UI"_s, u"Meiryo UI"_s,   u"MS UI Gothic"_s, u"Noto Sans CJK JP"_s,
+            u"IPAPGothic"_s,   u"IPAexGothic"_s, u"TakaoPGothic"_s, u"VL PGothic"_s};
+}
+
+QStringList Installed(const QStringList& families) {
+    QStringList installed;
+    for (const QString& family : families) {
+        if (QFontDatabase::hasFamily(family)) {
+            installed << family;
+        }
+    }
+    return installed;
+}
+
+}  // namespace
+
+QFont ListingFont(int points) {
+    QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    font.setFamilies(Installed(FixedFamilies()) + font.families());
+    font.setStyleHint(QFont::Monospace);
+    font.setFixedPitch(true);
+    font.setPointSize(points);
+    return font;
+}
+
+QFont WindowFont() {
+    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    font.setFamilies(font.families() + Installed(WindowFamilies()));
+    return font;
+}
+
+bool JapaneseFontFound() {
+    return !QFontDatabase::families(QFontDatabase::Japanese).isEmpty();
+}
+
+}  // namespace tolvex

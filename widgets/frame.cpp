@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include "widgets/frame.h"
+
+#include <QPainter>
+
+namespace tolvex {
+
+namespace {
+
+constexpr int kCaptionLeft = 8;
+
+}  // namespace
+
+Frame::Frame(const QString& name, const QString& caption, QWidget* parent)
+    : QGroupBox(caption, parent) {
+    setObjectName(name);
+    setAccessibleName(caption);
+    setContentsMargins(0, 0, 0, 0);
+}
+
+void Frame::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const int line = kCaptionHeight / 2;
+    painter.setPen(palette().color(QPalette::Mid));
+    painter.drawRect(0, line, width() - 1, height() - line - 1);
+    const QRect text(kCaptionLeft, 0, fontMetrics().horizontalAdvance(title()) + 4, kCaptionHeight);
+    painter.fillRect(text, palette().color(QPalette::Window));
+    painter.setPen(palette().color(QPalette::WindowText));
+    painter.drawText(text, Qt::AlignCenter, title());
+}
+
+// The base class makes room for the desktop's look again each time.
+void Frame::resizeEvent(QResizeEvent* event) {
+    QGroupBox::resizeEvent(event);
+    setContentsMargins(0, 0, 0, 0);
+}
+
+void Frame::changeEvent(QEvent* event) {
+    QGroupBox::changeEvent(event);
+    setContentsMargins(0, 0, 0, 0);
+}
+
+}  // namespace tolvex
