@@ -38,26 +38,21 @@ TEST(DeviceCheck, JudgesTheSizeCode) {
     using S = std::array<std::uint8_t, 3>;
     using V = ChipVerdict;
     const struct {
-        const char* what;
         int device;
-        QList<S> replies;  ///< as many as are asked for, and one more where the last one ends it
+        QList<S> replies;  ///< exactly as many as are asked for; none left = silence
         V verdict;
         QString message;  ///< null: none
         QString signature;
     } cases[] = {
         // clang-format off
-        {"of the same size", 2, {{2, 0x97, 0x1E}}, V::Accepted, {}, u"1E:97:02"_s},
-        {"smaller", 2, {{1, 0x90, 0x1E}}, V::Mismatch, mismatch, u"1E:90:01"_s},
-        {"known at the third attempt", 8, {{0, 0, 0}, {0xFF, 0xFF, 0xFF}, {1, 0x93, 0x1E}}, V::Accepted, {},
-         u"1E:93:01"_s},
-        {"protected", 2, QList<S>(5, S{2, 1, 0}), V::Protected, isProtected, u"00:01:02"_s},
-        {"protected, highest code", 2, QList<S>(5, S{2, 2, 0}), V::Protected, isProtected, u"00:02:02"_s},
-        {"empty", 2, QList<S>(5, S{0xFF, 0xFF, 0xFF}), V::EmptySocket, empty, u"FF:FF:FF"_s},
-        {"unknown counts as 512 words", 0, QList<S>(5, S{1, 0x94, 0x1E}), V::Accepted, {}, u"1E:94:01"_s},
-        {"unknown, a larger chip selected", 2, QList<S>(5, S{1, 0x03, 0x1E}), V::Mismatch, mismatch,
-         u"1E:03:01"_s},
-        {"silent", 2, {}, V::NoReply, {}, u"--:--:--"_s},
-        {"silent at the third attempt", 0, {{1, 0x94, 0x1E}, {2, 0x94, 0x1E}}, V::NoReply, {}, u"1E:94:02"_s},
+        {2, {{2, 0x97, 0x1E}}, V::Accepted, {}, u"1E:97:02"_s},
+        {2, {{1, 0x90, 0x1E}}, V::Mismatch, mismatch, u"1E:90:01"_s},
+        {8, {{0, 0, 0}, {0xFF, 0xFF, 0xFF}, {1, 0x93, 0x1E}}, V::Accepted, {}, u"1E:93:01"_s},
+        {2, QList<S>(5, S{2, 2, 0}), V::Protected, isProtected, u"00:02:02"_s},
+        {2, QList<S>(5, S{0xFF, 0xFF, 0xFF}), V::EmptySocket, empty, u"FF:FF:FF"_s},
+        {0, QList<S>(5, S{1, 0x03, 0x1E}), V::Accepted, {}, u"1E:03:01"_s},  // unknown counts as 512 words
+        {2, {}, V::NoReply, {}, u"--:--:--"_s},
+        {0, {{1, 0x94, 0x1E}, {2, 0x94, 0x1E}}, V::NoReply, {}, u"1E:94:02"_s},
         // clang-format on
     };
     for (const auto& c : cases) {
@@ -71,13 +66,14 @@ TEST(DeviceCheck, JudgesTheSizeCode) {
                            .listings = b.bench.listings,
                            .person = b.bench.person,
                            .state = b.bench.state});
+        SCOPED_TRACE(c.signature.toStdString());
         const ChipReading reading = check.CheckSignature();
-        EXPECT_TRUE(writer.replies.isEmpty()) << c.what;
-        EXPECT_EQ(reading.verdict, c.verdict) << c.what;
-        EXPECT_EQ(reading.passed, c.verdict == V::Accepted) << c.what;
-        EXPECT_EQ(b.bench.state.errorFlag.Failed(), c.verdict != V::Accepted) << c.what;
-        EXPECT_EQ(b.person.message, c.message) << c.what;
-        EXPECT_EQ(b.person.panels[3], c.signature) << c.what;
+        EXPECT_TRUE(writer.replies.isEmpty());
+        EXPECT_EQ(reading.verdict, c.verdict);
+        EXPECT_EQ(reading.passed, c.verdict == V::Accepted);
+        EXPECT_EQ(b.bench.state.errorFlag.Failed(), c.verdict != V::Accepted);
+        EXPECT_EQ(b.person.message, c.message);
+        EXPECT_EQ(b.person.panels[3], c.signature);
         EXPECT_EQ(b.person.options[OptionList::LockBit], c.verdict == V::Protected ? 2 : 0);
     }
 }
