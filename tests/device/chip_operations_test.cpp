@@ -249,5 +249,62 @@ TEST(ChipOperations, AListingThatCannotBeWrittenLeavesProgrammingModeAndIsTold) 
     }
 }
 
+TEST(ToolbarSequences, EraseClearsTheChipAndTheListsOrSaysThatItFailed) {
+    for (const char failing : {' ', 'P', 'L'}) {
+        TestBench b(7);
+        b.chip->ProgramFlashLow(3, 0);
+        b.chip->ProgramLock(0xF9);  // so that the signature is asked for five times
+        b.board.SetLetterFault(failing, FaultKind::Wrong);
+        const auto startUp = b.person.options;
+        for (int& entry : b.person.options) {
+            entry = 1 - entry;
+        }
+        auto moved = b.person.options;
+        b.bench.toolbar.Click(u"Erase");
+        EXPECT_EQ(b.Wire().join(u','), u"S,V,v,T 22 00,s,s,s,s,s,P,e,L"_s);
+        if (failing == ' ') {
+            EXPECT_EQ(b.chip->ReadFlashLow(3), kErased);
+            EXPECT_FALSE(b.chip->WriteProtected());
+            EXPECT_EQ(b.person.options, startUp);
+            EXPECT_EQ(b.person.panels[1], u"Lock bit & Flash & EEPROM メモリクリアー完了。"_s);
+            EXPECT_EQ(b.person.calls.filter(u"listing"_s), QStringList(u"eeprom listing"_s));
+        } else {
+            moved[OptionList::LockBit] = 2;  // selected by the check that found the protection
+            EXPECT_EQ(b.person.options, moved);
+            EXPECT_EQ(b.person.panels[1], u"Flash & EEPROM メモリクリアー失敗"_s);
+            EXPECT_EQ(b.person.message, u"Flash & EEPROM メモリクリアー失敗"_s);
+        }
+    }
+}
+
+TEST(ToolbarSequences, ClearWorksWithoutAWriter) {
+    TestBench b(3);
+    b.FillImages(1);
+    const auto startUp = std::exchange(b.person.options, {});
+    b.bench.toolbar.Click(u"Clear");
+    EXPECT_TRUE(b.port.Calls().isEmpty());
+    EXPECT_EQ(b.bench.state.images.flash, MemoryImages().flash);
+    EXPECT_EQ(b.bench.state.images.eeprom, MemoryImages().eeprom);
+    EXPECT_EQ(b.person.options, startUp);
+    EXPECT_EQ(b.person.calls.filter(u"listing"_s).join(u", "), u"flash listing, eeprom listing"_s);
+    EXPECT_EQ(b.person.panels[1], u"バッファーをクリアしました。"_s);
+}
+
+TEST(ToolbarSequences, FileButtonsRunTheMenusCommands) {
+    TestBench b;
+    b.bench.toolbar.Click(u"Open");
+    b.bench.toolbar.Click(u"Save");
+    b.bench.toolbar.Click(u"ReLoad");
+    EXPECT_EQ(b.person.calls.filter(u"dialog"_s).join(u", "),
+              u"open dialog コードファイル ＆ データファイルを開く, "
+              "save dialog コードファイル ＆ データファイルの保存"_s);
+    EXPECT_FALSE(b.bench.state.names.ReloadFlag);
+    b.bench.toolbar.Click(u"ComSelect");
+    EXPECT_EQ(b.portDialogs, 1);
+    b.person.calls.clear();
+    b.bench.toolbar.Click(u"program");
+    EXPECT_EQ(b.person.calls.join(u", "), u"status 1: "_s) << "no such key";
+}
+
 }  // namespace
 }  // namespace tolvex

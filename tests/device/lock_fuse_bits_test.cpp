@@ -21,19 +21,15 @@ const QString kWriteDone = u"Lock/Fuse bit ライトが完了しました。"_s;
 const QString kWriteFailed = u"Lock/Fuse bit ライトに失敗しました。"_s;
 
 TEST(FuseEncoding, LockBitsThatNoEntryStandsForLeaveTheList) {
-    constexpr int kAsItWas = 5;
-    const struct {
-        FuseGroup group;
-        std::uint8_t byte;
-        int entry;
-    } cases[] = {{FuseGroup::FSTRT, 0x3F, 0},       {FuseGroup::RCEN, 0x41, 1},
-                 {FuseGroup::RCEN, 0xBF, kAsItWas}, {FuseGroup::BOD_CKSEL, 0xF9, 0},
-                 {FuseGroup::BOD_CKSEL, 0x07, 2},   {FuseGroup::BOD_CKSEL, 0xFB, kAsItWas}};
-    for (const auto& c : cases) {
+    const std::tuple<FuseGroup, std::uint8_t, int> cases[] = {
+        {FuseGroup::FSTRT, 0x3F, 0},     {FuseGroup::RCEN, 0x41, 1},
+        {FuseGroup::RCEN, 0xBF, 5},      {FuseGroup::BOD_CKSEL, 0xF9, 0},
+        {FuseGroup::BOD_CKSEL, 0x07, 2}, {FuseGroup::BOD_CKSEL, 0xFB, 5}};
+    for (const auto& [group, byte, entry] : cases) {
         Recorder lists;
-        lists.options[L::LockBit] = kAsItWas;
-        DecodeLock(c.group, c.byte, lists);
-        EXPECT_EQ(lists.options[L::LockBit], c.entry) << int{c.byte};
+        lists.options[L::LockBit] = 5;  // as it was
+        DecodeLock(group, byte, lists);
+        EXPECT_EQ(lists.options[L::LockBit], entry) << int{byte};
     }
     EXPECT_EQ(EncodeLock(-1), 0xFF) << "nothing selected locks nothing";
 }
