@@ -55,7 +55,9 @@ constexpr CommandRow kCommands[] = {
 };
 
 const CommandRow& Row(char letter) {
-    return *std::ranges::find(kCommands, letter, &CommandRow::letter);
+    const auto row = std::ranges::find(kCommands, letter, &CommandRow::letter);
+    Q_ASSERT(row != std::end(kCommands));
+    return *row;
 }
 
 QByteArray Byte(int value) {
