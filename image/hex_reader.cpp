@@ -41,7 +41,7 @@ HexReadResult ReadRecords(const QString& path, ErrorFlag& flag, Store store) {
         return HexReadResult::Complete;
     }
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!FileExists(path) || !file.open(QIODevice::ReadOnly)) {
         return HexReadResult::Failed;
     }
     char first = 0;

@@ -3,6 +3,7 @@
 
 #include <QFile>
 #include <cerrno>
+#include <filesystem>
 #include <fstream>
 #include <span>
 #include <vector>
@@ -24,11 +25,24 @@ QByteArray DataRecord(std::size_t address, std::span<const std::uint8_t> bytes) 
     return record.toLatin1() + "\r\n";
 }
 
+/// Qt's own conversion takes any text; the one of the standard library throws on half a surrogate
+/// pair.
+std::filesystem::path NativePath(const QString& path) {
+#ifdef Q_OS_WIN
+    return path.toStdWString();
+#else
+    return QFile::encodeName(path).toStdString();
+#endif
+}
+
 /// `bytes` in file order. A standard stream, because it leaves the system's reason for a refused
 /// open in errno; QFile reports every one as the same open error.
 HexWriteResult WriteRecords(const QString& path, std::span<const std::uint8_t> bytes) {
+    if (!TakesFile(path)) {
+        return HexWriteResult::Failed;
+    }
     errno = 0;
-    std::ofstream file(QFile(path).filesystemFileName(), std::ios::binary | std::ios::trunc);
+    std::ofstream file(NativePath(path), std::ios::binary | std::ios::trunc);
     if (!file) {
         const bool refused = errno == EACCES || errno == EPERM || errno == EROFS;
         return refused ? HexWriteResult::AccessRefused : HexWriteResult::Failed;

@@ -8,7 +8,7 @@ namespace tolvex {
 enum class HexWriteResult {
     Written,
     AccessRefused,  ///< the system forbids writing this path, as with a read-only file
-    Failed          ///< anything else: no such folder, a folder of that name, a full disk
+    Failed          ///< anything else: no such folder, no regular file, a full disk
 };
 
 /// Writes the memory of the selected device, erased cells included, as an Intel HEX file of
