@@ -42,7 +42,7 @@ TEST(HexCheck, NamesEachFaultWithItsLine) {
          {}},
         {"no colon", QByteArray("020000001234B8\r\n") + kEnd, {{NoColon, 1}}},
         {"blank line", QByteArray(":020000001234B8\r\n\r\n") + kEnd, {{NoColon, 2}}},
-        {"lower case", QByteArray(":0100000 0abcd\r\n").replace(" ", "") + kEnd, {{Digit, 1}}},
+        {"lower case", QByteArray(":01000000ab54\r\n") + kEnd, {{LowerCase, 1}}},
         {"blank at the end", QByteArray(":020000001234B8 \r\n") + kEnd, {{Digit, 1}}},
         {"too short", QByteArray(":0200000012B8\r\n") + kEnd, {{Length, 1}}},
         {"too long", QByteArray(":02000000123456B8\r\n") + kEnd, {{Length, 1}}},
