@@ -19,6 +19,10 @@ HexWriteResult WriteCodeHex(const QString& path, const FlashImage& image, std::i
 HexWriteResult WriteDataHex(const QString& path, const EepromImage& image,
                             std::int32_t eepromBytes);
 
+/// The same files as text, for whoever puts it elsewhere.
+QByteArray CodeHexText(const FlashImage& image, std::int32_t flashWords);
+QByteArray DataHexText(const EepromImage& image, std::int32_t eepromBytes);
+
 /// Appends the two checksum digits to a record that begins with ":" and lacks nothing else.
 void AppendChecksum(QString& record);
 
