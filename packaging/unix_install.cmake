@@ -57,4 +57,4 @@ file(MAKE_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/icons)
 add_custom_command(OUTPUT ${drawn_icons}
   COMMAND tolvex-draw-icon ${icon} ${CMAKE_CURRENT_BINARY_DIR}/icons ${icon_sizes}
   DEPENDS ${icon} VERBATIM)
-add_custom_target(tolvex_icons ALL DEPENDS ${drawn_icons})
+add_custom_target(tolvex_icon_sizes ALL DEPENDS ${drawn_icons})
