@@ -52,5 +52,12 @@ int main(int argc, char** argv) {
                            .comPorts = comPorts,
                            .dialogs = dialogs,
                            .help = help});
-    return program.Start() ? QApplication::exec() : 0;
+    if (!program.Start()) {
+        return 0;
+    }
+    // How the desktop entry hands over the file that was double-clicked: arguments are ignored.
+    if (const QString file = qEnvironmentVariable("TOLVEX_FILE"); !file.isEmpty()) {
+        program.Bench().files.OpenDropped(file);
+    }
+    return QApplication::exec();
 }
