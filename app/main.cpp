@@ -57,7 +57,7 @@ int main(int argc, char** argv) {
     }
     // How the desktop entry hands over the file that was double-clicked: arguments are ignored.
     if (const QString file = qEnvironmentVariable("TOLVEX_FILE"); !file.isEmpty()) {
-        program.Bench().files.OpenDropped(file);
+        program.Bench().files.OpenDropped({file});
     }
     return QApplication::exec();
 }
