@@ -1,4 +1,5 @@
 # SPDX-License-Identifier: MIT
+# shellcheck shell=bash
 # Sourced by run and test: installs what is missing on a Debian machine; elsewhere it names what is
 # needed and stops.
 
@@ -28,8 +29,22 @@ need_packages() {  # reason package...
     fi
     echo "Installing $reason: ${missing[*]}"
     "${as_root[@]}" apt-get update -qq
-    DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y -qq --no-install-recommends \
-        "${missing[@]}" >/dev/null
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive LC_ALL=C apt-get install -y -q \
+        --no-install-recommends "${missing[@]}" | tell_progress
+}
+
+# On a fresh system the packages bring some hundred others.
+tell_progress() {
+    local line count=0
+    while read -r line; do
+        case $line in
+            "Need to get "* | "Fetched "*) echo "  $line" ;;
+            "Setting up "*)
+                count=$((count + 1))
+                [ $((count % 25)) -ne 0 ] || echo "  $count packages set up"
+                ;;
+        esac
+    done
 }
 
 need_build_packages() {
