@@ -4,11 +4,15 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QLabel>
-#include <QPushButton>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QTextBrowser>
+#include <QToolButton>
 
 #include "app/frmIndex.h"
-#include "base/product.h"
+#include "app/japanese_texts.h"
 
 namespace tolvex {
 
@@ -38,7 +42,18 @@ QStringList Faults(QWidget& panel) {
     return faults;
 }
 
-TEST(Panels, ShowEveryLabelWholeInAnyFontAndClose) {
+/// "name: text" of every label, sorted.
+std::string Texts(const QWidget& panel) {
+    QStringList texts;
+    for (const QLabel* label : panel.findChildren<QLabel*>()) {
+        EXPECT_TRUE(label->accessibleName().isEmpty() || label->text().isEmpty());
+        texts << label->objectName() + u": "_s + label->text();
+    }
+    texts.sort();
+    return texts.join(u'\n').toStdString();
+}
+
+TEST(Panels, SayWhatTheyShouldInAnyFontAndClose) {
     const QFont before = QApplication::font();
     for (const int points : {7, 20}) {
         QFont font = before;
@@ -51,14 +66,64 @@ TEST(Panels, ShowEveryLabelWholeInAnyFontAndClose) {
         board.show();
         QApplication::processEvents();
         EXPECT_EQ(Faults(about) + Faults(board), QStringList()) << points << " points";
-        EXPECT_EQ(about.findChild<QLabel*>(u"lblVersion"_s)->text(), u"Version 1.40.25"_s);
+        EXPECT_EQ(Texts(about),
+                  u"Label1: MITライセンスで配布されているフリーソフトウエアです。\n"
+                  "lblDescription: AT90Sシリーズ用シリアルISPライタのプログラミングソフトウエア\n"
+                  "lblDisclaimer: ｻﾎﾟｰﾄﾍﾟｰｼﾞ : https://tolvex.example/support\n"
+                  "lblTitle: Tolvex\nlblVersion: Version 1.40.25\npicIcon: "_s.toStdString());
+        EXPECT_EQ(Texts(board),
+                  u"Label1: 20pin\nLabel1: 28pin Socket\nLabel1: 40pin\nLabel1: 8pin\n"
+                  "Label1: ZIP Socket\n"
+                  "Label2: "
+                  "28pinマイコンを使用するには、28ピンソケットを追加し、ボード上のコネクタCN1と結線"
+                  "する必要があります。XTAL1(9ピン)、XTAL2(10ピン)"
+                  "には、4MHzの発振子を取り付けてください。\n"
+                  "Label2: 8pinマイコンを使用するときは、上図、赤線部分の結線が必要です。\n"
+                  "Label3: "
+                  "２８pinマイコンを使用するときはファームウエアバージョンSW3.9以降が必要です。\n"
+                  "Label3: ８pin、２８pinマイコンを使用するときは、ボードの修正が必要です。\n"
+                  "Label4: GND\r\nRESET\r\nVDD\r\nSCK\r\nMISO\r\nMOSI\n"
+                  "Label5:  4MHz  OSC\nLabel6: CN1"_s.toStdString());
         about.findChild<QPushButton*>(u"Command1"_s)->click();
-        EXPECT_EQ(opened, QList<QUrl>{QUrl(product::SupportAddress())});
+        EXPECT_EQ(opened, QList<QUrl>{QUrl(u"https://tolvex.example/support"_s)});
         about.findChild<QPushButton*>(u"cmdOK"_s)->click();
         board.findChild<QPushButton*>(u"Command1"_s)->click();
         EXPECT_FALSE(about.isVisible() || board.isVisible());
     }
     QApplication::setFont(before);
+}
+
+TEST(JapaneseTexts, CoverWhatQtShows) {
+    QLineEdit line(u"x"_s);
+    QTextBrowser page;
+    QMdiSubWindow child;
+    QFileDialog dialog;
+    dialog.setOption(QFileDialog::DontUseNativeDialog);
+    QStringList texts;
+    for (QMenu* menu : {line.createStandardContextMenu(), page.createStandardContextMenu(),
+                        child.systemMenu(), static_cast<QWidget*>(&dialog)->findChild<QMenu*>()}) {
+        for (const QAction* action : menu == nullptr ? QList<QAction*>() : menu->actions()) {
+            texts << action->text().section(u'\t', 0, 0);
+        }
+    }
+    for (const QLabel* label : dialog.findChildren<QLabel*>()) {
+        texts << label->text();
+    }
+    for (const QAbstractButton* button : dialog.findChildren<QAbstractButton*>()) {
+        texts << button->text() << button->toolTip() << button->accessibleName();
+    }
+    for (const QAction* action : dialog.findChildren<QAction*>()) {
+        texts << action->text();
+    }
+    texts.removeAll(QString());
+    texts.removeDuplicates();
+    EXPECT_GT(texts.size(), 25);
+    const JapaneseTexts japanese;
+    for (const QString& text : texts) {
+        EXPECT_FALSE(japanese.translate("", qPrintable(text), "", -1).isEmpty())
+            << qPrintable(text);
+    }
+    EXPECT_EQ(QLineEdit::tr("Select All"), u"すべて選択"_s);
 }
 
 }  // namespace

@@ -71,6 +71,20 @@ TEST_F(MessageWindowTest, OnlyAMessageOrALeftOverCanBeClosed) {
     EXPECT_EQ(Window(), nullptr);
 }
 
+TEST_F(MessageWindowTest, TheProgressOfAMinimisedProgramWaitsForItsWindow) {
+    parent.showMinimized();
+    messages.ShowMessage(MessageMode::Progress, u"running"_s);
+    EXPECT_FALSE(Window()->isVisible());
+    parent.showNormal();
+    EXPECT_TRUE(Window()->isVisible());
+    messages.CloseMessage();
+    parent.showMinimized();
+    messages.ShowMessage(MessageMode::Progress, u"running"_s);
+    messages.ShowMessage(MessageMode::Message, u"result"_s);
+    EXPECT_TRUE(Window()->isVisible());
+    EXPECT_EQ(Window()->focusWidget()->objectName(), u"Cmd_okm"_s);
+}
+
 TEST_F(MessageWindowTest, TheLongestMessageIsWhole) {
     for (const QString& text :
          {u"デバイス選択と、ソケット上のデバイスが一致しません。\r\n購入直後のデバイスを使用する場"
@@ -83,6 +97,10 @@ TEST_F(MessageWindowTest, TheLongestMessageIsWhole) {
         EXPECT_EQ(Window()->size(), QSize(383, 120));
         EXPECT_TRUE(label->toolTip().isEmpty());  // it would hold a text that had to be cut
         EXPECT_FALSE(label->WholeText().endsWith(u'\n'));
+        for (const QString& spoken : {Window()->accessibleName(), Window()->accessibleDescription(),
+                                      label->accessibleName()}) {
+            EXPECT_EQ(spoken, label->WholeText());  // heard as it is read
+        }
     }
 }
 
