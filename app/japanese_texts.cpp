@@ -100,6 +100,7 @@ constexpr Row kRows[] = {
     {"&New Folder", u"新しいフォルダ(&N)"},
     {"New Folder", u"新しいフォルダ"},
     {"Remove", u"一覧から外す"},
+    {"Show ", u"表示 : "},
     {"Recent Places", u"最近使った場所"},
     {"All Files (*)", u"すべてのファイル (*)"},
     {"Computer", u"コンピュータ"},

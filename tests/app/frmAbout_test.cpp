@@ -117,6 +117,7 @@ TEST(JapaneseTexts, CoverWhatQtShows) {
     }
     texts.removeAll(QString());
     texts.removeDuplicates();
+    texts.removeIf([](const QString& text) { return text.startsWith(u"Show "); });  // joined
     EXPECT_GT(texts.size(), 25);
     const JapaneseTexts japanese;
     for (const QString& text : texts) {
