@@ -30,125 +30,78 @@ void Close(QMdiSubWindow* window) {
 }
 
 TEST(ChildWindows, ComeBackToTheirPlaceFromAnyState) {
-    struct Case {
-        const char* what;
-        void (*make)(QMdiSubWindow*);
-        bool isNew;
-    };
-    const Case cases[] = {
-        {"moved", [](QMdiSubWindow* w) { w->setGeometry(300, 300, 200, 100); }, false},
-        {"minimised", [](QMdiSubWindow* w) { w->showMinimized(); }, false},
-        {"maximised", [](QMdiSubWindow* w) { w->showMaximized(); }, false},
-        {"closed", [](QMdiSubWindow* w) { Close(w); }, true},
-    };
-    struct Window {
-        const char* name;
-        const char* item;
-        QRect place;
-    };
-    const Window windows[] = {
+    const std::tuple<const char*, const char*, QRect> windows[] = {
         {"frmProgram", "mmuOpenProgramWindow", Twips(50, 50, 6900, 4000)},
         {"frmEEprom", "mmuOpenEEpromWindow", Twips(50, 4100, 6900, 2000)},
-        {"frmSetting", "mmuOpenSettingWindow", Twips(7000, 50, 4100, 6050)},
-    };
-    for (const Case& c : cases) {
+        {"frmSetting", "mmuOpenSettingWindow", Twips(7000, 50, 4100, 6050)}};
+    const std::function<void(QMdiSubWindow*)> states[] = {
+        [](QMdiSubWindow* w) { w->setGeometry(300, 300, 200, 100); },
+        [](QMdiSubWindow* w) { w->showMinimized(); }, [](QMdiSubWindow* w) { w->showMaximized(); },
+        Close};
+    for (int state = 0; state < 4; ++state) {
         for (const bool all : {true, false}) {
             WindowBench b;
             b.Start();
-            for (const Window& w : windows) {
-                c.make(b.Child(w.name));
+            for (const auto& [name, item, place] : windows) {
+                states[state](b.Child(name));
                 if (!all) {
-                    b.Choose(w.item);
-                    EXPECT_EQ(b.program.Window().Area().activeSubWindow(), b.Child(w.name));
+                    b.Choose(item);
+                    EXPECT_EQ(b.program.Window().Area().activeSubWindow(), b.Child(name));
                 }
             }
             if (all) {
                 b.Choose("mmuWindowReDrow");
             }
-            for (const Window& w : windows) {
-                EXPECT_EQ(b.Child(w.name)->geometry(), w.place) << c.what << w.name;
+            for (const auto& [name, item, place] : windows) {
+                EXPECT_EQ(b.Child(name)->geometry(), place) << state << name;
             }
             auto* box = b.Find<QPlainTextEdit>("txtPrg");
-            EXPECT_TRUE(b.Find<QComboBox>("Combo_device")->isVisible()) << c.what;
-            EXPECT_EQ(box->toPlainText() == u"Program Memoey", c.isNew) << c.what;
+            EXPECT_TRUE(b.Find<QComboBox>("Combo_device")->isVisible()) << state;
+            EXPECT_EQ(box->toPlainText() == u"Program Memoey", state == 3);
             b.Click("Clear");  // whoever shows a listing brings its window up to date
             EXPECT_TRUE(box->toPlainText().startsWith(u"0000: FFFF"));
         }
     }
 }
 
-const char* const kGeometryKeys[] = {"MainLeft", "MainTop",   "MainWidth", "MainHeight", "PgmLeft",
-                                     "PgmTop",   "PgmWidth",  "PgmHeight", "EEpLeft",    "EEpTop",
-                                     "EEpWidth", "EEpHeight", "SetLeft",   "SetTop"};
-
-/// Each key another whole number of pixels.
-QMap<QString, QString> SomePlaces() {
-    QMap<QString, QString> places;
-    int pixels = 200;
-    for (const char* key : kGeometryKeys) {
-        pixels += 17;
-        places[QString::fromLatin1(key)] = QString::number(pixels * 15);
-    }
-    return places;
-}
+constexpr const char* kGeometryKeys[] = {
+    "MainLeft",  "MainTop", "MainWidth", "MainHeight", "PgmLeft",   "PgmTop",  "PgmWidth",
+    "PgmHeight", "EEpLeft", "EEpTop",    "EEpWidth",   "EEpHeight", "SetLeft", "SetTop"};
 
 TEST(ChildWindows, EveryPlaceIsTakenAndStored) {
-    const QMap<QString, QString> places = SomePlaces();
-    const auto start = [&places](WindowBench& b) {
-        b.settings.values.insert(places);
-        b.Start();
-        for (const char* key : kGeometryKeys) {
-            b.settings.values.remove(QString::fromLatin1(key));
-        }
-    };
-    struct Case {
-        const char* what;
-        void (*before)(WindowBench&);
-        int stored;
-    };
-    const Case cases[] = {
-        {"as they are", [](WindowBench&) {}, 14},
-        {"children minimised",
+    QMap<QString, QString> places;  // each key another whole number of pixels
+    for (int key = 0; key < 14; ++key) {
+        places[QString::fromLatin1(kGeometryKeys[key])] = QString::number((217 + 17 * key) * 15);
+    }
+    const std::pair<int, std::function<void(WindowBench&)>> cases[] = {
+        {14, [](WindowBench&) {}},
+        {14,
          [](WindowBench& b) {
              for (const char* name : {"frmProgram", "frmEEprom", "frmSetting"}) {
                  b.Child(name)->showMinimized();
              }
-         },
-         14},
-        {"one closed", [](WindowBench& b) { Close(b.Child("frmEEprom")); }, 10},
-        {"settings closed", [](WindowBench& b) { b.Child("frmSetting")->close(); }, 12},
-        {"all minimised", [](WindowBench& b) { b.program.Window().showMinimized(); }, 0},
-    };
-    for (const Case& c : cases) {
+         }},
+        {10, [](WindowBench& b) { Close(b.Child("frmEEprom")); }},
+        {12, [](WindowBench& b) { Close(b.Child("frmSetting")); }},
+        {0, [](WindowBench& b) { b.program.Window().showMinimized(); }}};
+    for (const auto& [count, change] : cases) {
         for (const bool exit : {true, false}) {
             WindowBench b;
-            start(b);
+            b.settings.values.insert(places);
+            b.Start();
             EXPECT_EQ(b.Child("frmProgram")->geometry(), QRect(285, 302, 319, 336));
             EXPECT_EQ(QRect(b.program.Window().pos(), b.program.Window().size()),
                       QRect(217, 234, 251, 268));
-            c.before(b);
+            b.settings.values.clear();
+            change(b);
             exit ? b.Choose("mnuFileExit") : b.program.StoreLayout();
-            int stored = 0;
-            for (const char* key : kGeometryKeys) {
-                const QString name = QString::fromLatin1(key);
-                stored += b.settings.values.contains(name) ? 1 : 0;
-                EXPECT_EQ(b.settings.values.value(name, places[name]), places[name])
-                    << c.what << ' ' << key;
+            EXPECT_EQ(b.settings.values.size(), count);
+            for (const QString& key : b.settings.values.keys()) {
+                EXPECT_EQ(b.settings.values[key], places[key]) << qPrintable(key);
             }
-            EXPECT_EQ(stored, c.stored) << c.what;
-            EXPECT_EQ(b.ListingFiles().isEmpty(), exit) << c.what;
+            EXPECT_EQ(b.ListingFiles().isEmpty(), exit);
         }
     }
-}
-
-TEST(ChildWindows, AnyStoredValueIsTakenOrReadsAsTheDefault) {
-    WindowBench b;
-    b.settings.values[u"MainLeft"_s] = u"-30000"_s;
-    b.settings.values[u"EEpTop"_s] = u"somewhere"_s;
-    b.Start();
-    EXPECT_EQ(b.program.Window().x(), -2000);
-    EXPECT_EQ(b.program.Window().size(), QSize(753, 527));
-    EXPECT_EQ(b.Child("frmEEprom")->geometry(), Twips(50, 4100, 6900, 2000));
 }
 
 TEST(ChildWindows, TheWindowMenuListsThem) {
@@ -217,7 +170,11 @@ TEST(ChildWindows, TheDefaultLayoutShowsEverythingInAnyFont) {
         font.setPointSize(points);
         QApplication::setFont(font);
         WindowBench b(4);
+        b.settings.values[u"MainLeft"_s] = u"-30000"_s;  // taken as it is
+        b.settings.values[u"EEpTop"_s] = u"somewhere"_s;
         b.Start();
+        EXPECT_EQ(b.program.Window().x(), -2000);
+        EXPECT_EQ(b.Child("frmEEprom")->geometry(), Twips(50, 4100, 6900, 2000));
         QMdiArea& area = b.program.Window().Area();
         EXPECT_FALSE(area.verticalScrollBar()->isVisible()) << points;
         EXPECT_FALSE(area.horizontalScrollBar()->isVisible()) << points;

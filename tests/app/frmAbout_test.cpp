@@ -20,24 +20,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The labels that are cut, or lie outside their panel or on each other.
+/// The texts of labels that are cut, or lie outside their panel or on each other.
 QStringList Faults(QWidget& panel) {
     QStringList faults;
-    const QList<QLabel*> labels = panel.findChildren<QLabel*>();
-    const auto place = [&panel](const QLabel* label) {
-        return QRect(label->mapTo(&panel, QPoint()), label->size());
-    };
-    for (const QLabel* label : labels) {
-        const QSize needed =
-            label->wordWrap() ? QSize(0, label->heightForWidth(label->width())) : label->sizeHint();
-        bool good = label->size().expandedTo(needed) == label->size() &&
-                    panel.rect().contains(place(label));
-        for (const QLabel* other : labels) {
-            good = good && (other == label || !place(label).intersects(place(other)));
-        }
-        if (!good) {
+    QRegion taken;
+    for (const QLabel* label : panel.findChildren<QLabel*>()) {
+        const QRect place(label->mapTo(&panel, QPoint()), label->size());
+        const int height = label->heightForWidth(label->width());
+        const QSize needed = label->wordWrap() ? QSize(0, height) : label->sizeHint();
+        if (place.size().expandedTo(needed) != place.size() || !panel.rect().contains(place) ||
+            taken.intersects(place)) {
             faults << label->text();
         }
+        taken += place;
     }
     return faults;
 }
@@ -100,20 +95,19 @@ TEST(JapaneseTexts, CoverWhatQtShows) {
     QFileDialog dialog;
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     QStringList texts;
-    for (QMenu* menu : {line.createStandardContextMenu(), page.createStandardContextMenu(),
-                        child.systemMenu(), static_cast<QWidget*>(&dialog)->findChild<QMenu*>()}) {
-        for (const QAction* action : menu == nullptr ? QList<QAction*>() : menu->actions()) {
-            texts << action->text().section(u'\t', 0, 0);
-        }
+    QList<QAction*> actions = dialog.findChildren<QAction*>();
+    for (const QMenu* menu :
+         {line.createStandardContextMenu(), page.createStandardContextMenu(), child.systemMenu()}) {
+        actions += menu->actions();
+    }
+    for (const QAction* action : actions) {
+        texts << action->text().section(u'\t', 0, 0);
     }
     for (const QLabel* label : dialog.findChildren<QLabel*>()) {
         texts << label->text();
     }
     for (const QAbstractButton* button : dialog.findChildren<QAbstractButton*>()) {
         texts << button->text() << button->toolTip() << button->accessibleName();
-    }
-    for (const QAction* action : dialog.findChildren<QAction*>()) {
-        texts << action->text();
     }
     texts.removeAll(QString());
     texts.removeDuplicates();

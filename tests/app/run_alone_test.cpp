@@ -17,12 +17,12 @@ namespace {
 using namespace Qt::StringLiterals;
 using testing::WindowBench;
 
-/// Drags the files over the window and drops them, if it lets go.
-bool Drop(WindowBench& b, const QStringList& paths) {
+/// Drags samples over the window and drops them.
+bool Drop(WindowBench& b, const QStringList& names) {
     QMimeData data;
     QList<QUrl> urls;
-    for (const QString& path : paths) {
-        urls << QUrl::fromLocalFile(path);
+    for (const QString& name : names) {
+        urls << QUrl::fromLocalFile(QStringLiteral(TOLVEX_SOURCE_DIR "/samples/") + name);
     }
     data.setUrls(urls);
     QDragEnterEvent enter(QPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
@@ -34,31 +34,17 @@ bool Drop(WindowBench& b, const QStringList& paths) {
 }
 
 TEST(RunAlone, FilesDropOnAnIdleWindow) {
-    const QString samples = QStringLiteral(TOLVEX_SOURCE_DIR "/samples/");
-    struct Case {
-        QStringList names;
-        bool taken;
-        const char* flashCaption;
-        const char* eepromCaption;
-    };
-    const Case cases[] = {
-        {{u"blink.hex"_s}, true, "blink.hex", "blink.eep"},
-        {{u"blink.eep"_s}, true, "プログラムメモリ", "blink.eep"},
-        {{u"blink.hex"_s, u"blink.eep"_s}, true, "blink.hex", "blink.eep"},
-        {{u"blink.hex"_s, u"README.md"_s}, false, "プログラムメモリ", "EEPROMデータメモリ"},
-    };
-    for (const Case& c : cases) {
+    const std::tuple<QStringList, const char*, const char*> cases[] = {
+        {{u"blink.hex"_s}, "blink.hex", "blink.eep"},
+        {{u"blink.eep"_s}, "プログラムメモリ", "blink.eep"},
+        {{u"blink.hex"_s, u"blink.eep"_s}, "blink.hex", "blink.eep"},
+        {{u"blink.hex"_s, u"README.md"_s}, "プログラムメモリ", "EEPROMデータメモリ"}};
+    for (const auto& [names, flash, eeprom] : cases) {
         WindowBench b;
         b.Start();
-        QStringList paths;
-        for (const QString& name : c.names) {
-            paths << samples + name;
-        }
-        EXPECT_EQ(Drop(b, paths), c.taken);
-        EXPECT_TRUE(
-            b.Child("frmProgram")->windowTitle().endsWith(QString::fromUtf8(c.flashCaption)));
-        EXPECT_TRUE(
-            b.Child("frmEEprom")->windowTitle().endsWith(QString::fromUtf8(c.eepromCaption)));
+        EXPECT_EQ(Drop(b, names), names.last() != u"README.md");
+        EXPECT_TRUE(b.Child("frmProgram")->windowTitle().endsWith(QString::fromUtf8(flash)));
+        EXPECT_TRUE(b.Child("frmEEprom")->windowTitle().endsWith(QString::fromUtf8(eeprom)));
     }
 }
 
@@ -91,28 +77,28 @@ void DisturbEverything(WindowBench& b) {
 }
 
 TEST(RunAlone, NothingElseStartsOrChangesWhatRuns) {
-    struct Case {
-        const char* button;
-        int options;  ///< entry of the lock and fuse lists
-    };
-    for (const Case& c : {Case{"Program", 1}, {"cmdFuseWrite", 1}, {"Read", 1}, {"Erase", 1}}) {
+    for (const char* button : {"Program", "cmdFuseWrite", "Read", "Erase"}) {
         QStringList wires[2];
         for (const bool disturbed : {false, true}) {
             WindowBench b(3);
             b.Start();
             b.OpenSample();
-            b.Find<QComboBox>("Combo_LockBit")->setCurrentIndex(c.options);
+            b.Find<QComboBox>("Combo_LockBit")->setCurrentIndex(1);
             b.port.ForgetTrace();
             b.person.calls.clear();
+            const auto inert = [&b](bool yes) {
+                for (const char* name : {"frmSetting", "Program"}) {
+                    EXPECT_NE(b.Find<QWidget>(name)->isEnabled(), yes) << name;
+                }
+                for (const char* name : {"mnuFileOpen", "mnuReLoad", "mmuIndex"}) {
+                    EXPECT_NE(b.Item(name)->isEnabled(), yes) << name;
+                }
+                EXPECT_NE(b.program.Window().acceptDrops(), yes);
+                EXPECT_TRUE(b.Item("mnuFileExit")->isEnabled());
+            };
             int yields = 0;
             b.clock.OnYield([&] {
-                EXPECT_FALSE(b.Find<QWidget>("frmSetting")->isEnabled());
-                EXPECT_FALSE(b.Find<QWidget>("Program")->isEnabled());
-                EXPECT_FALSE(b.program.Window().acceptDrops());
-                EXPECT_FALSE(b.Item("mnuFileOpen")->isEnabled() ||
-                             b.Item("mnuReLoad")->isEnabled());
-                EXPECT_TRUE(b.Item("mnuFileExit")->isEnabled() &&
-                            b.Item("mnuViewToolbar")->isEnabled());
+                inert(true);
                 if (disturbed && ++yields % 5 == 1) {
                     b.program.Bench().state.errorFlag.value += 2;  // kept by who leaves it alone
                     DisturbEverything(b);
@@ -120,50 +106,40 @@ TEST(RunAlone, NothingElseStartsOrChangesWhatRuns) {
                     b.program.Bench().state.errorFlag.value -= 2;
                 }
             });
-            b.Click(c.button);
+            b.Click(button);
+            inert(false);
             wires[disturbed] = b.port.Wire();
-            EXPECT_FALSE(wires[disturbed].isEmpty());
             EXPECT_TRUE(b.person.calls.isEmpty() && b.dialogsSeen.isEmpty());
-            EXPECT_TRUE(b.Find<QWidget>("frmSetting")->isEnabled());
-            EXPECT_TRUE(b.Find<QWidget>("Program")->isEnabled());
-            EXPECT_TRUE(b.program.Window().acceptDrops() && b.Item("mnuFileOpen")->isEnabled());
         }
-        EXPECT_EQ(wires[0], wires[1]) << c.button;
+        EXPECT_FALSE(wires[0].isEmpty());
+        EXPECT_EQ(wires[0], wires[1]) << button;
     }
 }
 
 TEST(RunAlone, TheFocusComesBackUnlessThePersonTookIt) {
-    struct Case {
-        const char* focus;
-        const char* clickedMeanwhile;
-        const char* afterwards;
-        const char* action;
-    };
-    const Case cases[] = {
-        {"Combo_device", "", "Combo_device", "Program"},
-        {"Combo_LockBit", "", "Combo_LockBit", "Verify"},
-        {"cmdFuseRead", "", "cmdFuseRead", "cmdFuseRead"},
-        {"txtAddress", "", "txtAddress", "Clear"},
-        {"Erase", "", "Erase", "Erase"},
-        {"txtPrg", "", "txtPrg", "Read"},
-        {"Combo_device", "txtEEp", "txtEEp", "Read"},
-    };
-    for (const Case& c : cases) {
+    // What has the focus, what the person clicks meanwhile, what has it afterwards, what runs.
+    const char* const cases[][4] = {{"Combo_device", "", "Combo_device", "Program"},
+                                    {"Combo_LockBit", "", "Combo_LockBit", "Verify"},
+                                    {"cmdFuseRead", "", "cmdFuseRead", "cmdFuseRead"},
+                                    {"txtAddress", "", "txtAddress", "Clear"},
+                                    {"Erase", "", "Erase", "Erase"},
+                                    {"txtPrg", "", "txtPrg", "Read"},
+                                    {"Combo_device", "txtEEp", "txtEEp", "Read"}};
+    for (const auto& [focus, clicked, afterwards, action] : cases) {
         WindowBench b(3);
         b.Start();
-        b.Find<QWidget>(c.focus)->setFocus();
-        b.clock.OnYield([&] {
-            if (*c.clickedMeanwhile != '\0') {
-                b.Find<QWidget>(c.clickedMeanwhile)->setFocus();
+        b.Find<QWidget>(focus)->setFocus();
+        b.clock.OnYield([&b, other = clicked] {
+            if (*other != '\0') {
+                b.Find<QWidget>(other)->setFocus();
             }
         });
-        b.Click(c.action);
+        b.Click(action);
         if (b.Find<QDialog>("frmMsg") != nullptr) {
             b.Click("Cmd_okm");  // it took the keyboard
         }
-        ASSERT_NE(b.program.Window().focusWidget(), nullptr) << c.focus;
-        EXPECT_EQ(b.program.Window().focusWidget()->objectName(),
-                  QString::fromLatin1(c.afterwards));
+        ASSERT_NE(b.program.Window().focusWidget(), nullptr) << focus;
+        EXPECT_EQ(b.program.Window().focusWidget()->objectName(), QString::fromUtf8(afterwards));
     }
 }
 

@@ -25,30 +25,29 @@ class MessageWindowTest : public ::testing::Test {
 };
 
 TEST_F(MessageWindowTest, BarAndButtonShareTheLowerBand) {
+    const auto bar = [this](int value, int maximum) {
+        messages.SetProgress(true, 0, value, maximum);
+        return BarShown();
+    };
+    const auto show = [this](MessageMode mode) {
+        messages.ShowMessage(mode, u"text"_s);
+        return std::pair(BarShown(), ButtonShown());
+    };
     messages.SetProgress(true, 0, 0, 9);
     EXPECT_FALSE(Window()->isVisible());
-    messages.ShowMessage(MessageMode::Progress, u"running"_s);
-    EXPECT_TRUE(Window()->isVisible() && BarShown() && !ButtonShown());
-    messages.SetProgress(true, 0, 9, 9);
-    EXPECT_FALSE(BarShown());  // gone at the last step
-    messages.SetProgress(true, 0, 3, 9);
-    messages.ShowMessage(MessageMode::Message, u"failed"_s);
-    EXPECT_TRUE(ButtonShown() && !BarShown());
-    messages.ShowMessage(MessageMode::Progress, u"next phase"_s);
-    EXPECT_FALSE(ButtonShown() || BarShown());  // not back until the next step
-    messages.SetProgress(true, 0, 4, 9);
-    EXPECT_TRUE(BarShown());
-    messages.ShowMessage(MessageMode::Message, u"failed again"_s);
-    messages.SetProgress(true, 0, 0, 9);  // an operation prepares its bar before its text
-    EXPECT_FALSE(BarShown());
-    messages.ShowMessage(MessageMode::Progress, u"verifying"_s);
-    EXPECT_TRUE(BarShown());
+    EXPECT_EQ(show(MessageMode::Progress), std::pair(true, false));
+    EXPECT_FALSE(bar(9, 9));  // gone at the last step
+    EXPECT_TRUE(bar(3, 9));
+    EXPECT_EQ(show(MessageMode::Message), std::pair(false, true));
+    EXPECT_EQ(show(MessageMode::Progress), std::pair(false, false));  // until the next step
+    EXPECT_TRUE(bar(4, 9));
+    show(MessageMode::Message);
+    EXPECT_FALSE(bar(0, 9));  // an operation prepares its bar before its text
+    EXPECT_EQ(show(MessageMode::Progress), std::pair(true, false));
     messages.SetProgress(false, 0, 0, 0);
     EXPECT_FALSE(BarShown());
-    messages.SetProgress(true, 0, 0, 0);  // a phase of one step
-    EXPECT_FALSE(BarShown());
-    messages.SetProgress(true, 0, 5, 0);
-    EXPECT_TRUE(BarShown());
+    EXPECT_FALSE(bar(0, 0));  // a phase of one step
+    EXPECT_TRUE(bar(5, 0));
     EXPECT_EQ(placements, 1);
 }
 
@@ -88,8 +87,8 @@ TEST_F(MessageWindowTest, TheProgressOfAMinimisedProgramWaitsForItsWindow) {
 TEST_F(MessageWindowTest, TheLongestMessageIsWhole) {
     for (const QString& text :
          {u"デバイス選択と、ソケット上のデバイスが一致しません。\r\n購入直後のデバイスを使用する場"
-          u"合"
-          "は、チップイレース(<消 Erase>ボタン)を実行してください。"_s,
+          u"合は、"
+          "チップイレース(<消 Erase>ボタン)を実行してください。"_s,
           u"ライタと通信ができませんでした。\r\nPCとライタの接続を確認後、メニューバーの\r\n"
           "[通信チェック] [COMポート選択]を実行して下さい。\r\n"_s}) {
         messages.ShowMessage(MessageMode::Message, text);

@@ -85,39 +85,34 @@ TEST(WindowDialogs, FileDialogsShowTheRequestAndReturnWholeNames) {
 }
 
 TEST(WindowDialogs, BoxesBlockTheirOwnerAloneAndStandAboveWhatStaysOnTop) {
-    QWidget owner, help;
+    QWidget owner;
     QWidget onTop(&owner, Qt::Window | Qt::WindowStaysOnTopHint);
     owner.show();
-    help.show();
     WindowDialogs dialogs([&owner] { return &owner; });
-    struct Case {
-        BoxIcon icon;
-        QMessageBox::Icon shown;
-        const char* button;
-        bool answer;
-    };
-    const Case cases[] = {{BoxIcon::None, QMessageBox::NoIcon, "Command_ok", false},
-                          {BoxIcon::Information, QMessageBox::Information, "Command_ok", true},
-                          {BoxIcon::Information, QMessageBox::Information, "Command_cancel", false},
-                          {BoxIcon::Stop, QMessageBox::Critical, "Command_ok", false}};
-    for (const Case& c : cases) {
-        onTop.setVisible(c.icon != BoxIcon::None);
-        QTimer::singleShot(0, qApp, [&] {
+    const std::tuple<BoxIcon, QMessageBox::Icon, const char*> cases[] = {
+        {BoxIcon::None, QMessageBox::NoIcon, "Command_ok"},
+        {BoxIcon::Stop, QMessageBox::Critical, "Command_ok"},
+        {BoxIcon::Information, QMessageBox::Information, "Command_ok"},
+        {BoxIcon::Information, QMessageBox::Information, "Command_cancel"}};
+    for (const auto& [icon, shown, button] : cases) {
+        onTop.setVisible(icon != BoxIcon::None);
+        QTimer::singleShot(0, qApp, [&, wanted = shown, name = QString::fromUtf8(button)] {
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             ASSERT_NE(box, nullptr);
-            EXPECT_EQ(box->icon(), c.shown);
+            EXPECT_EQ(box->icon(), wanted);
             EXPECT_EQ(box->text(), u"a <b> c"_s);
             EXPECT_EQ(box->textFormat(), Qt::PlainText);
             EXPECT_EQ(box->parentWidget(), &owner);
             EXPECT_EQ(box->windowModality(), Qt::WindowModal);  // the help can be used
             EXPECT_EQ(box->windowFlags().testFlag(Qt::WindowStaysOnTopHint), onTop.isVisible());
             EXPECT_EQ(ModalOwner(&owner), box);  // a further question blocks this one
-            box->findChild<QPushButton*>(QString::fromLatin1(c.button))->click();
+            box->findChild<QPushButton*>(name)->click();
         });
-        if (c.answer || QString::fromLatin1(c.button) == u"Command_cancel") {
-            EXPECT_EQ(dialogs.AskOkCancel(u"title"_s, u"a <b> c"_s), c.answer);
+        if (icon == BoxIcon::Information) {
+            EXPECT_EQ(dialogs.AskOkCancel(u"title"_s, u"a <b> c"_s),
+                      QByteArray(button) == "Command_ok");
         } else {
-            dialogs.ShowBox(c.icon, u"title"_s, u"a <b> c"_s);
+            dialogs.ShowBox(icon, u"title"_s, u"a <b> c"_s);
         }
     }
 }
