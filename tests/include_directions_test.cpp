@@ -27,7 +27,7 @@ const QList<Floor>& House() {
         {u"widgets"_s, {}, {u"*"_s}},
         {u"writer"_s, {}, {}},
         {u"platform"_s, {u"base"_s, u"widgets"_s}, {u"help_window"_s, u"window_dialogs"_s}},
-        {u"link"_s, {u"base"_s}, {u"frmCom"_s}},
+        {u"link"_s, {u"base"_s, u"widgets"_s}, {u"frmCom"_s}},
         {u"image"_s, {u"base"_s, u"widgets"_s}, {u"frmModify"_s, u"listing_window"_s}},
         {u"device"_s,
          {u"base"_s, u"widgets"_s, u"link/link.h"_s, u"image/image.h"_s},
