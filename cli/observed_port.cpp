@@ -97,8 +97,6 @@ bool ObservedPort::MayBegin(char letter) {
         timeOuts_ = 0;
     }
     if (stopped_ || timeOuts_ >= kPatience) {
-        began_.reset();
-        inTime_ = 0;
         return false;
     }
     began_ = clock_.Now();

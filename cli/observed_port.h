@@ -11,8 +11,8 @@ namespace tolvex {
 /// commands, so that what the chip was told is known to the byte. From then on nothing goes out:
 /// every command of the operation fails at once, and the operation unwinds by itself.
 ///
-/// A signal ends it, and so do several time-outs in a row: waiting them out for each of thousands
-/// of words would help nobody.
+/// A signal ends it, and so do several time-outs close together: waiting them out for each of
+/// thousands of words would help nobody.
 class ObservedPort : public SerialPort {
   public:
     /// All borrowed.
@@ -54,7 +54,8 @@ class ObservedPort : public SerialPort {
     bool farewell_ = false;  ///< nothing ends it any more
     bool sent_ = false;
     bool between_ = true;                            ///< the next write begins a command
-    int timeOuts_ = 0;                               ///< in a row
+    int timeOuts_ = 0;                               ///< of late
+    int inTime_ = 0;                                 ///< replies since the last of them
     std::optional<EventClock::Instant> began_ = {};  ///< the last command
     // Looking at the port is what notices these, hence mutable.
     mutable bool open_ = false;
