@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "cli/port_choice.h"
+#include "cli/choices.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <algorithm>
+
+#include "device/catalogue.h"
 
 namespace tolvex {
 
@@ -16,6 +19,28 @@ QString WholePath(const QString& text) {
 }
 
 }  // namespace
+
+QString PartNumber(const QString& catalogueName) {
+    const auto end = std::ranges::find_if(
+        catalogueName, [](QChar c) { return c.unicode() > 0x7F || !c.isLetterOrNumber(); });
+    return catalogueName.left(end - catalogueName.begin());
+}
+
+QString PartOf(const std::array<std::uint8_t, 3>& signature) {
+    const auto row = std::ranges::find(Catalogue(), signature, &DeviceRecord::signature);
+    return row == Catalogue().end() ? QString() : PartNumber(row->name);
+}
+
+std::optional<int> ChooseDevice(const QString& text) {
+    const auto rows = Catalogue();
+    for (std::size_t index = 0; index < rows.size(); ++index) {
+        const QString& name = rows[index].name;
+        if (name == text || PartNumber(name).compare(text, Qt::CaseInsensitive) == 0) {
+            return static_cast<int>(index);
+        }
+    }
+    return std::nullopt;
+}
 
 std::optional<PortChoice> ChoosePort(const QString& text, ComPorts& ports) {
     static const QRegularExpression numbered(u"^(?:COM)?(\\d+)$"_s,
