@@ -19,6 +19,8 @@ constexpr int kSamples = 15;
 /// The question and its two bytes take 1.6 ms on the wire, and an adapter that polls once a
 /// millisecond adds two. Adapters that hold bytes back do so for 16 ms.
 constexpr Milliseconds kSlow{8};
+/// Seconds after which every board has started.
+constexpr double kBoardStart = 2;
 
 /// What is wrong with the port, and what mends it.
 struct Diagnosis {
@@ -101,6 +103,26 @@ std::optional<Milliseconds> RoundTrip(Session& session) {
     return samples[kSamples / 2];
 }
 
+/// A board that the opening of the port has reset listens to its boot loader first.
+Diagnosis StartedLate(const QString& path) {
+    return {cause::StartedLate,
+            u"ポートを開いたときにボードがリセットされ、起動が遅れました。"
+            "ボードの RESET と GND の間に 10 µF のコンデンサを入れてください。"_s,
+            u"tolvex-cli --port %1 detect"_s.arg(path)};
+}
+
+Diagnosis Silent(const QString& path) {
+    return {
+        cause::WriterSilent,
+        u"ポートは開けますが、ライタが応答しません。電源とケーブルを確認してください。"
+        "自作のライタなら、ファームウエアを書き込んだか、RESET に 10 µF のコンデンサがあるかも確認してください。"_s,
+        u"tolvex-cli --port %1 --trace trace.txt detect"_s.arg(path)};
+}
+
+bool FindWriter(Session& session) {
+    return static_cast<bool>(session.Bench().detection.WriterCheck());
+}
+
 std::optional<Diagnosis> Examine(Session& session) {
     const QString path = session.PortPath();
     const PortFacts facts = session.Inspect(path);
@@ -110,16 +132,17 @@ std::optional<Diagnosis> Examine(Session& session) {
     if (!facts.permitted) {
         return Forbidden(path, facts);
     }
-    const bool found = static_cast<bool>(session.Bench().detection.WriterCheck());
+    const bool found = FindWriter(session);
     if (session.Port().OpenFailed()) {
         return Busy(path, facts, session.PortError());
     }
-    const auto time = found ? RoundTrip(session) : std::nullopt;
+    if (!found) {
+        session.Bench().connection.WaitSeconds(kBoardStart);
+        return FindWriter(session) ? StartedLate(path) : Silent(path);
+    }
+    const auto time = RoundTrip(session);
     if (!time) {
-        return Diagnosis{
-            cause::WriterSilent,
-            u"ポートは開けますが、ライタが応答しません。電源とケーブルを確認してください。"_s,
-            u"tolvex-cli --port %1 --trace trace.txt detect"_s.arg(path)};
+        return Silent(path);
     }
     session.Print(u"応答時間: %1 ms"_s.arg(time->count(), 0, 'f', 2));
     session.Report()[u"roundTripMilliseconds"_s] = time->count();

@@ -42,6 +42,7 @@ inline constexpr Cause PartlyWritten{"partlyWritten", kRefused};
 inline constexpr Cause Unstable{"unstable", kRefused};
 inline constexpr Cause Implausible{"implausible", kRefused};
 inline constexpr Cause NotTaken{"notTaken", kRefused};
+inline constexpr Cause StartedLate{"startedLate", kRefused};
 inline constexpr Cause HighLatency{"highLatency", kRefused};
 inline constexpr Cause OutputLost{"outputLost", kOutputLost};
 inline constexpr Cause Interrupted{"interrupted", kSignalled};

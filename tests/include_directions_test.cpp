@@ -40,6 +40,7 @@ const QList<Floor>& House() {
         {u"cli"_s,
          {u"base"_s, u"platform"_s, u"link"_s, u"image"_s, u"device"_s, u"workbench"_s},
          {}},
+        {u"firmware/simulator"_s, {u"base"_s, u"cli"_s, u"writer"_s}, {}},
         {u"tests/support"_s,
          {u"base"_s, u"link"_s, u"image"_s, u"device"_s, u"workbench"_s, u"writer"_s},
          {}},

@@ -56,6 +56,14 @@ TEST(DoctorCommand, FindsTheCauseAndTheCommandThatMendsIt) {
     }
 }
 
+TEST(DoctorCommand, TellsABoardThatStartsLateFromASilentOne) {
+    CliBench bench;
+    bench.board.SetFault(1, FaultKind::Silent);
+    EXPECT_EQ(bench.RunJson({u"doctor"_s}), kRefused);
+    EXPECT_EQ(bench.Json()["diagnosis"_L1].toString(), u"startedLate"_s);
+    EXPECT_EQ(bench.RunJson({u"doctor"_s}), kDone);
+}
+
 TEST(DoctorCommand, OffersADeviceThatIsThereInPlaceOfTheMissingOne) {
     CliBench bench;
     const QString other = bench.File(u"board"_s, {});

@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <linux/serial.h>
+#include <poll.h>
 #include <pty.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
@@ -131,6 +132,32 @@ TEST_F(QtSerialPortTest, SetsRtsAndBorrowsTheLowLatencyMode) {
     ASSERT_TRUE(port.Open());
     port.Close();
     EXPECT_EQ(driver.flags, int(ASYNC_LOW_LATENCY));
+}
+
+TEST_F(QtSerialPortTest, KeepsDtrUpAndGivesABoardThatTheFirstOpeningResetTimeToStart) {
+    port.Close();
+    termios mode{};
+    ::tcgetattr(line, &mode);
+    mode.c_cflag |= HUPCL;  // as after plugging in
+    ::tcsetattr(line, TCSANOW, &mode);
+    pollfd board{line, POLLIN, 0};
+    ASSERT_TRUE(port.Open());
+    const EventClock::Instant reset = clock.Now();
+    for (const auto& [earliest, latest] : {std::pair(1700ms, 1950ms), std::pair(0ms, 50ms)}) {
+        port.Close();
+        ::tcgetattr(line, &mode);
+        EXPECT_EQ(mode.c_cflag & HUPCL, 0u);
+        ASSERT_TRUE(port.Open());
+        const EventClock::Instant since = earliest == 0ms ? clock.Now() : reset;
+        ASSERT_TRUE(port.Write("S"));
+        while (::poll(&board, 1, 0) == 0 && clock.Now() < since + 3s) {
+            clock.Yield(clock.Now() + 5ms);
+        }
+        EXPECT_GE(clock.Now() - since, earliest);
+        EXPECT_LE(clock.Now() - since, latest) << "the reply is awaited for two seconds";
+        char byte = 0;
+        EXPECT_TRUE(::read(line, &byte, 1) == 1 && byte == 'S');
+    }
 }
 
 TEST_F(QtSerialPortTest, AFloodIsBoundedAndTheNextReplyStillComes) {
