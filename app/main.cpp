@@ -37,7 +37,7 @@ int main(int argc, char** argv) {
     if (!JapaneseFontFound()) {
         std::fputs("tolvex: no Japanese font found; install fonts-ipafont-gothic\n", stderr);
     }
-    const ProgramFolder folder = EnterProgramFolder();
+    const AppDir folders = EnterProgramFolder();
     SettingsFile settings(SettingsPath());
     const ComPorts comPorts(ConfigFolder());
     QtSerialPort port(comPorts);
@@ -48,7 +48,7 @@ int main(int argc, char** argv) {
     WindowProgram program({.port = port,
                            .clock = clock,
                            .settings = settings,
-                           .folders = folder.appDir,
+                           .folders = folders,
                            .comPorts = comPorts,
                            .dialogs = dialogs,
                            .help = help});
@@ -57,7 +57,7 @@ int main(int argc, char** argv) {
     }
     // How the desktop entry hands over the file that was double-clicked: arguments are ignored.
     if (const QString file = qEnvironmentVariable("TOLVEX_FILE"); !file.isEmpty()) {
-        program.Bench().files.OpenDropped(file);
+        program.Bench().files.OpenDropped({file});
     }
     return QApplication::exec();
 }

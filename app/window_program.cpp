@@ -58,7 +58,7 @@ void WindowProgram::ConnectBars() {
     connect(menus_->WindowMenu(), &QMenu::aboutToShow, this, &WindowProgram::ListWindows);
     connect(&window_, &frmMain::Closing, this, &WindowProgram::ShutDown);
     connect(&window_, &frmMain::FileDropped, this, [this](const QString& path) {
-        guard_.Run([this, path] { bench_.files.OpenDropped(path); });
+        guard_.Run([this, path] { bench_.files.OpenDropped({path}); });
     });
 }
 

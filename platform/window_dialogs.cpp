@@ -50,14 +50,18 @@ class FileDialog : public QFileDialog {
     }
 };
 
+/// The requested folder, else the initial name's own, else the current one.
 void SetStart(QFileDialog& dialog, const FileDialogRequest& request) {
     const QFileInfo initial(request.initialName);
-    const bool withPath = !request.initialName.isEmpty() && initial.isAbsolute();
-    const QString wanted = withPath ? initial.path() : request.directory;
-    const bool usable = !wanted.isEmpty() && QFileInfo(wanted).isDir();
-    dialog.setDirectory(usable ? QDir(wanted).absolutePath() : QDir::currentPath());
+    QString start = QDir::currentPath();
+    if (!request.directory.isEmpty() && QFileInfo(request.directory).isDir()) {
+        start = QDir(request.directory).absolutePath();
+    } else if (initial.isAbsolute() && initial.dir().exists()) {
+        start = initial.path();
+    }
+    dialog.setDirectory(start);
     if (!request.initialName.isEmpty()) {
-        dialog.selectFile(withPath ? initial.fileName() : request.initialName);
+        dialog.selectFile(initial.fileName());
     }
 }
 
@@ -69,14 +73,17 @@ void SetJapaneseTexts(QFileDialog& dialog, const QString& accept) {
     dialog.setLabelText(QFileDialog::Reject, u"キャンセル"_s);
 }
 
-/// `path` with the first of `suffixes` ("hex;rom") when its name has none and no such file exists.
-QString WithDefaultSuffix(const QString& path, const QString& suffixes) {
+/// `path` with the first of `suffixes` ("hex;rom") when its name has none. A file that is to be
+/// opened may have none.
+QString WithDefaultSuffix(const QString& path, const QString& suffixes,
+                          QFileDialog::AcceptMode mode) {
     const QString suffix = suffixes.section(u';', 0, 0);
     const QFileInfo file(path);
-    if (suffix.isEmpty() || file.fileName().contains(u'.') || file.exists()) {
+    if (suffix.isEmpty() || !file.suffix().isEmpty() ||
+        (mode == QFileDialog::AcceptOpen && file.exists())) {
         return path;
     }
-    return path + u'.' + suffix;
+    return path.endsWith(u'.') ? path + suffix : path + u'.' + suffix;
 }
 
 FileDialogAnswer AskFile(QWidget* parent, const FileDialogRequest& request,
@@ -101,7 +108,7 @@ FileDialogAnswer AskFile(QWidget* parent, const FileDialogRequest& request,
         if (shown.result() != QDialog::Accepted || chosen.isEmpty()) {
             return false;
         }
-        answer.path = WithDefaultSuffix(chosen.first(), request.defaultSuffix);
+        answer.path = WithDefaultSuffix(chosen.first(), request.defaultSuffix, mode);
         answer.bareName = QFileInfo(answer.path).fileName();
         return true;
     });

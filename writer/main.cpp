@@ -40,6 +40,9 @@ namespace {
 
 using Instant = PacedBoard::Instant;
 
+/// Longer than any time-out of the PC.
+constexpr std::chrono::seconds kFarewell{10};
+
 // A signal handler reaches nothing else.
 volatile std::sig_atomic_t stopAsked = 0;
 
@@ -101,7 +104,7 @@ class WriterProgram {
                 return Fail(reason, 1);
             }
         }
-        const QString reason = options_.replay.isEmpty() ? ServeChip() : Serve(replay_);
+        const QString reason = options_.replay.isEmpty() ? ServeChip() : ServeTrace();
         const QString unsaved = SaveState();
         for (const QString& failure : {reason, unsaved}) {
             if (!failure.isEmpty()) {
@@ -166,33 +169,60 @@ class WriterProgram {
         for (const WriterOptions::PlannedFault& fault : options_.faults) {
             writer.SetFault(fault.command, fault.kind);
         }
-        PacedBoard board(writer, options_.baud);
+        PacedBoard board(writer, options_.baud, options_.latency);
         return Serve(board);
     }
 
-    static QString Departure(const PacedBoard&) { return {}; }
-    static QString Departure(const TraceReplay& replay) { return replay.Departure(); }
-
-    /// Until a signal asks for the end, the terminal can't be had again after a hang-up, or the PC
-    /// does something else than in the replayed session.
-    template <typename Board>
-    QString Serve(Board& board) {
-        QString reason;
-        while (!stopAsked && reason.isEmpty()) {
-            const auto due = board.NextDue();
-            const auto time = due ? std::optional(*due - Now()) : std::nullopt;
-            if (signals_.Wait(terminal_.Descriptor(), time)) {
-                board.Send(terminal_.Read(), Now() - std::exchange(lag_, Instant::zero()));
-            }
-            reason = Deliver(board.Run(Now()));
-            if (reason.isEmpty()) {
-                reason = Departure(board);
+    /// The trace, and then as long as the PC needs to take the last reply and to close, or to give
+    /// up waiting for one that never came.
+    QString ServeTrace() {
+        const QString reason = Serve(replay_);
+        terminal_.LetGo();
+        const Instant end = Now() + kFarewell;
+        while (!stopAsked && reason.isEmpty() && terminal_.Descriptor() >= 0 && Now() < end) {
+            if (signals_.Wait(terminal_.Descriptor(), end - Now())) {
+                const QByteArray bytes = terminal_.Read();
+                if (bytes.isEmpty()) {
+                    break;
+                }
+                replay_.Send(bytes, Now());
+                return replay_.Departure();
             }
         }
         return reason;
     }
 
-    QString Deliver(const PacedBoard::Events& events) {
+    static bool Ended(const PacedBoard&) { return false; }
+    static bool Ended(const TraceReplay& replay) { return replay.Ended(); }
+    static QString Departure(const PacedBoard&) { return {}; }
+    static QString Departure(const TraceReplay& replay) { return replay.Departure(); }
+
+    /// Until a signal asks for the end, the terminal can't be had again after a hang-up, or the PC
+    /// does something else than in the replayed session or has come to its end.
+    template <typename Board>
+    QString Serve(Board& board) {
+        QString reason;
+        while (!stopAsked && reason.isEmpty() && !Ended(board)) {
+            const auto due = board.NextDue();
+            const auto time = due ? std::optional(*due - Now()) : std::nullopt;
+            if (signals_.Wait(terminal_.Descriptor(), time)) {
+                board.Send(terminal_.Read(), Now() - std::exchange(lag_, Instant::zero()));
+            }
+            const PacedBoard::Events events = board.Run(Now());
+            Deliver(events);
+            reason = Departure(board);
+            if (events.hangUp) {
+                // The far end goes away for whoever has the terminal open, and is plugged in again.
+                terminal_.Close();
+                if (reason.isEmpty() && !Ended(board)) {
+                    reason = OpenTerminal();
+                }
+            }
+        }
+        return reason;
+    }
+
+    void Deliver(const PacedBoard::Events& events) {
         for (const BoardReply& command : events.commands) {
             if (log_.isOpen()) {
                 log_.write(command.LogLine().toUtf8() + '\n');
@@ -202,8 +232,6 @@ class WriterProgram {
             terminal_.Write(events.bytes);
             lag_ = Now() - events.lastByte;
         }
-        // The far end goes away for whoever has the terminal open, and is plugged in again.
-        return events.hangUp ? OpenTerminal() : QString();
     }
 
     WriterOptions options_;

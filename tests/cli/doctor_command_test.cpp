@@ -5,7 +5,6 @@
 
 #include "platform/settings_file.h"
 #include "tests/cli/cli_bench.h"
-#include "tests/support/fault_port.h"
 
 namespace tolvex::testing {
 namespace {
@@ -76,21 +75,9 @@ TEST(DoctorCommand, MeasuresTheRoundTrip) {
     EXPECT_NEAR(bench.Json()["roundTripMilliseconds"_L1].toDouble(), 3 * 10 / 19.2, 0.01);
 }
 
-/// An adapter that holds every reply back for 16 ms.
-class LazyAdapter : public FaultPort {
-  public:
-    LazyAdapter(SerialPort& port, VirtualClock& clock) : FaultPort(port, clock) {
-        SetDelay(std::chrono::milliseconds(16));
-        for (int exchange = 1; exchange < 100; ++exchange) {
-            SetFault(exchange, LineFault::Delay);
-        }
-    }
-};
-
 TEST(DoctorCommand, NoticesAnAdapterThatHoldsBytesBack) {
     CliBench bench;
-    LazyAdapter lazy(bench.port, bench.clock);
-    bench.behind = &lazy;
+    bench.port.DelayReplies(std::chrono::milliseconds(16));
     EXPECT_EQ(bench.RunJson({u"doctor"_s, u"--port"_s, u"COM5"_s}), kRefused);
     EXPECT_EQ(bench.Json()["diagnosis"_L1].toString(), u"highLatency"_s);
     EXPECT_EQ(bench.Json()["mend"_L1].toString(),

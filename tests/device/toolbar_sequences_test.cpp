@@ -3,15 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
-
 #include "tests/support/test_bench.h"
 
 namespace tolvex {
 namespace {
 
 using namespace Qt::StringLiterals;
-using testing::DetectionWire;
 using testing::TestBench;
 
 const QMap<OptionList, int> kStartUpOptions = {{OptionList::FSTRT, 1}, {OptionList::RCEN, 0},
@@ -64,17 +61,6 @@ TEST(ToolbarSequences, ClearWorksWithoutAWriter) {
     EXPECT_EQ(b.person.panels[1], u"バッファーをクリアしました。"_s);
 }
 
-TEST(ToolbarSequences, WithoutAWriterNoChainGoesOn) {
-    for (const QString& key : {u"Program"_s, u"Read"_s, u"Verify"_s, u"Erase"_s}) {
-        TestBench b;
-        b.FillImages(1);
-        b.port.RefuseOpen();
-        b.bench.toolbar.Click(key);
-        EXPECT_TRUE(b.Wire().isEmpty());
-        EXPECT_EQ(b.person.panels[1], u"ライタと通信ができませんでした。(Command_S)"_s);
-    }
-}
-
 TEST(ToolbarSequences, FileButtonsRunTheMenusCommands) {
     TestBench b;
     b.bench.toolbar.Click(u"Open");
@@ -89,23 +75,6 @@ TEST(ToolbarSequences, FileButtonsRunTheMenusCommands) {
     b.person.calls.clear();
     b.bench.toolbar.Click(u"program");
     EXPECT_EQ(b.person.calls, QStringList(u"status 1: "_s)) << "no such key";
-}
-
-TEST(ToolbarSequences, AShutdownInTheMiddleOfAChainLeavesNothingBehind) {
-    for (const auto after : {1, 400, 1500, 2500}) {
-        TestBench b;
-        b.FillImages(2);
-        b.clock.At(b.clock.Now() + std::chrono::milliseconds(after), [&b] {
-            b.bench.listings.Retire();
-            b.bench.connection.ClosePort();
-            b.clock.End();
-        });
-        b.board.SetFaultFrom(40, FaultKind::Silent);
-        b.bench.toolbar.Click(u"Program");
-        EXPECT_TRUE(b.clock.Ended());
-        EXPECT_FALSE(b.port.IsOpen());
-        EXPECT_TRUE(QDir(b.folder.path()).isEmpty()) << after;
-    }
 }
 
 }  // namespace

@@ -3,16 +3,55 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <stdlib.h>
-#include <termios.h>
+#include <linux/serial.h>
+#include <pty.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
+#include <cstdarg>
 #include <thread>
 
 #include "platform/event_loop_clock.h"
+#include "tests/support/real_files.h"
+
+namespace {
+
+/// What a serial driver knows and a pseudo-terminal lacks.
+struct Driver {
+    bool rts = false;
+    int flags = 0;
+} driver;
+
+}  // namespace
+
+/// Stands before the C library's and plays the driver.
+extern "C" int ioctl(int descriptor, unsigned long request, ...) noexcept {
+    va_list list;
+    va_start(list, request);
+    void* argument = va_arg(list, void*);
+    va_end(list);
+    switch (request) {
+        case TIOCMBIS:
+        case TIOCMBIC:
+            if ((*static_cast<int*>(argument) & TIOCM_RTS) != 0) {
+                driver.rts = request == TIOCMBIS;
+            }
+            return 0;
+        case TIOCGSERIAL:
+            static_cast<serial_struct*>(argument)->flags = driver.flags;
+            return 0;
+        case TIOCSSERIAL:
+            driver.flags = static_cast<serial_struct*>(argument)->flags;
+            return 0;
+        default:
+            return static_cast<int>(::syscall(SYS_ioctl, descriptor, request, argument));
+    }
+}
 
 namespace tolvex {
 namespace {
@@ -23,11 +62,18 @@ using namespace Qt::StringLiterals;
 /// Port COM3 leads to the far end `line`, a pseudo-terminal; COM4 leads nowhere.
 struct QtSerialPortTest : ::testing::Test {
     void SetUp() override {
-        ASSERT_TRUE(::grantpt(line) == 0 && ::unlockpt(line) == 0);
         ASSERT_TRUE(QDir(config.path()).mkdir(u"ports"_s));
-        const QString terminal = QString::fromLocal8Bit(::ptsname(line));
-        ASSERT_TRUE(QFile::link(terminal, config.filePath(u"ports/com3"_s)));
         ASSERT_TRUE(QFile::link(u"gone"_s, config.filePath(u"ports/com4"_s)));
+        PlugIn();
+    }
+    void PlugIn() {
+        int near = -1;
+        ASSERT_EQ(::openpty(&line, &near, nullptr, nullptr, nullptr), 0);
+        QFile::remove(com3);
+        ASSERT_TRUE(QFile::link(QString::fromLocal8Bit(::ttyname(near)), com3));
+        ::fchmod(near, 0666);
+        ::close(near);
+        driver = {};
         port.Configure({.number = 3});
         ASSERT_TRUE(port.Open());
     }
@@ -46,7 +92,8 @@ struct QtSerialPortTest : ::testing::Test {
     }
 
     QTemporaryDir config;
-    int line = ::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+    QString com3 = config.filePath(u"ports/com3"_s);
+    int line = -1;
     ComPorts ports{config.path()};
     EventLoopClock clock;
     QtSerialPort port{ports};
@@ -86,20 +133,62 @@ TEST_F(QtSerialPortTest, EveryByteValuePassesBothWaysUnchanged) {
     EXPECT_EQ(port.ReadAll(), "\r");
 }
 
-TEST_F(QtSerialPortTest, HangUpClosesThePortInOneYieldAndTheLoopRestsAgain) {
-    ::close(std::exchange(line, -1));
-    clock.Yield(clock.Now() + 1s);
-    EXPECT_FALSE(port.IsOpen());
-    EXPECT_FALSE(port.Write("S"));
-    EXPECT_TRUE(port.LastError().contains(u"ports/com3"_s)) << port.LastError().toStdString();
-    EXPECT_FALSE(WaitForInput(1));
-    EXPECT_LT(passes, 20);
+TEST_F(QtSerialPortTest, SetsRtsAndBorrowsTheLowLatencyMode) {
+    EXPECT_TRUE(driver.rts);
+    EXPECT_EQ(driver.flags, int(ASYNC_LOW_LATENCY));
+    driver.flags |= ASYNC_SKIP_TEST;
+    port.Close();
+    EXPECT_EQ(driver.flags, int(ASYNC_SKIP_TEST)) << "put back";
+    driver.flags = ASYNC_LOW_LATENCY;  // by the person's own choice
+    ASSERT_TRUE(port.Open());
+    port.Close();
+    EXPECT_EQ(driver.flags, int(ASYNC_LOW_LATENCY));
 }
 
-TEST_F(QtSerialPortTest, AWriteNoticesAHangUpWithoutAYield) {
-    ::close(std::exchange(line, -1));
-    EXPECT_FALSE(port.Write("S"));
-    EXPECT_FALSE(port.IsOpen());
+TEST_F(QtSerialPortTest, AFloodIsBoundedAndTheNextReplyStillComes) {
+    const QByteArray flood(1000, 'x');
+    for (int count = 0; count < 50; ++count) {
+        Send(flood);
+        clock.Yield(clock.Now() + 10ms);
+    }
+    EXPECT_EQ(port.InputCount(), 4096);
+    port.DiscardInput();
+    ASSERT_TRUE(port.Write("P"));
+    Send("\r");
+    ASSERT_TRUE(WaitForInput(1));
+    EXPECT_EQ(port.ReadAll(), "\r");
+}
+
+TEST_F(QtSerialPortTest, AHangUpClosesThePortAtOnceAndTheLoopRestsAgain) {
+    for (const bool byWrite : {false, true}) {
+        ::close(std::exchange(line, -1));
+        byWrite ? void(port.Write("S")) : clock.Yield(clock.Now() + 1s);
+        EXPECT_FALSE(port.IsOpen());
+        EXPECT_FALSE(port.Write("S"));
+        EXPECT_TRUE(port.LastError().contains(u"ports/com3"_s)) << port.LastError().toStdString();
+        EXPECT_FALSE(WaitForInput(1));
+        EXPECT_LT(passes, 20);
+        PlugIn();
+    }
+}
+
+TEST_F(QtSerialPortTest, ALockFileThatAKilledRunOfRootLeftIsNoHindrance) {
+    port.Close();
+    const pid_t ended = ::fork();
+    if (ended == 0) {
+        ::_exit(0);
+    }
+    ::waitpid(ended, nullptr, 0);
+    const QString lock = u"/var/lock/LCK.."_s + QString(com3).replace(u'/', u'_');
+    testing::PutFile(lock,
+                     u"%1\ntolvex\n%2\n"_s.arg(ended).arg(QSysInfo::machineHostName()).toUtf8());
+    testing::OpenToAll(config.path());
+    {
+        const testing::OrdinaryUser user;
+        EXPECT_TRUE(port.Open()) << port.LastError().toStdString();
+        port.Close();
+    }
+    QFile::remove(lock);
 }
 
 TEST_F(QtSerialPortTest, APortThatCannotBeOpenedStaysClosed) {

@@ -45,7 +45,7 @@ bool SimulatedPort::Write(QByteArrayView bytes) {
     writes.append(bytes.toByteArray());
     board_->Send(bytes, clock_.Now());
     Deliver();
-    return true;
+    return IsOpen();
 }
 
 QByteArray SimulatedPort::ReadAll() {
@@ -63,7 +63,14 @@ void SimulatedPort::Deliver() {
     for (const BoardReply& command : events.commands) {
         wire_ << command.Sent();
     }
-    input_ += events.bytes;
+    if (delay_.count() == 0) {
+        input_ += events.bytes;
+    } else if (!events.bytes.isEmpty()) {
+        clock_.At(clock_.Now() + delay_,
+                  [this, bytes = events.bytes, board = std::weak_ptr(board_)] {
+                      input_ += board.expired() ? QByteArray() : bytes;
+                  });
+    }
     if (events.hangUp) {
         calls_ << u"hang-up"_s;
         board_.reset();

@@ -29,6 +29,8 @@ class SimulatedPort : public SerialPort {
     bool Write(QByteArrayView bytes) override;
     QByteArray ReadAll() override;
 
+    /// From now on every reply comes this much later.
+    void DelayReplies(std::chrono::milliseconds delay) { delay_ = delay; }
     /// Opening fails from now on, as for a port that is missing or busy.
     void RefuseOpen(bool refuse = true) { refuse_ = refuse; }
 
@@ -49,6 +51,7 @@ class SimulatedPort : public SerialPort {
     int baud_;
     PortSettings settings_;
     bool refuse_ = false;
+    std::chrono::milliseconds delay_{0};
     std::shared_ptr<PacedBoard> board_;  // lives while the port is open; with it go bytes under way
     std::optional<VirtualClock::Instant> wakeAt_;
     QByteArray input_;

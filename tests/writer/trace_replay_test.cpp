@@ -3,8 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QTemporaryDir>
+
+#include "tests/support/real_files.h"
 
 namespace tolvex {
 namespace {
@@ -12,26 +13,20 @@ namespace {
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-class TraceReplayTest : public ::testing::Test {
-  protected:
+struct TraceReplayTest : ::testing::Test {
     QString Load(const QByteArray& text) {
-        QFile file(folder_.filePath(u"trace"_s));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(text);
-        file.close();
-        return replay_.Load(file.fileName());
+        testing::PutFile(folder_.filePath(u"trace"_s), text);
+        return replay_.Load(folder_.filePath(u"trace"_s));
     }
 
-    TraceReplay replay_;
-
-  private:
     QTemporaryDir folder_;
+    TraceReplay replay_;
 };
 
-TEST_F(TraceReplayTest, AnswersAfterTheRecordedTime) {
-    ASSERT_EQ(
-        Load("0 open COM1\n100 > 41\n150 > 00 10\n900 < 0D\n1900 < 0A\n2000 > 53\n3000 close\n"),
-        QString());
+TEST_F(TraceReplayTest, AnswersAfterTheRecordedTimeOrInAHurryAtOnce) {
+    const QByteArray trace =
+        "0 open COM1\n100 > 41\n150 > 00 10\n900 < 0D\n1900 < 0A\n\n2000 > 53\n3000 lost\n";
+    ASSERT_EQ(Load(trace), QString());
     replay_.Send(QByteArray("\x41\x00", 2), 5s);
     EXPECT_FALSE(replay_.NextDue().has_value()) << "not before the command is complete";
     replay_.Send("\x10", 6s);
@@ -39,39 +34,22 @@ TEST_F(TraceReplayTest, AnswersAfterTheRecordedTime) {
     EXPECT_EQ(replay_.Run(6s + 749us).bytes, "");
     EXPECT_EQ(replay_.Run(6s + 750us).bytes, "\r");
     EXPECT_EQ(replay_.Run(6s + 1750us).bytes, "\n");
+    replay_.Hurry();
     replay_.Send("\x53", 8s);
-    EXPECT_FALSE(replay_.NextDue().has_value()) << "a silence is played too";
+    EXPECT_FALSE(replay_.Ended());
+    EXPECT_TRUE(replay_.Run(8s).hangUp);
+    EXPECT_TRUE(replay_.Ended());
     EXPECT_EQ(replay_.Departure(), QString());
 }
 
-TEST_F(TraceReplayTest, InAHurryAnswersAtOnceAndHangsUpLast) {
-    ASSERT_EQ(Load("0 > 53\n1000 < 41\n2000 lost\n"), QString());
-    replay_.Hurry();
-    replay_.Send("\x53", 1s);
-    const auto events = replay_.Run(1s);
-    EXPECT_EQ(events.bytes, "\x41");
-    EXPECT_TRUE(events.hangUp);
-}
-
-TEST_F(TraceReplayTest, TellsWhereThePcLeavesTheRecord) {
+TEST_F(TraceReplayTest, TellsWhereThePcLeavesTheRecordAndRefusesWhatIsNone) {
     ASSERT_EQ(Load("0 > 53\n1000 < 41\n\n2000 > 56\n"), QString());
     replay_.Send("\x53", 0s);
     replay_.Send("\x76", 1s);
     EXPECT_EQ(replay_.Departure(), u"trace line 4: the PC sent 76 instead of 56"_s);
-}
-
-TEST_F(TraceReplayTest, TellsOfBytesAfterTheEnd) {
-    ASSERT_EQ(Load("0 > 53\n"), QString());
-    replay_.Send("\x53\x56", 0s);
-    EXPECT_EQ(replay_.Departure(), u"the PC sent 56 after the end of the trace"_s);
-}
-
-TEST_F(TraceReplayTest, RefusesWhatIsNoTrace) {
-    const char* const cases[] = {"hello\n",  "5\n",   "x > 53\n", "5 > 5\n",
-                                 "5 > GG\n", "5 >\n", "5 ? 53\n"};
-    for (const char* text : cases) {
-        SCOPED_TRACE(text);
-        EXPECT_TRUE(Load(QByteArray("0 open COM1\n") + text).contains(u": line 2: "_s));
+    for (const char* text :
+         {"hello\n", "5\n", "x > 53\n", "5 > 5\n", "5 > GG\n", "5 >\n", "5 ? 53\n"}) {
+        EXPECT_TRUE(Load(QByteArray("0 open COM1\n") + text).contains(u": line 2: "_s)) << text;
     }
     EXPECT_TRUE(replay_.Load(u"/no/such/trace"_s).startsWith(u"trace /no/such/trace: "_s));
 }
