@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "app/window_program.h"
+#include "base/utf8_locale.h"
 #include "platform/com_ports.h"
 #include "platform/event_loop_clock.h"
 #include "platform/help_window.h"
@@ -18,6 +19,7 @@
 
 int main(int argc, char** argv) {
     using namespace tolvex;
+    ChooseUtf8Locale();
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Tolvex"));
     QApplication::setFont(WindowFont());

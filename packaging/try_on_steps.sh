@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Inside the fresh root of packaging/try-on: every step stops at the first thing that is not as it
-# should be. It runs as root; `someone` is an ordinary user who may use sudo.
+# Inside the fresh root of packaging/try-on: every step ends at the first thing that is not as it
+# should be, and the others go on. It runs as root; `someone` is an ordinary user who may use sudo.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 person=someone
@@ -222,21 +222,17 @@ purge_it() {
     [ -f $home/.config/Tolvex/Tolvex.conf ] || fail "the settings are gone"
 }
 
-a_person
-if [ $# -gt 0 ]; then
-    for name in "$@"; do "$name"; done
-else
-    run_as_root
-    test_as_person
-    run_as_person
-    test_as_root
-    package_it
-    install_it
-    check_files
-    use_the_window
-    use_the_terminal
-    read_the_pages
-    documents
-    purge_it
+if [ $# -eq 0 ]; then
+    set -- run_as_root test_as_person run_as_person test_as_root package_it install_it check_files \
+        use_the_window use_the_terminal read_the_pages documents purge_it
 fi
+a_person
+failed=()
+for name in "$@"; do
+    set +e  # only so does it still hold inside the step
+    (set -e; "$name")
+    [ $? -eq 0 ] || failed+=("$name")
+    set -e
+done
+[ ${#failed[@]} -eq 0 ] || fail "not as it should be: ${failed[*]}"
 step "all is as it should be"

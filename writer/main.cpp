@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <algorithm>
+#include <clocale>
 #include <csignal>
 #include <cstdio>
 #include <utility>
@@ -15,6 +16,7 @@
 #include "writer/writer_options.h"
 
 #ifdef Q_OS_UNIX
+#include <langinfo.h>
 #include <signal.h>
 #include <sys/select.h>
 #endif
@@ -252,6 +254,13 @@ class WriterProgram {
 #endif
 
 int main(int argc, char** argv) {
+#ifdef Q_OS_UNIX
+    // Qt wants UTF-8 and says so in every run under LANG=C.
+    std::setlocale(LC_ALL, "");
+    if (qstrcmp(::nl_langinfo(CODESET), "UTF-8") != 0) {
+        qputenv("LC_ALL", "C.UTF-8");
+    }
+#endif
     QCoreApplication application(argc, argv);
     const tolvex::ParsedOptions parsed = tolvex::ParseOptions(QCoreApplication::arguments());
     if (!parsed.options) {
