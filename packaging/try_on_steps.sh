@@ -43,6 +43,9 @@ end_programs() {
 a_person() {
     useradd -m -s /bin/bash $person
     echo "$person ALL=(ALL) NOPASSWD: ALL" >/etc/sudoers.d/$person
+    # Answers for the person, and no more packages than asked for.
+    printf 'APT::Get::Assume-Yes "true";\nAPT::Install-Recommends "false";\n' \
+        >/etc/apt/apt.conf.d/99try-on
 }
 
 run_as_root() {
@@ -51,9 +54,16 @@ run_as_root() {
     chown -R $person: .
 }
 
-test_as_person() {
-    step "./test as an ordinary user"
-    as_person ./test
+# A block labelled sh, counted from 1, by the plainest shell.
+sh_block() { awk -v n="$2" '/^```/ { inside = /^```sh$/; i += inside; next } inside && i == n' "$1"; }
+run_block() {
+    sh_block "$@" >/tmp/block
+    as_person dash -e /tmp/block </dev/null
+}
+
+the_two_commands() {
+    step "README's two commands as an ordinary user"
+    run_block README.md 1
 }
 
 test_as_root() {
@@ -81,25 +91,19 @@ run_as_person() {
     rm -r $home/.config
 }
 
-package_it() {
-    step "the package, as an ordinary user"
-    as_person cmake --preset release
-    as_person cmake --build --preset release
+install_it() {
+    step "README's way to the package as an ordinary user"
     if ! command -v dpkg-shlibdeps >/dev/null; then
+        as_person cmake --preset release
+        as_person cmake --build --preset release
         ! as_person sh -c 'cd build-release && cpack' ||
             fail "a package was made without dpkg-shlibdeps"
+        install_quietly dpkg-dev
     fi
-    install_quietly dpkg-dev
-    as_person sh -c 'cd build-release && cpack'
+    run_block README.md 2
     dpkg-deb --info build-release/tolvex_*.deb
-}
-
-install_it() {
-    step "installation"
-    cp build-release/tolvex_*.deb /tmp
-    DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends /tmp/tolvex_*.deb \
-        >/dev/null
     dpkg --verify tolvex
+    cp build-release/tolvex_*.deb /tmp
 }
 
 check_files() {
@@ -202,10 +206,17 @@ completes() {  # line word
 
 documents() {
     step "blocks labelled sh"
-    local file
+    local file n
     for file in *.md docs/*.md; do
-        awk '/^```/ { inside = ($0 == "```sh"); next } inside' "$file" >/tmp/block
-        dash -n /tmp/block || fail "$file"
+        for ((n = 1; ; n++)); do
+            sh_block "$file" $n >/tmp/block
+            [ -s /tmp/block ] || break
+            dash -n /tmp/block || fail "$file, block $n"
+        done
+    done
+    for n in 1 2; do
+        [ "$(sh_block README.md $n | sed 's/ *#.*//')" = "$(sh_block README.ja.md $n |
+            sed 's/ *#.*//')" ] || fail "the two READMEs differ"
     done
 }
 
@@ -223,7 +234,7 @@ purge_it() {
 }
 
 if [ $# -eq 0 ]; then
-    set -- run_as_root test_as_person run_as_person test_as_root package_it install_it check_files \
+    set -- run_as_root the_two_commands run_as_person test_as_root install_it check_files \
         use_the_window use_the_terminal read_the_pages documents purge_it
 fi
 a_person
