@@ -5,6 +5,7 @@
 
 #include "app/japanese_texts.h"
 #include "app/window_program.h"
+#include "base/utf8_locale.h"
 #include "platform/com_ports.h"
 #include "platform/event_loop_clock.h"
 #include "platform/help_window.h"
@@ -31,6 +32,7 @@ void TellHowToGetAFont() {
 
 int main(int, char** argv) {
     using namespace tolvex;
+    ChooseUtf8Locale();
     // Arguments are ignored, those that Qt would understand as well.
     char fallback[] = "tolvex";
     char* name[] = {argv[0] != nullptr ? argv[0] : fallback, nullptr};

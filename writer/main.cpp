@@ -3,6 +3,7 @@
 // board at hand.
 #include <QCoreApplication>
 #include <QFile>
+#include <clocale>
 #include <cstdio>
 #include <utility>
 
@@ -13,6 +14,9 @@
 #include "writer/trace_replay.h"
 #include "writer/writer_options.h"
 
+#ifdef Q_OS_UNIX
+#include <langinfo.h>
+#endif
 #ifdef Q_OS_LINUX
 #include <sys/prctl.h>
 #endif
@@ -194,6 +198,13 @@ class WriterProgram {
 #endif
 
 int main(int argc, char** argv) {
+#ifdef Q_OS_UNIX
+    // Qt wants UTF-8 and says so in every run under LANG=C.
+    std::setlocale(LC_ALL, "");
+    if (qstrcmp(::nl_langinfo(CODESET), "UTF-8") != 0) {
+        qputenv("LC_ALL", "C.UTF-8");
+    }
+#endif
     QCoreApplication application(argc, argv);
     const tolvex::ParsedOptions parsed = tolvex::ParseOptions(QCoreApplication::arguments());
     if (!parsed.options) {
