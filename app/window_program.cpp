@@ -134,7 +134,7 @@ void WindowProgram::MDIForm_Load() {
     children_.ShowAll(parts_.settings);
     window_.show();
     if (GetNumber(parts_.settings, keys::IndexFirstFlag) == 0) {
-        ShowBoardPanel();
+        guard_.Run([this] { ShowBoardPanel(); });
         SaveNumber(parts_.settings, keys::IndexFirstFlag, 1);
     }
 }

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -17,6 +18,7 @@ namespace tolvex {
 namespace {
 
 using namespace Qt::StringLiterals;
+using testing::RunningBench;
 using testing::WindowBench;
 
 QRect Twips(int left, int top, int width, int height) {
@@ -40,8 +42,7 @@ TEST(ChildWindows, ComeBackToTheirPlaceFromAnyState) {
         Close};
     for (int state = 0; state < 4; ++state) {
         for (const bool all : {true, false}) {
-            WindowBench b;
-            b.Start();
+            RunningBench b;
             for (const auto& [name, item, place] : windows) {
                 states[state](b.Child(name));
                 if (!all) {
@@ -105,8 +106,7 @@ TEST(ChildWindows, EveryPlaceIsTakenAndStored) {
 }
 
 TEST(ChildWindows, TheWindowMenuListsThem) {
-    WindowBench b;
-    b.Start();
+    RunningBench b;
     auto* menu = b.Find<QMenu>("mnuWindow");
     const auto listed = [&b, menu] {
         Q_EMIT menu->aboutToShow();
@@ -133,8 +133,7 @@ TEST(ChildWindows, TheWindowMenuListsThem) {
 }
 
 TEST(ChildWindows, AListingStaysWhereItIsScrolledAndLeavesTheFocus) {
-    WindowBench b(2);
-    b.Start();
+    RunningBench b(2);
     auto* box = b.Find<QPlainTextEdit>("txtPrg");
     box->setFocus();
     box->verticalScrollBar()->setValue(40);
@@ -191,8 +190,7 @@ TEST(ChildWindows, TheDefaultLayoutShowsEverythingInAnyFont) {
 
 TEST(ChildWindows, AMessageStandsOverTheMainWindow) {
     for (const bool closed : {false, true}) {
-        WindowBench b;
-        b.Start();
+        RunningBench b;
         if (closed) {
             Close(b.Child("frmProgram"));
         }

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QDate>
 #include <QDir>
 #include <QMenu>
@@ -17,6 +18,7 @@ namespace tolvex {
 namespace {
 
 using namespace Qt::StringLiterals;
+using testing::RunningBench;
 using testing::WindowBench;
 
 TEST(MainWindow, MenusStandAsAPersonReadsThem) {
@@ -33,8 +35,7 @@ TEST(MainWindow, MenusStandAsAPersonReadsThem) {
         "ヘルプ(&H): [目次(&C)]|[トピックの検索(&S)...]|ボードの修正(&8)|-|ヘルプ(&H)|"
         "バージョン情報(&A)\n"
         "【HEXファイルの再ロード】(&R): \n"_s;
-    WindowBench b;
-    b.Start();
+    RunningBench b;
     QString seen;
     for (QAction* top : b.program.Window().menuBar()->actions()) {
         QStringList items;
@@ -50,8 +51,7 @@ TEST(MainWindow, MenusStandAsAPersonReadsThem) {
 }
 
 TEST(MainWindow, ToolbarAndStatusBarStandAsAPersonReadsThem) {
-    WindowBench b;
-    b.Start();
+    RunningBench b;
     QStringList seen;
     for (QAction* action : b.program.Window().Tools().actions()) {
         QWidget* widget = b.program.Window().Tools().widgetForAction(action);
@@ -138,8 +138,7 @@ TEST(MainWindow, EachCommandDoesWhatItSays) {
         {"cmdFuseWrite", "", "Lock/Fuse bit ライトが完了しました。|ライタを検出しました。 COM1"},
     };
     for (const auto& [name, answer, outcome] : cases) {
-        WindowBench b(3);
-        b.Start();
+        RunningBench b(3);
         b.port.Open();
         if (QByteArray(name) == "mmuLEDoff") {
             b.program.Bench().commands.LedOn();
@@ -163,8 +162,7 @@ TEST(MainWindow, APanelThatBeginsWithComOpensThePortDialog) {
         {5, u"", Qt::LeftButton, false},
         {1, u"ライタを検出しました。 COM1", Qt::LeftButton, false}};
     for (const auto& [number, text, button, opens] : cases) {
-        WindowBench b;
-        b.Start();
+        RunningBench b;
         b.program.Window().SetStatusText(number, QString::fromUtf16(text));
         b.AnswerDialogs(opens ? QStringList{u"Command_cancel"_s} : QStringList());
         auto* panel = b.Find<QWidget>(qPrintable(u"Panel%1"_s.arg(number)));
@@ -183,8 +181,7 @@ TEST(MainWindow, APanelThatBeginsWithComOpensThePortDialog) {
 }
 
 TEST(MainWindow, F6GoesRoundByKeyboard) {
-    WindowBench b;
-    b.Start();
+    RunningBench b;
     b.Child("frmEEprom")->close();
     b.program.Window().Panels().hide();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -215,8 +212,7 @@ TEST(MainWindow, F6GoesRoundByKeyboard) {
 }
 
 TEST(MainWindow, ProgramsAndVerifiesByItsButtons) {
-    WindowBench b;
-    b.Start();
+    RunningBench b;
     b.OpenSample();
     EXPECT_TRUE(b.Child("frmProgram")->windowTitle().endsWith(u"samples/blink.hex"));
     EXPECT_TRUE(b.Child("frmEEprom")->windowTitle().endsWith(u"samples/blink.eep"));

@@ -65,4 +65,9 @@ class WindowBench {
     std::function<void(QWidget&)> look_;
 };
 
+/// One that has been started.
+struct RunningBench : WindowBench {
+    explicit RunningBench(int chipIndex = 0) : WindowBench(chipIndex) { Start(); }
+};
+
 }  // namespace tolvex::testing

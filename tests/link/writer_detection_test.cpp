@@ -41,6 +41,7 @@ TEST(WriterDetector, AFailureNamesItsStageAndClosesThePort) {
     for (const auto& [letter, fault, stage] : {std::tuple{'-', FaultKind::Silent, 'S'},
                                                {'S', FaultKind::Late, 'S'},
                                                {'V', FaultKind::Silent, 'V'},
+                                               {'v', FaultKind::Short, 'v'},
                                                {'v', FaultKind::HangUp, 'v'},
                                                {'T', FaultKind::Wrong, 'T'}}) {
         TestBench b;
