@@ -24,6 +24,7 @@ TEST(FrmCom, PreselectsTheStoredPortAndStoresTheChosenOne) {
     dialog.show();
     const auto press = [&dialog](const QString& name) {
         dialog.findChild<QPushButton*>(name)->click();
+        QCoreApplication::processEvents();  // OK is queued
     };
 
     list->setCurrentText(u"????"_s);
