@@ -44,7 +44,7 @@ Session::Session(const CliSurroundings& around, const CommonOptions& options,
                [this] {
                    return chip_.Failing() || bench_.state.errorFlag.Failed() || port_.OpenFailed();
                },
-           .deaf = [this] { return deaf_ || port_.Stopped(); },
+           .deaf = [this] { return deaf_ || port_.Over(); },
            .inTheirWords =
                [this](QString text) {
                    const bool byPath = options_.port && options_.port->byPath;
@@ -275,8 +275,9 @@ int Session::Judge(bool success, Cause cause, const QString& text) {
 }
 
 int Session::Finish(int status) {
+    const bool stopped = port_.Stopped();
     LeaveBoard();
-    if (port_.Stopped()) {
+    if (stopped) {
         Fail(cause::Interrupted, u"中断しました。\n"_s + chip_.Text());
         status = kSignalled + clock_.StopAsked();
     } else if (trace_.Lost() && status == kDone) {
