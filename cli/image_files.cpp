@@ -35,32 +35,6 @@ bool SameFile(const QString& one, const QString& other) {
     return QFileInfo(one) == QFileInfo(other);
 }
 
-struct FaultRow {
-    HexFault fault;
-    QStringView key;
-    QStringView text;
-};
-
-constexpr FaultRow kFaults[] = {
-    {HexFault::NoColon, u"noColon", u"行頭がコロンではありません。"},
-    {HexFault::LowerCase, u"lowerCase", u"小文字の16進数字があります。大文字だけが使えます。"},
-    {HexFault::Digit, u"digit", u"16進数字ではない文字があります。"},
-    {HexFault::Length, u"length", u"長さがバイト数と合いません。"},
-    {HexFault::Checksum, u"checksum", u"チェックサムが違います。"},
-    {HexFault::UnknownType, u"unknownType", u"知らないレコードタイプです。"},
-    {HexFault::BaseAddress, u"baseAddress", u"0 以外の拡張アドレスには対応していません。"},
-    {HexFault::Overlap, u"overlap", u"前のレコードと同じ番地のデータです。"},
-    {HexFault::OutsideMemory, u"outsideMemory", u"デバイスのメモリの外のデータです。"},
-    {HexFault::EarlyEnd, u"earlyEnd", u"エンドレコードの後に行が続いています。"},
-    {HexFault::MissingEnd, u"missingEnd", u"エンドレコードがありません。"},
-};
-
-const FaultRow& Row(HexFault fault) {
-    const auto row = std::ranges::find(kFaults, fault, &FaultRow::fault);
-    Q_ASSERT(row != std::end(kFaults));
-    return *row;
-}
-
 /// The whole content; nothing when it can't be read or is too large.
 std::optional<QByteArray> Content(const QString& path) {
     QFile file;
@@ -184,7 +158,7 @@ int ImageFiles::From(Session& session, const Call& call, Use use, ImageFiles& fi
 
 int LoadFiles(Session& session, const ImageFiles& files, bool force, LoadedFiles& loaded) {
     const CurrentDevice& device = session.Device();
-    session.Report()[u"files"_s] = QJsonObject{{u"code"_s, files.code}, {u"data"_s, files.data}};
+    session.Report()[u"files"_s] = files.Json();
     if (const int status =
             LoadFile<FlashImage>(session, files.code, 2 * device.flashWords, force,
                                  loaded.images.flash, ReadCodeHex, loaded.lossless)) {
@@ -231,7 +205,7 @@ int SaveImages(Session& session, const ImageFiles& files, const MemoryImages& im
 }
 
 QString HexFindingText(const HexFinding& finding) {
-    QString text = u"%1 行目: %2"_s.arg(finding.line).arg(Row(finding.fault).text);
+    QString text = u"%1 行目: %2"_s.arg(finding.line).arg(HexFaultText(finding.fault));
     if (finding.address >= 0) {
         text += u" (0x%1)"_s.arg(QString::number(finding.address, 16).toUpper());
     }
@@ -239,7 +213,8 @@ QString HexFindingText(const HexFinding& finding) {
 }
 
 QJsonObject HexFindingJson(const HexFinding& finding) {
-    QJsonObject object{{u"line"_s, finding.line}, {u"fault"_s, Row(finding.fault).key.toString()}};
+    QJsonObject object{{u"line"_s, finding.line},
+                       {u"fault"_s, HexFaultName(finding.fault).toString()}};
     if (finding.address >= 0) {
         object[u"address"_s] = finding.address;
     }

@@ -14,7 +14,11 @@ namespace tolvex {
 struct ImageFiles {
     QString code;  ///< empty = none
     QString data;  ///< empty = none
-    Memories memories;
+    Memories memories = {};
+
+    QJsonObject Json() const {
+        return {{QStringLiteral("code"), code}, {QStringLiteral("data"), data}};
+    }
 
     enum class Use { Read, Write };
     /// A DATA that is not named is the .eep beside CODE; to be read, if it exists. A status; a

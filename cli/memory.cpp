@@ -24,41 +24,38 @@ std::optional<Memories> Memories::Named(const QString& word) {
     return named.flash || named.eeprom ? std::optional(named) : std::nullopt;
 }
 
-int ReadMemory(Session& session, Memory memory, MemoryImages& images) {
-    const bool flash = memory == Memory::Flash;
-    const int cells = flash ? session.Device().flashWords : session.Device().eepromBytes;
+int ReadMemories(Session& session, Memories memories, MemoryImages& images) {
+    const CurrentDevice& device = session.Device();
     WriterCommands& writer = session.Bench().commands;
     MessageDialog& dialog = session.Bench().person.dialog;
     ErrorFlag flag;
-    dialog.ShowMessage(MessageMode::Progress,
-                       flash ? u"Flash メモリを読んでいます"_s : u"EEPROM を読んでいます"_s);
-    writer.EnterProgrammingMode(flag);
-    if (flash) {
-        writer.SetAddress(0, flag);
-    }
-    for (int cell = 0; cell < cells && !flag.Failed(); ++cell) {
-        dialog.SetProgress(true, 0, cell, cells - 1);
-        const auto at = static_cast<std::size_t>(cell);
-        if (flash) {
-            writer.ReadProgramWord(images.flash[2 * at], images.flash[2 * at + 1], flag);
-        } else {
-            writer.SetAddress(cell, flag);
-            writer.ReadDataByte(images.eeprom[at], flag);
+    const auto read = [&](const QString& text, int cells, const auto& readCell) {
+        dialog.ShowMessage(MessageMode::Progress, text);
+        writer.EnterProgrammingMode(flag);
+        for (int cell = 0; cell < cells && !flag.Failed(); ++cell) {
+            dialog.SetProgress(true, 0, cell, cells - 1);
+            readCell(cell, static_cast<std::size_t>(cell));
         }
+        if (!flag.Failed()) {
+            writer.LeaveProgrammingMode(flag);
+        }
+        dialog.CloseMessage();
+    };
+    if (memories.flash) {
+        read(u"Flash メモリを読んでいます"_s, device.flashWords, [&](int word, std::size_t at) {
+            if (word == 0) {
+                writer.SetAddress(0, flag);
+            }
+            writer.ReadProgramWord(images.flash[2 * at], images.flash[2 * at + 1], flag);
+        });
     }
-    if (!flag.Failed()) {
-        writer.LeaveProgrammingMode(flag);
+    if (memories.eeprom && !flag.Failed()) {
+        read(u"EEPROM を読んでいます"_s, device.eepromBytes, [&](int byte, std::size_t at) {
+            writer.SetAddress(byte, flag);
+            writer.ReadDataByte(images.eeprom[at], flag);
+        });
     }
-    dialog.CloseMessage();
     return session.Judge(!flag.Failed(), cause::WriterSilent, u"チップを読めません。"_s);
-}
-
-void CopyMemory(Memory memory, const MemoryImages& from, MemoryImages& to) {
-    if (memory == Memory::Flash) {
-        to.flash = from.flash;
-    } else {
-        to.eeprom = from.eeprom;
-    }
 }
 
 QList<VerifyResult::Difference> Compare(const CurrentDevice& device, Memories memories,

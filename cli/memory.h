@@ -5,8 +5,6 @@
 
 namespace tolvex {
 
-enum class Memory { Flash, Eeprom };
-
 /// What a command works on: with --only one of them.
 struct Memories {
     bool flash = true;
@@ -17,11 +15,9 @@ struct Memories {
     bool Both() const { return flash && eeprom; }
 };
 
-/// Reads one memory of a chip that has been found into its image, or stops at the first command
-/// that fails. Gives a status.
-int ReadMemory(Session& session, Memory memory, MemoryImages& images);
-/// Copies one memory's image.
-void CopyMemory(Memory memory, const MemoryImages& from, MemoryImages& to);
+/// Reads memories of a chip that has been found into their images, up to the first command that
+/// fails. Gives a status.
+int ReadMemories(Session& session, Memories memories, MemoryImages& images);
 /// Where the chip's content is another one, over the whole device.
 QList<VerifyResult::Difference> Compare(const CurrentDevice& device, Memories memories,
                                         const MemoryImages& expected, const MemoryImages& chip);

@@ -48,6 +48,10 @@ void ObservedPort::Fetch() const {
     }
 }
 
+bool ObservedPort::Over() const {
+    return Stopped() || lost_ || timeOuts_ >= kPatience;
+}
+
 bool ObservedPort::TimedOut() const {
     return began_ && clock_.Now() - *began_ >= kTimedOut;
 }

@@ -22,7 +22,9 @@ class ObservedPort : public SerialPort {
     /// The last `Open` failed.
     bool OpenFailed() const { return openFailed_; }
     /// Ended by a signal.
-    bool Stopped() const { return stopped_; }
+    bool Stopped() const { return stopped_ || clock_.Cut(); }
+    /// Nothing goes out any more, whatever the reason.
+    bool Over() const;
     /// The far end went away while the port was open.
     bool Lost() const { return lost_; }
     /// The last command began so long ago that its time-out has passed.

@@ -7,7 +7,6 @@
 
 #include "cli/command.h"
 #include "cli/image_files.h"
-#include "cli/wire_time.h"
 #include "device/used_extent.h"
 
 namespace tolvex {
@@ -16,11 +15,52 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+using Seconds = std::chrono::duration<double>;
+
+// Bytes on the wire of a command with its reply. One waits for the other, so both count.
+constexpr int kDetect = (1 + 7) + (1 + 2) + (1 + 2) + (3 + 1);
+constexpr int kBracket = (1 + 1) + (1 + 1);
+constexpr int kSignature = 1 + 3;
+constexpr int kErase = 1 + 1;
+constexpr int kAddress = 3 + 1;
+constexpr int kWriteWord = 2 * (2 + 1);
+constexpr int kReadWord = 1 + 2;
+constexpr int kWriteByte = 2 + 1;
+constexpr int kReadByte = 1 + 1;
+
+/// How long the chains take when the writer answers at once: 19200 baud, ten bits a byte, and the
+/// pauses after each bracket.
+Seconds OnWire(int bytes, int brackets) {
+    return Seconds(bytes / 1920.0) + brackets * Seconds(0.1);
+}
+
+Seconds EraseTime() {
+    return OnWire(kDetect + kSignature + kBracket + kErase, 1);
+}
+
+/// What is written into the chip.
+struct WritePlan {
+    int flashWords = 0;
+    int eepromBytes = 0;   ///< programmed, blank ones are not
+    int eepromExtent = 0;  ///< verified: up to the last used one
+};
+
+/// Nothing to write: the chip is read to see that it is blank.
+Seconds ProgramTime(const WritePlan& plan, const CurrentDevice& device) {
+    const bool blank = plan.flashWords == 0 && plan.eepromBytes == 0;
+    const int write = kAddress + plan.flashWords * kWriteWord +
+                      plan.eepromBytes * (kAddress + kWriteByte) + 3 * kBracket + kSignature;
+    const int words = blank ? device.flashWords : std::max(plan.flashWords, 1);
+    const int bytes = blank ? device.eepromBytes : std::max(plan.eepromExtent, 1);
+    const int read = kAddress + words * kReadWord + bytes * (kAddress + kReadByte) + 2 * kBracket;
+    return EraseTime() + (blank ? OnWire(read, 2) : OnWire(write + read, 5) + Seconds(1));
+}
+
 /// What a command does before it changes the chip.
 struct Precautions {
     bool force = false;
-    QString backup;              ///< a folder; empty = none
-    std::optional<Memory> kept;  ///< is written back as it was
+    QString backup;                ///< a folder; empty = none
+    std::optional<Memories> kept;  ///< are written back as they were
 
     bool MustRead() const { return kept || !backup.isEmpty(); }
 };
@@ -62,8 +102,7 @@ int WriteBackup(Session& session, const QString& folder) {
     const ImageFiles files{.code = base + u".hex"_s, .data = base + u".eep"_s, .memories = {}};
     const int status = SaveImages(session, files, session.Bench().state.images);
     if (status == kDone) {
-        session.Report()[u"backup"_s] =
-            QJsonObject{{u"code"_s, files.code}, {u"data"_s, files.data}};
+        session.Report()[u"backup"_s] = files.Json();
     }
     return status;
 }
@@ -82,17 +121,16 @@ int Backup(Session& session, const QString& folder) {
 }
 
 /// What is to be written back is read twice: once it is erased, nothing else knows it.
-int Keep(Session& session, const std::optional<Memory>& kept, MemoryImages& images) {
+int Keep(Session& session, const std::optional<Memories>& kept, MemoryImages& images) {
     if (!kept) {
         return kDone;
     }
     MemoryImages again;
-    const Memories memories{.flash = *kept == Memory::Flash, .eeprom = *kept == Memory::Eeprom};
-    return InOrder([&] { return ReadMemory(session, *kept, images); },
-                   [&] { return ReadMemory(session, *kept, again); },
+    return InOrder([&] { return ReadMemories(session, *kept, images); },
+                   [&] { return ReadMemories(session, *kept, again); },
                    [&] {
                        return session.Judge(
-                           Compare(session.Device(), memories, images, again).isEmpty(),
+                           Compare(session.Device(), *kept, images, again).isEmpty(),
                            cause::Unstable,
                            u"二度読んだ内容が違います。チップには何も書いていません。"_s);
                    });
@@ -108,7 +146,7 @@ WritePlan PlanFor(const CurrentDevice& device, const MemoryImages& images) {
 }
 
 void TellPlan(Session& session, const WritePlan& plan) {
-    const double seconds = (session.Elapsed() + ProgramTime(plan)).count();
+    const double seconds = (session.Elapsed() + ProgramTime(plan, session.Device())).count();
     session.Tell(u"消去して書き込みます: Flash %1 word, EEPROM %2 byte, 全体で約 %3 秒"_s
                      .arg(plan.flashWords)
                      .arg(plan.eepromBytes)
@@ -122,8 +160,7 @@ void TellPlan(Session& session, const WritePlan& plan) {
 int ProveBlank(Session& session) {
     MemoryImages chip;
     return InOrder(
-        [&] { return ReadMemory(session, Memory::Flash, chip); },
-        [&] { return ReadMemory(session, Memory::Eeprom, chip); },
+        [&] { return ReadMemories(session, {}, chip); },
         [&] { return TellDifferences(session, Compare(session.Device(), {}, {}, chip)); });
 }
 
@@ -151,7 +188,7 @@ int ChooseFiles(Session& session, const Call& call, ImageFiles& files, Precautio
         return status;
     }
     if (!files.memories.Both()) {
-        precautions.kept = files.memories.flash ? Memory::Eeprom : Memory::Flash;
+        precautions.kept = {.flash = !files.memories.flash, .eeprom = !files.memories.eeprom};
     }
     if (call.Has("keep-eeprom")) {
         if (call.arguments.size() > 1 || !files.memories.flash) {
@@ -159,7 +196,7 @@ int ChooseFiles(Session& session, const Call& call, ImageFiles& files, Precautio
                                 u"--keep-eeprom と EEPROM のファイルは一緒に指定できません。"_s);
         }
         files.data.clear();
-        precautions.kept = Memory::Eeprom;
+        precautions.kept = {.flash = false, .eeprom = true};
     }
     return kDone;
 }

@@ -12,11 +12,11 @@
 #include "cli/fixed_settings.h"
 #include "cli/observed_port.h"
 #include "cli/option_lists.h"
-#include "cli/port_facts.h"
 #include "cli/stoppable_clock.h"
 #include "cli/terminal_person.h"
 #include "cli/trace_file.h"
 #include "platform/com_ports.h"
+#include "platform/port_facts.h"
 #include "workbench/workbench.h"
 
 namespace tolvex {
@@ -101,8 +101,9 @@ class Session {
     int DetectedPart(bool force = false);
     /// The chip that was last read is of the chosen kind, or `force` lets another one pass.
     int RequirePart(bool force);
-    /// Runs a chain of the toolbar, or an operation on lock and fuse bits.
-    ChainResult RunChain(QStringView key);
+    /// Runs a chain of the toolbar, with `force` on any chip.
+    ChainResult RunChain(QStringView key, bool force = false);
+    /// Runs an operation on lock and fuse bits.
     LockFuseResult RunFuses(LockFuseResult (LockFuseBits::*operation)());
     /// The status after an operation. What kept it from succeeding is looked for in the line, the
     /// writer and the chip; `cause` is what remains.

@@ -33,9 +33,13 @@ class StoppableClock : public EventClock {
         clock_.Yield(std::min(deadline, clock_.Now() + kGlance));
     }
     bool Ended() const override {
-        StopAsked();
-        return clock_.Ended() || (end_ && clock_.Now() >= *end_);
+        const bool asked = StopAsked() != 0;
+        const bool over = end_ && clock_.Now() >= *end_;
+        cut_ = cut_ || (asked && over);
+        return clock_.Ended() || over;
     }
+    /// A signal has ended a wait.
+    bool Cut() const { return cut_; }
     void End() override { clock_.End(); }
 
   private:
@@ -46,6 +50,7 @@ class StoppableClock : public EventClock {
     EventClock& clock_;
     std::function<int()> signal_;
     mutable std::optional<Instant> end_;
+    mutable bool cut_ = false;
 };
 
 }  // namespace tolvex

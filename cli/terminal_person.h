@@ -27,8 +27,8 @@ class TerminalPerson : public StatusPanels,
         bool progress;  ///< false: no bar
         /// What is said while this is true tells of a failure.
         std::function<bool()> failing;
-        /// While this is true nobody listens: an interrupted operation that unwinds complains of
-        /// nothing that matters.
+        /// While this is true nobody listens: an operation that unwinds because nothing goes out
+        /// any more complains of nothing that matters.
         std::function<bool()> deaf;
         /// Puts the port as the person named it in place of its number.
         std::function<QString(QString)> inTheirWords;

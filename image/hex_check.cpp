@@ -14,6 +14,32 @@ namespace tolvex {
 
 namespace {
 
+struct FaultRow {
+    HexFault fault;
+    QStringView name;
+    QStringView text;
+};
+
+constexpr FaultRow kFaults[] = {
+    {HexFault::NoColon, u"noColon", u"行頭がコロンではありません。"},
+    {HexFault::LowerCase, u"lowerCase", u"小文字の16進数字があります。大文字だけが使えます。"},
+    {HexFault::Digit, u"digit", u"16進数字ではない文字があります。"},
+    {HexFault::Length, u"length", u"長さがバイト数と合いません。"},
+    {HexFault::Checksum, u"checksum", u"チェックサムが違います。"},
+    {HexFault::UnknownType, u"unknownType", u"知らないレコードタイプです。"},
+    {HexFault::BaseAddress, u"baseAddress", u"0 以外の拡張アドレスには対応していません。"},
+    {HexFault::Overlap, u"overlap", u"前のレコードと同じ番地のデータです。"},
+    {HexFault::OutsideMemory, u"outsideMemory", u"デバイスのメモリの外のデータです。"},
+    {HexFault::EarlyEnd, u"earlyEnd", u"エンドレコードの後に行が続いています。"},
+    {HexFault::MissingEnd, u"missingEnd", u"エンドレコードがありません。"},
+};
+
+const FaultRow& Row(HexFault fault) {
+    const auto row = std::ranges::find(kFaults, fault, &FaultRow::fault);
+    Q_ASSERT(row != std::end(kFaults));
+    return *row;
+}
+
 constexpr int kHeaderBytes = 4;  ///< count, address, type
 constexpr qsizetype kLongestLine = 1 + 2 * (kHeaderBytes + 255 + 1);
 
@@ -179,6 +205,14 @@ class HexChecker {
 };
 
 }  // namespace
+
+QStringView HexFaultName(HexFault fault) {
+    return Row(fault).name;
+}
+
+QStringView HexFaultText(HexFault fault) {
+    return Row(fault).text;
+}
 
 HexReport CheckHex(const QString& path, int memoryBytes) {
     QFile file(path);

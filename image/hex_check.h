@@ -22,6 +22,11 @@ enum class HexFault {
     MissingEnd      ///< no end record
 };
 
+/// "noColon", for a machine.
+QStringView HexFaultName(HexFault fault);
+/// A sentence, for a person.
+QStringView HexFaultText(HexFault fault);
+
 struct HexFinding {
     HexFault fault;
     int line;          ///< counted from 1; the last one for a missing end record

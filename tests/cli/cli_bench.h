@@ -49,8 +49,13 @@ class CliBench {
         error_.close();
         return status;
     }
-    /// The same with --json, which must leave one object.
-    int RunJson(const QStringList& arguments) { return Run(arguments + QStringList{"--json"_L1}); }
+    /// A line as it is typed: @ stands for the bench's folder, ~ for a blank inside a word.
+    int Run(const char* line) { return Run(Words(line)); }
+    int RunJson(const char* line) { return Run(Words(line) + QStringList{"--json"_L1}); }
+    QStringList Words(const char* line) const {
+        QStringList words = QString::fromUtf8(line).split(u' ', Qt::SkipEmptyParts);
+        return words.replaceInStrings(u"@"_s, Path({}) + u'/').replaceInStrings(u"~"_s, u" "_s);
+    }
 
     QString Out() const { return QString::fromUtf8(out_.data()); }
     QString Err() const { return QString::fromUtf8(error_.data()); }
@@ -97,6 +102,25 @@ class CliBench {
   private:
     QBuffer out_, error_;
 };
+
+/// Spoils the reply to a letter, at one of its occurrences or (0) at all.
+inline auto Spoil(char letter, FaultKind kind, int occurrence = 0) {
+    return [=](CliBench& b) { b.board.SetLetterFault(letter, kind, occurrence); };
+}
+/// Puts another chip, or none, into the socket.
+inline auto Insert(const char* part) {
+    static std::map<std::string, SimulatedChip> chips;
+    const ChipModel* model = FindChipModel(QString::fromLatin1(part));
+    SimulatedChip* chip = model ? &chips.try_emplace(part, *model).first->second : nullptr;
+    return [=](CliBench& b) { b.board.SetChip(chip); };
+}
+inline auto Lock(std::uint8_t byte) {
+    return [=](CliBench& b) { b.chip->ProgramLock(byte); };
+}
+inline void Nothing(CliBench&) {}
+inline void RefusePort(CliBench& b) {
+    b.port.RefuseOpen();
+}
 
 /// A data record at `address`.
 inline QByteArray HexRecord(int address, const QByteArray& bytes, int type = 0) {

@@ -6,138 +6,120 @@
 namespace tolvex::testing {
 namespace {
 
+using enum FaultKind;
+
 constexpr int kLockOnly = 2;  // AT90S2313
 constexpr int kFstrt = 3;     // AT90S2323
 constexpr int kBodCksel = 4;  // AT90S2333
 constexpr int kRcen = 5;      // AT90S2343
 
-QStringList Writes(const CliBench& bench) {
-    return bench.port.Wire().filter(QRegularExpression(u"^[fl] "_s));
+QString Writes(const CliBench& bench) {
+    return bench.port.Wire().filter(QRegularExpression(u"^[fl] "_s)).join(u' ');
 }
 
 TEST(FuseCommands, WriteWhatWasNamedAndNothingElse) {
     struct Case {
         int chip;
-        QStringList arguments;
+        const char* line;
         int status;
-        QStringList writes;  ///< to a chip whose bits are all 1
+        const char* writes;  ///< to a chip whose bits are all 1
+        bool confirmed = true;
     };
     const Case cases[] = {
-        {kFstrt, {u"fuses"_s, u"FSTRT=Enable"_s}, kDone, {u"f BE"_s}},
-        {kRcen, {u"fuses"_s, u"rcen=enable"_s, u"LOCK=write"_s}, kDone, {u"f BE"_s, u"l FD"_s}},
-        {kRcen, {u"fuses"_s, u"LOCK=full"_s, u"RCEN=Enable"_s}, kDone, {u"f BE"_s, u"l F9"_s}},
-        {kBodCksel, {u"fuses"_s, u"CKSEL=6 CK"_s}, kDone, {u"f B9"_s}},
-        {kBodCksel, {u"fuses"_s, u"BODLEVEL=4.0V"_s, u"BODEN=enable"_s}, kDone, {u"f A7"_s}},
-        {kBodCksel, {u"lock"_s, u"full"_s}, kDone, {u"l F9"_s}},
-        {kBodCksel, {u"lock"_s, u"書込み禁止"_s}, kDone, {u"l FD"_s}},
-        {kLockOnly, {u"lock"_s, u"write"_s}, kDone, {u"l FD"_s}},
-        {kLockOnly, {u"lock"_s, u"full"_s}, kDone, {u"l F9"_s}},
-        {kLockOnly, {u"lock"_s, u"1"_s}, kWrongUse, {}},
-        {kLockOnly, {u"fuses"_s}, kWrongUse, {}},
-        {kRcen, {u"fuses"_s, u"RCEN=1"_s}, kWrongUse, {}},
-        {kFstrt, {u"fuses"_s, u"FSTRT"_s}, kWrongUse, {}},
-        {kFstrt, {u"fuses"_s, u"RCEN=Enable"_s}, kWrongUse, {}},
-        {kFstrt, {u"fuses"_s, u"LOCK=write"_s, u"lock=none"_s}, kWrongUse, {}},
-        {kFstrt, {u"fuses"_s, u"FSTRT=unknown"_s}, kWrongUse, {}},
+        {kFstrt, "fuses FSTRT=Enable", kDone, "f BE"},
+        {kRcen, "fuses rcen=enable LOCK=write", kDone, "f BE l FD"},
+        {kRcen, "fuses LOCK=full RCEN=Enable", kDone, "f BE l F9"},
+        {kBodCksel, "fuses CKSEL=6~CK", kDone, "f B9"},
+        {kBodCksel, "fuses BODLEVEL=4.0V BODEN=enable", kDone, "f A7"},
+        {kBodCksel, "lock full", kDone, "l F9"},
+        {kBodCksel, "lock 書込み禁止", kDone, "l FD"},
+        {kLockOnly, "lock full", kDone, "l F9"},
+        {kLockOnly, "lock write", kDone, "l FD", false},
+        {kLockOnly, "lock 1", kWrongUse, ""},
+        {kLockOnly, "fuses", kWrongUse, ""},
+        {kRcen, "fuses RCEN=1", kWrongUse, ""},
+        {kFstrt, "fuses FSTRT", kWrongUse, ""},
+        {kFstrt, "fuses RCEN=Enable", kWrongUse, ""},
+        {kFstrt, "fuses LOCK=write lock=none", kWrongUse, ""},
+        {kFstrt, "fuses FSTRT=unknown", kWrongUse, ""},
     };
     for (const Case& c : cases) {
-        SCOPED_TRACE(c.arguments.join(u' ').toStdString());
-        CliBench bench(c.chip);
-        ChipContents contents = bench.chip->Contents();
+        SCOPED_TRACE(c.line);
+        CliBench b(c.chip);
+        ChipContents contents = b.chip->Contents();
         contents.fuses = 0xFF;
-        bench.chip->SetContents(contents);
-        EXPECT_EQ(bench.RunJson(c.arguments), c.status) << bench.Err().toStdString();
-        EXPECT_EQ(Writes(bench), c.writes);
-        EXPECT_EQ(c.status == kWrongUse, bench.port.Wire().isEmpty());
-        const QJsonObject written = bench.Json()["written"_L1].toObject();
-        for (const QString& write : c.writes) {
-            EXPECT_EQ(written[write[0] == u'f' ? u"fuseByte"_s : u"lockByte"_s].toInt(),
-                      write.mid(2).toInt(nullptr, 16));
+        b.chip->SetContents(contents);
+        EXPECT_EQ(b.RunJson(c.line), c.status) << b.Err().toStdString();
+        EXPECT_EQ(Writes(b).toStdString(), c.writes);
+        EXPECT_EQ(c.status == kWrongUse, b.port.Wire().isEmpty());
+        EXPECT_EQ(b.Json()["confirmed"_L1].toBool(true), c.confirmed);
+        const QJsonObject written = b.Json()["written"_L1].toObject();
+        QString told;
+        for (const char* key : {"fuseByte", "lockByte"}) {
+            if (written.contains(QLatin1String(key))) {
+                told += u" %1 "_s.arg(QLatin1Char(key[0])) +
+                        HexByte(written[QLatin1String(key)].toInt());
+            }
         }
-        EXPECT_EQ(bench.Json()["confirmed"_L1].toBool(true),
-                  c.chip != kLockOnly || c.arguments != QStringList({u"lock"_s, u"write"_s}));
+        EXPECT_EQ(told.trimmed().toStdString(), c.writes);
     }
 }
 
-TEST(FuseCommands, ShowTheByteAndWhatChangesFirst) {
-    CliBench bench(kBodCksel);
-    EXPECT_EQ(bench.Run({u"fuses"_s, u"CKSEL=1K CK"_s}), kDone);
+TEST(FuseCommands, ShowWhatChangesFirstAndWhatTheChipHas) {
+    CliBench b(kBodCksel);
+    EXPECT_EQ(b.Run("fuses CKSEL=1K~CK"), kDone);
     const QString change = u"CKSEL: 64ms + 16K CK -> 1K CK\nヒューズバイト: 0xBA -> 0xBF\n"_s;
-    EXPECT_TRUE(bench.Out().contains(change)) << bench.Out().toStdString();
-    EXPECT_LT(bench.Out().indexOf(change), bench.Out().indexOf(u"ライトが完了しました。"_s));
-    EXPECT_EQ(bench.Run({u"fuses"_s, u"--quiet"_s}), kDone);
-    EXPECT_EQ(bench.Out().toStdString(),
-              "BODLEVEL = 2.7V\nBODEN = Disable\nCKSEL = 1K CK\nLOCK = none\n");
+    EXPECT_TRUE(b.Out().contains(change)) << b.Out().toStdString();
+    EXPECT_LT(b.Out().indexOf(change), b.Out().indexOf(u"ライトが完了しました。"_s));
+    EXPECT_EQ(b.Run("fuses --quiet"), kDone);
+    EXPECT_EQ(b.Out(), u"BODLEVEL = 2.7V\nBODEN = Disable\nCKSEL = 1K CK\nLOCK = none\n"_s);
     // LB2 alone stands for no entry: told, and left as it is.
-    bench.chip->ProgramLock(0xFB);
-    EXPECT_EQ(bench.RunJson({u"fuses"_s, u"BODEN=Enable"_s}), kDone) << bench.Err().toStdString();
-    EXPECT_EQ(bench.Json()["options"_L1].toObject(), (QJsonObject{{u"BODLEVEL"_s, u"2.7V"_s},
-                                                                  {u"BODEN"_s, u"Enable"_s},
-                                                                  {u"CKSEL"_s, u"1K CK"_s},
-                                                                  {u"LOCK"_s, u"unknown"_s}}));
-    EXPECT_EQ(bench.chip->Contents().lock, 0xFB);
+    b.chip->ProgramLock(0xFB);
+    EXPECT_EQ(b.RunJson("fuses BODEN=Enable"), kDone) << b.Err().toStdString();
+    EXPECT_EQ(b.Json()["options"_L1].toObject(), (QJsonObject{{u"BODLEVEL"_s, u"2.7V"_s},
+                                                              {u"BODEN"_s, u"Enable"_s},
+                                                              {u"CKSEL"_s, u"1K CK"_s},
+                                                              {u"LOCK"_s, u"unknown"_s}}));
+    EXPECT_EQ(b.chip->Contents().lock, 0xFB);
 }
 
 TEST(FuseCommands, TellWhenTheChipOrTheWriterSaysNo) {
     struct Case {
-        const char* what;
         int chip;
         std::function<void(CliBench&)> prepare;
-        QStringList arguments;
+        const char* line;
         const char* code;
-        int writes;
+        const char* writes;
     };
-    const auto garble = [](char letter, int occurrence) {
-        return [=](CliBench& b) { b.board.SetLetterFault(letter, FaultKind::Wrong, occurrence); };
+    const auto forgetLock = [](CliBench& b) {
+        b.signal = [&b] {
+            b.chip->Erase();
+            return 0;
+        };
     };
-    const QStringList read{u"fuses"_s};
-    const QStringList write{u"fuses"_s, u"FSTRT=Enable"_s};
-    const QStringList lock{u"lock"_s, u"none"_s};
-    static SimulatedChip other(*FindChipModel(u"AT90S2313"));
     const Case cases[] = {
-        {"write-protected", kFstrt, [](CliBench& b) { b.chip->ProgramLock(0xFD); }, write,
-         "notTaken", 1},
-        {"locked for good", kFstrt, [](CliBench& b) { b.chip->ProgramLock(0xFD); }, lock,
-         "notTaken", 1},
-        {"a lock that does not hold",
-         kLockOnly,
-         [](CliBench& b) {
-             b.signal = [&b] {
-                 b.chip->Erase();
-                 return 0;
-             };
-         },
-         {u"lock"_s, u"full"_s},
-         "notTaken",
-         1},
-        {"read-protected", kFstrt, [](CliBench& b) { b.chip->ProgramLock(0xF9); }, read, "locked",
-         0},
-        {"another part", kFstrt, [](CliBench& b) { b.board.SetChip(&other); }, write, "wrongChip",
-         0},
-        {"another part, to lock", kLockOnly, [](CliBench& b) { b.board.SetChip(nullptr); }, lock,
-         "emptySocket", 0},
-        {"one garbled 'F'", kFstrt, garble('F', 2), write, "implausible", 0},
-        {"garbled 'r'", kBodCksel, garble('r', 1), {u"fuses"_s, u"BODEN=Enable"_s}, "unstable", 0},
-        {"always as if locked", kFstrt, garble('F', 0), read, "implausible", 0},
-        {"'F' silent", kFstrt,
-         [](CliBench& b) { b.board.SetLetterFault('F', FaultKind::Silent, 2); }, write,
-         "writerSilent", 0},
-        {"confirmation silent", kFstrt,
-         [](CliBench& b) { b.board.SetLetterFault('F', FaultKind::Silent, 3); }, write,
-         "writerSilent", 1},
-        {"confirmation garbled", kFstrt, garble('F', 3), write, "implausible", 1},
-        {"write refused", kFstrt, garble('f', 1), write, "commandRefused", 1},
-        {"hang-up", kFstrt, [](CliBench& b) { b.board.SetLetterFault('l', FaultKind::HangUp); },
-         lock, "lineLost", 1},
+        {kFstrt, Lock(0xFD), "fuses FSTRT=Enable", "notTaken", "f BE"},
+        {kFstrt, Lock(0xFD), "lock none", "notTaken", "l FF"},
+        {kLockOnly, forgetLock, "lock full", "notTaken", "l F9"},
+        {kFstrt, Lock(0xF9), "fuses", "locked", ""},
+        {kFstrt, Insert("AT90S2313"), "fuses FSTRT=Enable", "wrongChip", ""},
+        {kLockOnly, Insert("AT90S2323"), "lock full", "wrongChip", ""},
+        {kFstrt, Spoil('F', Wrong, 2), "fuses FSTRT=Enable", "implausible", ""},
+        {kBodCksel, Spoil('r', Wrong, 1), "fuses BODEN=Enable", "unstable", ""},
+        {kFstrt, Spoil('F', Silent, 2), "fuses FSTRT=Enable", "writerSilent", ""},
+        {kFstrt, Spoil('F', Silent, 3), "fuses FSTRT=Enable", "writerSilent", "f BE"},
+        {kBodCksel, Spoil('r', Wrong, 3), "fuses BODEN=Enable", "notTaken", "f B2"},
+        {kFstrt, Spoil('f', Wrong, 1), "fuses FSTRT=Enable LOCK=full", "commandRefused", "f BE"},
+        {kFstrt, Spoil('l', HangUp, 1), "lock none", "lineLost", "l FF"},
     };
     for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        CliBench bench(c.chip);
-        c.prepare(bench);
-        EXPECT_EQ(bench.RunJson(c.arguments), kRefused) << bench.Err().toStdString();
-        EXPECT_EQ(bench.ErrorCode(), c.code) << bench.Err().toStdString();
-        EXPECT_EQ(Writes(bench).size(), c.writes);
-        EXPECT_FALSE(bench.board.InProgrammingMode() && bench.port.IsOpen());
+        SCOPED_TRACE(&c - cases);
+        CliBench b(c.chip);
+        c.prepare(b);
+        EXPECT_EQ(b.RunJson(c.line), kRefused) << b.Err().toStdString();
+        EXPECT_EQ(b.ErrorCode(), c.code) << b.Err().toStdString();
+        EXPECT_EQ(Writes(b).toStdString(), c.writes);
+        EXPECT_FALSE(b.board.InProgrammingMode() && b.port.IsOpen());
     }
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "cli/port_facts.h"
+#include "platform/port_facts.h"
 
 #include <QCoreApplication>
 #include <QDir>
