@@ -51,3 +51,9 @@ need_build_packages() {
     need_packages "to build Tolvex" \
         g++ cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-svg-dev libgl-dev libgtest-dev scdoc
 }
+
+# For the firmware and its simulator; everything else builds without them.
+need_firmware_packages() {
+    need_packages "to build the firmware and to simulate it" \
+        gcc-avr avr-libc libsimavr-dev libelf-dev
+}

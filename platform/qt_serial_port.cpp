@@ -4,9 +4,11 @@
 #include <QFileInfo>
 #include <QSerialPort>
 #include <QSocketNotifier>
+#include <QTimer>
 #include <algorithm>
 
 #include "platform/left_lock.h"
+#include "platform/steady_dtr.h"
 
 #ifdef Q_OS_UNIX
 #include <poll.h>
@@ -22,6 +24,10 @@ namespace {
 /// Far more than the longest reply. What comes unasked, as from a device that is no writer, would
 /// fill the memory otherwise.
 constexpr qsizetype kMostWaiting = 4096;
+
+/// A board that an opening has reset listens to its boot loader for that long. With the reply to a
+/// first question the wait still ends within that question's two seconds.
+constexpr std::chrono::milliseconds kBoardStart{1800};
 
 /// Exclusive mode (Qt asks the driver for it) binds neither a privileged process nor one that
 /// opened the device before. The advisory lock that terminal programs take as well closes the gap.
@@ -116,6 +122,9 @@ bool QtSerialPort::Open() {
 /// What the handle itself is asked for, past Qt.
 void QtSerialPort::EnterDevice() {
 #ifdef Q_OS_UNIX
+    if (OpeningRaisedDtr(port_->handle())) {
+        boardStarted_.setRemainingTime(kBoardStart, Qt::PreciseTimer);
+    }
     lowLatency_.Enter(port_->handle());
     // Qt's own read notifier is woken by a hang-up too, but not every version of Qt takes it for
     // one: it then reads nothing, without end.
@@ -131,10 +140,12 @@ void QtSerialPort::EnterDevice() {
 void QtSerialPort::Close() {
     open_ = false;
     input_.clear();
+    held_.clear();
     hangUp_.reset();
     if (port_->isOpen()) {
 #ifdef Q_OS_UNIX
         lowLatency_.PutBack(port_->handle());
+        const SteadyDtr steadyDtr(port_->handle());
 #endif
         port_->close();
     }
@@ -183,11 +194,27 @@ bool QtSerialPort::Write(QByteArrayView bytes) {
     if (open_ && HungUp(*port_)) {
         LoseLine();  // before any yield could tell
     }
+    if (!open_ || boardStarted_.hasExpired()) {
+        return Send(bytes);
+    }
+    if (held_.isEmpty()) {
+        QTimer::singleShot(boardStarted_.remainingTime() + 1, Qt::PreciseTimer, port_.get(),
+                           [this] { SendHeld(); });
+    }
+    held_ += bytes;
+    return true;
+}
+
+bool QtSerialPort::Send(QByteArrayView bytes) {
     if (!open_ || port_->write(bytes.data(), bytes.size()) != bytes.size()) {
         return false;
     }
     port_->flush();  // write() alone keeps the bytes until the event loop runs
     return open_;
+}
+
+void QtSerialPort::SendHeld() {
+    Send(std::exchange(held_, {}));
 }
 
 }  // namespace tolvex

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QDeadlineTimer>
 #include <QString>
 #include <memory>
 
@@ -14,8 +15,9 @@ class QSocketNotifier;
 namespace tolvex {
 
 /// A port of this machine. Received bytes are fetched by the event loop, so they show up in
-/// `InputCount()` after a yield, never during a plain loop; written bytes leave at once. Of bytes
-/// that nobody asks for it keeps the first few thousand.
+/// `InputCount()` after a yield, never during a plain loop; written bytes leave at once,
+/// but behind an opening that may have reset the board only when it has started. Of bytes that
+/// nobody asks for it keeps the first few thousand.
 class QtSerialPort : public SerialPort {
   public:
     /// `ports` must outlive the port; it is asked at every `Open()`.
@@ -41,6 +43,8 @@ class QtSerialPort : public SerialPort {
     void ApplySettings();
     void Take();
     void EnterDevice();
+    bool Send(QByteArrayView bytes);
+    void SendHeld();
     void NoticeError(int error);
     void LoseLine();
     void Fail(const QString& reason);
@@ -50,6 +54,8 @@ class QtSerialPort : public SerialPort {
     std::unique_ptr<QSerialPort> port_;
     std::unique_ptr<QSocketNotifier> hangUp_;
     LowLatency lowLatency_;
+    QDeadlineTimer boardStarted_;  ///< expired = no need to wait; goes on while the port is closed
+    QByteArray held_;              ///< until then
     QByteArray input_;
     bool open_ = false;  ///< turns false the moment the line breaks; the device follows a bit later
     QString lastError_;

@@ -10,6 +10,8 @@
 #include <QPushButton>
 #include <QRegularExpression>
 
+#include "widgets/modal.h"
+
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -22,7 +24,7 @@ namespace {
 template <typename Dialog, typename Read>
 bool Ask(Dialog* dialog, Read read) {
     const QPointer<Dialog> guard(dialog);
-    dialog->exec();
+    ExecModal(*dialog);
     if (guard.isNull()) {
         return false;
     }
@@ -115,10 +117,20 @@ FileDialogAnswer AskFile(QWidget* parent, const FileDialogRequest& request,
     return answer;
 }
 
+QMessageBox::Icon IconOf(BoxIcon icon) {
+    switch (icon) {
+        case BoxIcon::Stop:
+            return QMessageBox::Critical;
+        case BoxIcon::Information:
+            return QMessageBox::Information;
+        case BoxIcon::None:
+            break;
+    }
+    return QMessageBox::NoIcon;
+}
+
 QMessageBox* NewBox(QWidget* parent, BoxIcon icon, const QString& title, const QString& text) {
-    auto* box =
-        new QMessageBox(icon == BoxIcon::Stop ? QMessageBox::Critical : QMessageBox::Information,
-                        title, text, QMessageBox::NoButton, parent);
+    auto* box = new QMessageBox(IconOf(icon), title, text, QMessageBox::NoButton, parent);
     box->setObjectName(u"messageBox"_s);
     box->setTextFormat(Qt::PlainText);  // a file name may look like markup
     QPushButton* ok = box->addButton(u"OK"_s, QMessageBox::AcceptRole);
@@ -151,22 +163,22 @@ QStringList NameFilters(const QString& pairs) {
     return filters;
 }
 
-WindowDialogs::WindowDialogs(std::function<QWidget*()> parent) : parent_(std::move(parent)) {}
+WindowDialogs::WindowDialogs(std::function<QWidget*()> owner) : owner_(std::move(owner)) {}
 
 FileDialogAnswer WindowDialogs::AskOpenFile(const FileDialogRequest& request) {
-    return AskFile(parent_(), request, QFileDialog::AcceptOpen);
+    return AskFile(ModalOwner(owner_()), request, QFileDialog::AcceptOpen);
 }
 
 FileDialogAnswer WindowDialogs::AskSaveFile(const FileDialogRequest& request) {
-    return AskFile(parent_(), request, QFileDialog::AcceptSave);
+    return AskFile(ModalOwner(owner_()), request, QFileDialog::AcceptSave);
 }
 
 void WindowDialogs::ShowBox(BoxIcon icon, const QString& title, const QString& text) {
-    Ask(NewBox(parent_(), icon, title, text), [](const QMessageBox&) { return true; });
+    Ask(NewBox(ModalOwner(owner_()), icon, title, text), [](const QMessageBox&) { return true; });
 }
 
 bool WindowDialogs::AskOkCancel(const QString& title, const QString& text) {
-    QMessageBox* box = NewBox(parent_(), BoxIcon::Information, title, text);
+    QMessageBox* box = NewBox(ModalOwner(owner_()), BoxIcon::Information, title, text);
     QPushButton* cancel = box->addButton(u"キャンセル"_s, QMessageBox::RejectRole);
     cancel->setObjectName(u"Command_cancel"_s);
     box->setEscapeButton(cancel);

@@ -3,22 +3,19 @@
 // board at hand.
 #include <QCoreApplication>
 #include <QFile>
-#include <algorithm>
 #include <clocale>
-#include <csignal>
 #include <cstdio>
 #include <utility>
 
 #include "writer/chip_state_file.h"
 #include "writer/paced_board.h"
 #include "writer/pseudo_terminal.h"
+#include "writer/stop_signals.h"
 #include "writer/trace_replay.h"
 #include "writer/writer_options.h"
 
 #ifdef Q_OS_UNIX
 #include <langinfo.h>
-#include <signal.h>
-#include <sys/select.h>
 #endif
 #ifdef Q_OS_LINUX
 #include <sys/prctl.h>
@@ -44,50 +41,6 @@ using Instant = PacedBoard::Instant;
 
 /// Longer than any time-out of the PC.
 constexpr std::chrono::seconds kFarewell{10};
-
-// A signal handler reaches nothing else.
-volatile std::sig_atomic_t stopAsked = 0;
-
-/// While this lives, the signals that end a program only set `stopAsked`, and they arrive nowhere
-/// but in `Wait`.
-class StopSignals {
-  public:
-    StopSignals() {
-        sigset_t stopping;
-        ::sigemptyset(&stopping);
-        struct sigaction action {};
-        action.sa_handler = [](int) { stopAsked = 1; };
-        for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
-            ::sigaddset(&stopping, number);
-            ::sigaction(number, &action, nullptr);
-        }
-        ::signal(SIGPIPE, SIG_IGN);
-        ::sigprocmask(SIG_BLOCK, &stopping, &open_);
-        for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
-            ::sigdelset(&open_, number);
-        }
-    }
-
-    /// Until bytes come at `descriptor`, a signal arrives, or the time is up; no time = for ever.
-    /// True when there are bytes.
-    bool Wait(int descriptor, std::optional<Instant> time) const {
-        fd_set readable;
-        FD_ZERO(&readable);
-        FD_SET(descriptor, &readable);
-        timespec limit{};
-        if (time) {
-            const Instant positive = std::max(*time, Instant::zero());
-            const auto seconds = std::chrono::floor<std::chrono::seconds>(positive);
-            limit.tv_sec = static_cast<time_t>(seconds.count());
-            limit.tv_nsec = static_cast<long>((positive - seconds).count());
-        }
-        return ::pselect(descriptor + 1, &readable, nullptr, nullptr, time ? &limit : nullptr,
-                         &open_) > 0;
-    }
-
-  private:
-    sigset_t open_;
-};
 
 Instant Now() {
     return std::chrono::steady_clock::now().time_since_epoch();
@@ -150,17 +103,7 @@ class WriterProgram {
         return failed ? u"log file %1: %2"_s.arg(options_.log, log_.errorString()) : QString();
     }
 
-    QString OpenTerminal() {
-        QString reason = terminal_.Open();
-        if (reason.isEmpty() && !options_.link.isEmpty()) {
-            reason = link_.Lead(options_.link, terminal_.Path());
-        }
-        if (reason.isEmpty()) {
-            std::printf("ready %s\n", qUtf8Printable(terminal_.Path()));
-            std::fflush(stdout);
-        }
-        return reason;
-    }
+    QString OpenTerminal() { return OpenForClients(terminal_, link_, options_.link); }
 
     QString SaveState() const {
         return chip_ && !options_.state.isEmpty() ? SaveChip(*chip_, options_.state) : QString();
@@ -181,7 +124,8 @@ class WriterProgram {
         const QString reason = Serve(replay_);
         terminal_.LetGo();
         const Instant end = Now() + kFarewell;
-        while (!stopAsked && reason.isEmpty() && terminal_.Descriptor() >= 0 && Now() < end) {
+        while (!signals_.Asked() && reason.isEmpty() && terminal_.Descriptor() >= 0 &&
+               Now() < end) {
             if (signals_.Wait(terminal_.Descriptor(), end - Now())) {
                 const QByteArray bytes = terminal_.Read();
                 if (bytes.isEmpty()) {
@@ -204,7 +148,7 @@ class WriterProgram {
     template <typename Board>
     QString Serve(Board& board) {
         QString reason;
-        while (!stopAsked && reason.isEmpty() && !Ended(board)) {
+        while (!signals_.Asked() && reason.isEmpty() && !Ended(board)) {
             const auto due = board.NextDue();
             const auto time = due ? std::optional(*due - Now()) : std::nullopt;
             if (signals_.Wait(terminal_.Descriptor(), time)) {

@@ -16,6 +16,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <cerrno>
+#include <cstdio>
 #include <utility>
 
 namespace tolvex {
@@ -141,6 +142,18 @@ QString TerminalLink::Lead(const QString& link, const QString& terminal) {
     link_ = link;
     terminal_ = terminal;
     return {};
+}
+
+QString OpenForClients(PseudoTerminal& terminal, TerminalLink& link, const QString& path) {
+    QString reason = terminal.Open();
+    if (reason.isEmpty() && !path.isEmpty()) {
+        reason = link.Lead(path, terminal.Path());
+    }
+    if (reason.isEmpty()) {
+        std::printf("ready %s\n", qUtf8Printable(terminal.Path()));
+        std::fflush(stdout);
+    }
+    return reason;
 }
 
 }  // namespace tolvex

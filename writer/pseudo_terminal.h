@@ -57,6 +57,10 @@ class TerminalLink {
     QString link_, terminal_;
 };
 
+/// Opens the terminal, leads `link` to it from `path` unless that is empty, and says "ready" and
+/// the terminal's path on the standard output. Empty when it worked, else the reason.
+QString OpenForClients(PseudoTerminal& terminal, TerminalLink& link, const QString& path);
+
 }  // namespace tolvex
 
 #endif

@@ -144,18 +144,16 @@ TEST(SerialCommands, ALongReplyCountsByItsFirstBytesAShortOneNotAtAll) {
     EXPECT_EQ(b.writer.SoftwareVersion(), u"3.9"_s);
 
     // Byte by byte, as over a real line.
-    testing::VirtualClock clock;
-    testing::SimulatedPort port(b.board, clock);
-    SerialConnection connection(port, clock);
+    testing::SimulatedPort port(b.board, b.clock);
+    SerialConnection connection(port, b.clock);
     connection.ConfigurePort(7);
-    EXPECT_EQ(connection.PortNumber(), 7);
-    ASSERT_TRUE(connection.OpenPort());
+    ASSERT_TRUE(connection.OpenPort() && connection.PortNumber() == 7);
     EXPECT_TRUE(connection.Exchange({.letter = 'S', .need = 7, .timeOut = 1s}));
     EXPECT_EQ(connection.RxBuffer(), "AVR ISP");
-    const int yields = clock.Yields();
+    const int yields = b.clock.Yields();
     EXPECT_TRUE(connection.Exchange({.letter = 'S', .need = 0, .timeOut = 1s}));
     connection.WaitSeconds(0);
-    EXPECT_EQ(clock.Yields(), yields) << "nothing to wait for costs no yield";
+    EXPECT_EQ(b.clock.Yields(), yields) << "nothing to wait for costs no yield";
 }
 
 TEST(SerialCommands, ABrokenPortAndTheShutdownEndEveryWaitAtOnce) {

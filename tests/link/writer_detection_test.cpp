@@ -38,23 +38,19 @@ TEST(WriterDetector, FindsTheWriterAndLeavesThePortOpen) {
 }
 
 TEST(WriterDetector, AFailureNamesItsStageAndClosesThePort) {
-    const struct {
-        char letter;  ///< 0: opening is refused
-        FaultKind fault;
-        char stage;
-    } cases[] = {{0, FaultKind::Silent, 'S'},  {'S', FaultKind::Short, 'S'},
-                 {'S', FaultKind::Late, 'S'},  {'V', FaultKind::Silent, 'V'},
-                 {'v', FaultKind::Short, 'v'}, {'v', FaultKind::HangUp, 'v'},
-                 {'T', FaultKind::Wrong, 'T'}, {'T', FaultKind::Silent, 'T'}};
-    for (const auto& c : cases) {
+    for (const auto& [letter, fault, stage] : {std::tuple{'-', FaultKind::Silent, 'S'},
+                                               {'S', FaultKind::Late, 'S'},
+                                               {'V', FaultKind::Silent, 'V'},
+                                               {'v', FaultKind::HangUp, 'v'},
+                                               {'T', FaultKind::Wrong, 'T'}}) {
         TestBench b;
-        b.port.RefuseOpen(c.letter == 0);
-        b.board.SetLetterFault(c.letter, c.fault);
+        b.port.RefuseOpen(letter == '-');
+        b.board.SetLetterFault(letter, fault);
         b.person.panels[2] = u"as it was"_s;
         EXPECT_FALSE(b.bench.detection.WriterCheck());
         EXPECT_FALSE(b.port.IsOpen());
         EXPECT_EQ(b.person.panels[1],
-                  u"ライタと通信ができませんでした。(Command_%1)"_s.arg(QLatin1Char(c.stage)));
+                  u"ライタと通信ができませんでした。(Command_%1)"_s.arg(QLatin1Char(stage)));
         EXPECT_EQ(b.person.panels[2], u"as it was"_s);
         EXPECT_EQ(
             b.person.message,
@@ -102,28 +98,23 @@ TEST(PortSelection, LoadingAndCancellingCloseThePortAndCountAsFailures) {
 }
 
 TEST(PortSelection, AnOpenedPortIsStoredAndDetected) {
-    const struct {
-        QString firmware;
-        char silent;  ///< 0: all is well
-        QString panel;
-    } cases[] = {{u"3.9"_s, 0, u"ライタを検出しました。 COM3"_s},
-                 {u"4.0"_s, 0, kFirmwareNotice},
-                 {u"3.9"_s, 'S', kFirmwareNotice},
-                 {u"3.9"_s, 'v', u"ライタと通信ができませんでした。(Command_v)"_s}};
-    for (const auto& c : cases) {
+    const std::tuple<QString, char, QString> cases[] = {
+        {u"3.9"_s, '-', u"ライタを検出しました。 COM3"_s},
+        {u"4.0"_s, '-', kFirmwareNotice},
+        {u"3.9"_s, 'S', kFirmwareNotice},
+        {u"3.9"_s, 'v', u"ライタと通信ができませんでした。(Command_v)"_s}};
+    for (const auto& [firmware, silent, panel] : cases) {
         TestBench b;
-        b.board = SimulatedWriter(b.chip.get(), c.firmware);
-        if (c.silent != 0) {
-            b.board.SetLetterFault(c.silent, FaultKind::Silent);
-        }
+        b.board = SimulatedWriter(b.chip.get(), firmware);
+        b.board.SetLetterFault(silent, FaultKind::Silent);
         b.bench.portSelection.Load();
         bool hiddenFirst = false;
         EXPECT_TRUE(b.bench.portSelection.Confirm(3, [&] { hiddenFirst = b.Wire().isEmpty(); }));
         EXPECT_TRUE(hiddenFirst);
         EXPECT_EQ(b.settings.values[u"ComNox"_s], u"3"_s);
-        EXPECT_EQ(b.person.panels[1], c.panel) << c.silent;
+        EXPECT_EQ(b.person.panels[1], panel) << silent;
         EXPECT_EQ(b.person.panels[5], u"COM:3"_s);
-        EXPECT_FALSE(b.bench.state.errorFlag.Failed()) << c.silent;
+        EXPECT_FALSE(b.bench.state.errorFlag.Failed()) << silent;
     }
 }
 

@@ -22,30 +22,33 @@ namespace {
 using namespace Qt::StringLiterals;
 
 TEST(ComPorts, NumbersMeanTheSystemsDevicesUnlessALinkLeadsElsewhere) {
-    const std::pair<int, QString> cases[] = {
-        // clang-format off
-        {-1, u""_s}, {0, u""_s}, {1, u"/dev/ttyS0"_s}, {4, u"/dev/ttyS3"_s}, {5, u"/dev/ttyUSB0"_s},
-        {12, u"/dev/ttyUSB7"_s}, {13, u"/dev/ttyACM0"_s}, {20, u"/dev/ttyACM7"_s}, {21, u""_s},
-        // clang-format on
-    };
+    const std::pair<int, QString> cases[] = {{0, u""_s},
+                                             {1, u"/dev/ttyS0"_s},
+                                             {4, u"/dev/ttyS3"_s},
+                                             {5, u"/dev/ttyUSB0"_s},
+                                             {12, u"/dev/ttyUSB7"_s},
+                                             {13, u"/dev/ttyACM0"_s},
+                                             {20, u"/dev/ttyACM7"_s},
+                                             {21, u""_s}};
     for (const auto& [number, path] : cases) {
         EXPECT_EQ(ComPorts(u"/missing/folder/"_s).DevicePath(number), path) << number;
     }
-    for (const auto& [target, present] : {std::pair{u"/dev/null"_s, true}, {u"../gone"_s, false}}) {
-        QTemporaryDir config;
-        ASSERT_TRUE(QDir(config.path()).mkdir(u"ports"_s));
-        const QString link = config.filePath(u"ports/com3"_s);
-        ASSERT_TRUE(QFile::link(target, link));
-        ComPorts ports(config.path() + u'/');
-        const QList<ComPort> all = ports.All();
-        ASSERT_EQ(all.size(), kComPortCount);
-        EXPECT_EQ(all[1].devicePath, u"/dev/ttyS1"_s);
-        EXPECT_EQ(all[2].number, 3);
-        EXPECT_EQ(all[2].devicePath, link) << "even when it leads nowhere";
-        EXPECT_EQ(all[2].present, present) << target.toStdString();
-        ports.Assign(3, u"/dev/mine"_s);
-        EXPECT_EQ(ports.DevicePath(3), u"/dev/mine"_s);
+    QTemporaryDir config;
+    ASSERT_TRUE(QDir(config.path()).mkdir(u"ports"_s));
+    const QString link = config.filePath(u"ports/com"_s);
+    ASSERT_TRUE(QFile::link(u"/dev/null"_s, link + u'3'));
+    ASSERT_TRUE(QFile::link(u"../gone"_s, link + u'4'));
+    ComPorts ports(config.path() + u'/');
+    const QList<ComPort> all = ports.All();
+    ASSERT_EQ(all.size(), kComPortCount);
+    EXPECT_EQ(all[1].devicePath, u"/dev/ttyS1"_s);
+    for (const int index : {2, 3}) {
+        EXPECT_EQ(all[index].number, index + 1);
+        EXPECT_EQ(all[index].devicePath, link + QString::number(index + 1));
+        EXPECT_EQ(all[index].present, index == 2) << "the other leads nowhere";
     }
+    ports.Assign(3, u"/dev/mine"_s);
+    EXPECT_EQ(ports.DevicePath(3), u"/dev/mine"_s);
 }
 
 TEST(ProgramFolder, IsEnteredAndComesFirstForTheListings) {

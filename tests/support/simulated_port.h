@@ -17,17 +17,21 @@ namespace tolvex::testing {
 class SimulatedPort : public SerialPort {
   public:
     /// With 0 baud the reply is there as soon as the command is written.
-    SimulatedPort(SimulatedWriter& writer, VirtualClock& clock, int baud = 19200);
+    SimulatedPort(SimulatedWriter& writer, VirtualClock& clock, int baud = 19200)
+        : writer_(writer), clock_(clock), baud_(baud) {}
 
-    void Configure(const PortSettings& settings) override;
+    void Configure(const PortSettings& settings) override {
+        settings_ = settings;
+        calls_ << QStringLiteral("configure %1").arg(settings.number);
+    }
     int PortNumber() const override { return settings_.number; }
     bool Open() override;
-    void Close() override;
+    void Close() override { Disconnect(QStringLiteral("close")); }
     bool IsOpen() const override { return board_ != nullptr; }
     int InputCount() const override { return static_cast<int>(input_.size()); }
     void DiscardInput() override;
     bool Write(QByteArrayView bytes) override;
-    QByteArray ReadAll() override;
+    QByteArray ReadAll() override { return std::exchange(input_, {}); }
 
     /// From now on every reply comes this much later.
     void DelayReplies(std::chrono::milliseconds delay) { delay_ = delay; }
@@ -45,6 +49,7 @@ class SimulatedPort : public SerialPort {
 
   private:
     void Deliver();
+    void Disconnect(const QString& how);
 
     SimulatedWriter& writer_;
     VirtualClock& clock_;

@@ -3,13 +3,17 @@
 
 #include <gtest/gtest.h>
 
-#include <QStringList>
-#include <optional>
+#include <QTemporaryDir>
+
+#include "tests/support/real_files.h"
+#include "writer/chip_state_file.h"
+#include "writer/trace_replay.h"
 
 namespace tolvex {
 namespace {
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 /// Sends "A 00 10 d" (letters and hexadecimal bytes) and returns every reply but the plain "done".
 QString Talk(SimulatedWriter& board, const QString& line) {
@@ -64,6 +68,77 @@ TEST(SimulatedWriter, AnswersAsBoardAndChipDo) {
         SimulatedWriter board(chip ? &*chip : nullptr);
         EXPECT_EQ(Talk(board, c.sent).toStdString(), c.told.toStdString()) << c.what;
     }
+}
+
+TEST(ChipStateFile, DamageIsReportedAndTheRestComesBack) {
+    QTemporaryDir dir;
+    const QString path = dir.filePath(u"state.json"_s);
+    SimulatedChip chip(*FindChipModel(u"AT90S2333"));
+    chip.ProgramFlashLow(0, 0x0C);
+    chip.ProgramFlashHigh(1023, 0x94);
+    chip.ProgramEeprom(127, 0x5A);
+    chip.ProgramFuses(0xA6);
+    chip.ProgramLock(0xFD);
+    ASSERT_EQ(SaveChip(chip, path), QString());
+    const LoadedChip back = LoadChip(path);
+    ASSERT_TRUE(back.chip) << back.error.toStdString();
+    EXPECT_EQ(back.chip->Contents(), chip.Contents());
+
+    const QByteArray whole = testing::Bytes(path);
+    EXPECT_TRUE(whole.contains("\"flash\": \"0CFFFF")) << "low byte first";
+    const std::tuple<QByteArray, QByteArray, QString> cases[] = {
+        {"S2333", "S9999", u"\"device\" names no known chip"_s},
+        {"0CFF", "", u"\"flash\" is not 4096 hexadecimal digits"_s},
+        {"FF5A", "FF A", u"\"eeprom\" is not 256 hexadecimal digits"_s},
+        {"\"E6\"", "5", u"\"fuse\" is not 2 hexadecimal digits"_s},
+        {"}", "", u"unterminated object"_s}};
+    for (const auto& [from, to, reason] : cases) {
+        testing::PutFile(path, QByteArray(whole).replace(from, to));
+        EXPECT_EQ(LoadChip(path).error, u"state file %1: %2"_s.arg(path, reason));
+    }
+    EXPECT_FALSE(LoadChip(dir.filePath(u"missing"_s)).chip);
+    EXPECT_TRUE(SaveChip(chip, dir.filePath(u"no such folder/x"_s)).startsWith(u"state file "_s));
+}
+
+struct TraceReplayTest : ::testing::Test {
+    QString Load(const QByteArray& text) {
+        testing::PutFile(folder_.filePath(u"trace"_s), text);
+        return replay_.Load(folder_.filePath(u"trace"_s));
+    }
+
+    QTemporaryDir folder_;
+    TraceReplay replay_;
+};
+
+TEST_F(TraceReplayTest, AnswersAfterTheRecordedTimeOrInAHurryAtOnce) {
+    const QByteArray trace =
+        "0 open COM1\n100 > 41\n150 > 00 10\n900 < 0D\n1900 < 0A\n\n2000 > 53\n3000 lost\n";
+    ASSERT_EQ(Load(trace), QString());
+    replay_.Send(QByteArray("\x41\x00", 2), 5s);
+    EXPECT_FALSE(replay_.NextDue().has_value()) << "not before the command is complete";
+    replay_.Send("\x10", 6s);
+    EXPECT_EQ(replay_.NextDue(), 6s + 750us);
+    EXPECT_EQ(replay_.Run(6s + 749us).bytes, "");
+    EXPECT_EQ(replay_.Run(6s + 750us).bytes, "\r");
+    EXPECT_EQ(replay_.Run(6s + 1750us).bytes, "\n");
+    replay_.Hurry();
+    replay_.Send("\x53", 8s);
+    EXPECT_FALSE(replay_.Ended());
+    EXPECT_TRUE(replay_.Run(8s).hangUp);
+    EXPECT_TRUE(replay_.Ended());
+    EXPECT_EQ(replay_.Departure(), QString());
+}
+
+TEST_F(TraceReplayTest, TellsWhereThePcLeavesTheRecordAndRefusesWhatIsNone) {
+    ASSERT_EQ(Load("0 > 53\n1000 < 41\n\n2000 > 56\n"), QString());
+    replay_.Send("\x53", 0s);
+    replay_.Send("\x76", 1s);
+    EXPECT_EQ(replay_.Departure(), u"trace line 4: the PC sent 76 instead of 56"_s);
+    for (const char* text :
+         {"hello\n", "5\n", "x > 53\n", "5 > 5\n", "5 > GG\n", "5 >\n", "5 ? 53\n"}) {
+        EXPECT_TRUE(Load(QByteArray("0 open COM1\n") + text).contains(u": line 2: "_s)) << text;
+    }
+    EXPECT_TRUE(replay_.Load(u"/no/such/trace"_s).startsWith(u"trace /no/such/trace: "_s));
 }
 
 }  // namespace

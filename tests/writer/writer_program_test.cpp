@@ -109,9 +109,10 @@ TEST_F(WriterProgram, KeepsChipLogAndLinkOverHangUpsAndRuns) {
     timer.start();
     EXPECT_EQ(Ask('s', 3), "01931e") << "the next run has the same chip";
     EXPECT_GE(timer.nsecsElapsed(), 4 * 8'333'000) << "4 bytes of 8.33 ms each";
-    timer.restart();
-    Ask('s', 3);
-    EXPECT_GE(timer.elapsed(), 50) << "the adapter hands over what has come every 60 ms";
+    for (int again = 0; again < 4; ++again) {
+        Ask('s', 3);
+    }
+    EXPECT_GE(timer.elapsed(), 4 * 60) << "the adapter hands over what has come every 60 ms";
 }
 
 TEST_F(WriterProgram, EndsWithTheTraceThatItPlays) {
@@ -144,16 +145,13 @@ TEST_F(WriterProgram, EndsAtOnceWhenItCannotWork) {
         {u"--latency 256"_s, 2, u"--latency is a number from 0 to 255"_s},
         {u"--fault 0:silent"_s, 2, u"--fault is K:KIND, such as 3:silent, and not 0:silent"_s},
         {u"--empty --device 1"_s, 2, u"--empty goes with neither --device nor --state"_s},
-        {u"--replay x --log y"_s, 2, u"--replay doesn't go with --log"_s},
         {u"--log x --log y"_s, 2, u"--log was given twice"_s},
         {u"--state="_s, 2, u"--state needs a value"_s},
-        {u"--firmware 39"_s, 2, u"--firmware is a digit, a point and a digit, such as 3.9"_s},
         {u"--device 10"_s, 2, u"--device: no such chip: 10"_s},
         {u"blink.hex"_s, 2, u"unknown argument: blink.hex"_s},
         {u"--device 8 --state "_s + Path(u"state"_s), 1,
          u"state file %1 holds a chip of another kind: AT90S2313"_s.arg(Path(u"state"_s))},
         {u"--state "_s + file, 1, u"state file "_s + file},
-        {u"--log "_s + Path(u"no/log"_s), 1, u"log file "_s + Path(u"no/log"_s)},
         {u"--link "_s + file, 1, file + u" is in the way: it is no symbolic link"_s},
         {u"--link "_s + Path(u"adapter"_s), 1, Path(u"adapter"_s) + u" leads to /dev/null already"_s},
         // clang-format on
