@@ -42,7 +42,7 @@ ToolRun RunTool(SerialPort& port, EventClock& clock, const ChipModel& model,
                 const QStringList& command) {
     QBuffer words;
     words.open(QIODevice::WriteOnly);
-    Console console(words, words, false);
+    Console console(words, words, [] { return 0; });
     const OnlyPort settings;
     const QTemporaryDir noLinks;
     ComPorts comPorts(noLinks.path());
