@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "base/settings_keys.h"
 
-#include <cmath>
-
 namespace tolvex {
 
 namespace {
@@ -19,7 +17,7 @@ double GetNumber(const Settings& settings, const NumberKey& key) {
     bool valid = false;
     const double value =
         settings.GetSetting(name, NumberText(key.standard)).trimmed().toDouble(&valid);
-    const bool inRange = valid && std::isfinite(value) && value >= key.least && value <= key.most;
+    const bool inRange = valid && value >= key.least && value <= key.most;
     return inRange ? value : key.standard;
 }
 

@@ -38,7 +38,8 @@ inline constexpr NumberKey IndexComFlag{"Index_Com_Flag", 0, -1e300, 1e300};
 /// The chosen port. Detection takes COM1 when none is stored, but asks apart whether one ever was.
 inline constexpr NumberKey ComNox{"ComNox", 1, 0, 20};
 inline constexpr NumberKey ComNoxChosen{"ComNox", 0, 0, 20};
-inline constexpr NumberKey Device{"device", 0, 0, 9};
+/// The entry of the device list; how many there are is the catalogue's knowledge.
+inline constexpr NumberKey Device{"device", 0, 0, 255};
 inline constexpr char OpenDir[] = "OPEN_DIR";
 inline constexpr char SaveDir[] = "SAVE_DIR";
 }  // namespace keys

@@ -59,7 +59,9 @@ void DeviceSelection::FillDeviceLists() {
         names << record.name;
     }
     panel_.FillDevices(names);
-    SelectDevice(static_cast<int>(GetNumber(settings_, keys::Device)));
+    const double stored = GetNumber(settings_, keys::Device);
+    const bool known = stored < static_cast<double>(Catalogue().size());
+    SelectDevice(static_cast<int>(known ? stored : keys::Device.standard));
 }
 
 void DeviceSelection::SelectDevice(int index) {

@@ -19,7 +19,8 @@ constexpr int kExtensionCharacters = 3;
 QString WithoutExtension(QString path) {
     const qsizetype nameStart = path.lastIndexOf(u'/') + 1;
     for (int i = 0; i < kExtensionCharacters && path.size() > nameStart; ++i) {
-        const bool pair = path.back().isLowSurrogate() && path.chopped(1).back().isHighSurrogate();
+        const bool pair = path.size() > 1 && path.back().isLowSurrogate() &&
+                          path.chopped(1).back().isHighSurrogate();
         path.chop(pair ? 2 : 1);
     }
     return path;
@@ -38,7 +39,7 @@ QString DataFileNameFor(const QString& chosen) {
 QString FindDataFile(const QString& chosen) {
     const QString derived = DataFileNameFor(chosen);
     const QFileInfo wanted(derived);
-    if (wanted.exists()) {
+    if (wanted.isFile()) {
         return derived;
     }
     QStringList names = wanted.dir().entryList(QDir::Files, QDir::Name);

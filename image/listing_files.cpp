@@ -47,7 +47,8 @@ bool Replace(const QString& path, const QByteArray& text) {
     }
     const bool whole = file.write(text) == text.size() && file.flush();
     if (!whole) {
-        file.remove();
+        file.close();
+        QFile::remove(path);  // a file that has failed does not remove itself
     }
     return whole;
 }

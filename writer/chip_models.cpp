@@ -38,9 +38,10 @@ std::span<const ChipModel> ChipModels() {
 }
 
 const ChipModel* FindChipModel(QStringView text) {
-    static_assert(std::size(kModels) == 10, "one digit is the list index");
-    if (text.size() == 1 && text[0] >= u'0' && text[0] <= u'9') {
-        return &kModels[text[0].unicode() - u'0'];
+    bool isNumber = false;
+    const auto index = static_cast<std::size_t>(text.toULongLong(&isNumber));
+    if (isNumber) {
+        return index < std::size(kModels) ? &kModels[index] : nullptr;
     }
     const auto found = std::ranges::find_if(kModels, [text](const ChipModel& model) {
         return text == model.name || text.compare(PartNumber(model.name), Qt::CaseInsensitive) == 0;

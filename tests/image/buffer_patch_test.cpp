@@ -16,9 +16,7 @@ using namespace Qt::StringLiterals;
 const QString kBadInput = u"message OK: 入力データに誤りがあります．"_s;
 const QString kFlashRange = u"message OK: Flash アドレスが範囲を超えています．"_s;
 const QString kEepromRange = u"message OK: EEPROM アドレスが範囲を超えています．"_s;
-
-constexpr bool kProgram = true;
-constexpr bool kEeprom = false;
+constexpr bool kProgram = true, kEeprom = false;
 
 struct PatchTest : ::testing::Test {
     QTemporaryDir dir;
@@ -65,15 +63,13 @@ TEST_F(PatchTest, Write) {
         bool memory;
         QString met;
     } cases[] = {
-        {u"10"_s, u"940c"_s, kProgram, u"flash listing"_s},
-        {u"11"_s, u"FF"_s, kProgram, u"flash listing"_s},
+        // clang-format off
+        {u"10"_s, u"940c"_s, kProgram, u"flash listing"_s}, {u"11"_s, u"FF"_s, kProgram, u"flash listing"_s},
         {u"7F"_s, u"1234"_s, kEeprom, u"eeprom listing"_s},
-        {u""_s, u"12"_s, kProgram, kBadInput},
-        {u"0"_s, u""_s, kEeprom, kBadInput},
-        {u"x"_s, u"12"_s, kEeprom, kBadInput},
-        {u"FFFF"_s, u"1H"_s, kProgram, kBadInput},
-        {u"200"_s, u"1"_s, kProgram, kFlashRange},
-        {u"80"_s, u"1"_s, kEeprom, kEepromRange},
+        {u""_s, u"12"_s, kProgram, kBadInput}, {u"0"_s, u""_s, kEeprom, kBadInput},
+        {u"x"_s, u"12"_s, kEeprom, kBadInput}, {u"FFFF"_s, u"1H"_s, kProgram, kBadInput},
+        {u"200"_s, u"1"_s, kProgram, kFlashRange}, {u"80"_s, u"1"_s, kEeprom, kEepromRange},
+        // clang-format on
     };
     MemoryImages expected;
     expected.flash[0x20] = 0x94;

@@ -34,11 +34,12 @@ TEST(DataFileName, AMissingFileIsLookedForInOtherCase) {
         QStringList there;
         QString found;
     } cases[] = {
+        // clang-format off
         {u"BLINK.HEX"_s, {u"BLINK.EEP"_s, u"BLINK.EEPS"_s}, u"BLINK.EEP"_s},
         {u"BLINK.HEX"_s, {u"BLINK.EEP"_s, u"BLINK.eep"_s}, u"BLINK.eep"_s},
         {u"blink.hex"_s, {u"BLINK.EEP"_s, u"blink.EEP"_s}, u"blink.EEP"_s},
-        {u"blink.hex"_s, {u"BLINK.HEX"_s}, u"blink.eep"_s},
         {u"[a]*.hex"_s, {u"[A]*.EEP"_s}, u"[A]*.EEP"_s},
+        // clang-format on
     };
     for (const auto& c : cases) {
         const QTemporaryDir folder;

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
+#include <algorithm>
 
 #include "tests/support/real_files.h"
 
@@ -24,13 +25,12 @@ HexReport Check(const QByteArray& text) {
 constexpr char kEnd[] = ":00000001FF\r\n";
 
 TEST(HexCheck, NamesEachFaultWithItsLine) {
-    struct Case {
+    using enum HexFault;
+    const struct {
         const char* what;
         QByteArray text;
         QList<HexFinding> findings;
-    };
-    using enum HexFault;
-    const Case cases[] = {
+    } cases[] = {
         {"CR alone", ":020000001234B8\r:00000001FF\r", {}},
         {"up to the last byte", QByteArray(":01003F0012AE\r\n") + kEnd, {}},
         {"no colon", QByteArray("020000001234B8\r\n") + kEnd, {{NoColon, 1}}},
@@ -49,17 +49,15 @@ TEST(HexCheck, NamesEachFaultWithItsLine) {
         {"early end", QByteArray(kEnd) + ":020000001234B8\r\n", {{EarlyEnd, 1}}},
         {"missing end", ":020000001234B8\r\n", {{MissingEnd, 1}}},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
+    for (const auto& c : cases) {
         const HexReport report = Check(c.text);
-        EXPECT_TRUE(report.readable);
-        ASSERT_EQ(report.findings.size(), c.findings.size());
-        for (qsizetype i = 0; i < c.findings.size(); ++i) {
-            EXPECT_EQ(report.findings[i].fault, c.findings[i].fault);
-            EXPECT_EQ(report.findings[i].line, c.findings[i].line);
-            EXPECT_EQ(report.findings[i].address, c.findings[i].address);
-        }
-        EXPECT_EQ(report.Clean(), c.findings.isEmpty());
+        EXPECT_TRUE(std::ranges::equal(report.findings, c.findings,
+                                       [](const HexFinding& a, const HexFinding& b) {
+                                           return a.fault == b.fault && a.line == b.line &&
+                                                  a.address == b.address;
+                                       }))
+            << c.what;
+        EXPECT_TRUE(report.readable) << c.what;
     }
 }
 

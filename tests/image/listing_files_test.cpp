@@ -19,8 +19,6 @@ struct ListingTest : ::testing::Test {
     testing::Recorder person;
     const Person all = person.AsPerson();
     ProgramState state{.device = {u"AT90S2313"_s, 0x24, 1024, 128, FuseGroup::LockOnly}};
-    MemoryImages& images = state.images;
-    CurrentDevice& device = state.device;
     const QString first = dir.path() + u"/first/"_s, second = dir.path() + u"/second/"_s;
     ListingFiles listings{{.folders = {first, second}, .person = all, .state = state}};
 };
@@ -28,22 +26,18 @@ struct ListingTest : ::testing::Test {
 const QByteArray kSixteenDots(16, '\xA5');
 
 TEST_F(ListingTest, LinesToTheByte) {
-    images.flash[0] = 0x94;
-    images.flash[1] = 0x0C;
-    images.flash[2046] = 0x41;
-    images.flash[2047] = 0x7E;
-    images.flash[2048] = 0x42;  // beyond the device
-    ASSERT_TRUE(listings.WriteFlashListing());
+    const QByteArray text = "Hello\x1F \x7E\x7F\x80";
+    std::ranges::copy(text, state.images.eeprom.begin());
+    state.images.flash[0] = 0x94;
+    state.images.flash[1] = 0x0C;
+    state.images.flash[2047] = 0x7E;
+    state.images.flash[2048] = state.images.eeprom[128] = 0x42;  // beyond the device
+    ASSERT_TRUE(listings.WriteFlashListing() && listings.WriteEepromListing());
     QList<QByteArray> lines = testing::Lines(first + u"avrhex.txt"_s);
     ASSERT_EQ(lines.size(), 128);
     EXPECT_EQ(lines[0], "0000: 940C FFFF FFFF FFFF FFFF FFFF FFFF FFFF " + kSixteenDots);
     EXPECT_EQ(lines[127],
-              "03F8: FFFF FFFF FFFF FFFF FFFF FFFF FFFF 417E " + kSixteenDots.left(14) + "A~");
-
-    const QByteArray text = "Hello\x1F \x7E\x7F\x80";
-    std::copy(text.begin(), text.end(), images.eeprom.begin());
-    images.eeprom[128] = 0x42;  // beyond the device
-    ASSERT_TRUE(listings.WriteEepromListing());
+              "03F8: FFFF FFFF FFFF FFFF FFFF FFFF FFFF FF7E " + kSixteenDots.left(15) + "~");
     lines = testing::Lines(first + u"avreep.txt"_s);
     ASSERT_EQ(lines.size(), 8);
     EXPECT_EQ(lines[0], "0000: 48 65 6C 6C 6F 1F 20 7E 7F 80 FF FF FF FF FF FF Hello\xA5 ~" +
@@ -52,22 +46,19 @@ TEST_F(ListingTest, LinesToTheByte) {
 }
 
 TEST_F(ListingTest, WindowsShowTheFileAndAShorterOneReplacesIt) {
-    ASSERT_TRUE(listings.RefreshFlashListing());
-    device.flashWords = 8;
-    device.eepromBytes = 16;
-    images.flash[0] = 0x42;
-    images.eeprom[15] = 0x43;
+    ASSERT_TRUE(listings.WriteFlashListing());
+    state.device.flashWords = 8;
+    state.device.eepromBytes = 16;
+    state.images.flash[0] = state.images.eeprom[15] = 0x42;
     ASSERT_TRUE(listings.RefreshFlashListing() && listings.RefreshEepromListing());
     const QString dots(15, u'\uFF65');
     EXPECT_EQ(person.flashListing,
               u"0000: 42FF FFFF FFFF FFFF FFFF FFFF FFFF FFFF B"_s + dots + u'\n');
     EXPECT_EQ(person.eepromListing,
-              u"0000: FF FF FF FF FF FF FF FF FF FF FF FF FF FF FF 43 "_s + dots + u"C\n"_s);
-    device = {};  // no device, nothing in either
+              u"0000: FF FF FF FF FF FF FF FF FF FF FF FF FF FF FF 42 "_s + dots + u"B\n"_s);
+    state.device = {};  // no device, nothing in either
     ASSERT_TRUE(listings.RefreshFlashListing() && listings.RefreshEepromListing());
     EXPECT_EQ(person.flashListing + person.eepromListing, QString());
-
-    EXPECT_FALSE(listings.ShowVerifyReport());
     EXPECT_TRUE(listings.WriteVerifyReport("one\r\ntwo\r\n") && listings.ShowVerifyReport());
     EXPECT_EQ(Bytes(first + u"avrvfy.txt"_s), "one\r\ntwo\r\n");
     EXPECT_EQ(person.verifyReport, u"one\ntwo\n"_s);
@@ -99,8 +90,8 @@ TEST_F(ListingTest, WhenNoFolderTakesItThePersonIsToldOnce) {
     {
         const testing::FullDisk full(100);
         EXPECT_FALSE(listings.WriteFlashListing() || listings.ShowFlashListing());
-        EXPECT_FALSE(QFile::exists(first + u"avrhex.txt"_s)) << "half a listing";
         EXPECT_FALSE(listings.RefreshEepromListing() || listings.ShowVerifyReport());
+        EXPECT_TRUE(QDir(first).isEmpty() && QDir(second).isEmpty()) << "half a listing";
     }
     EXPECT_EQ(person.calls,
               (QStringList{u"flash listing"_s,
@@ -112,25 +103,19 @@ TEST_F(ListingTest, WhenNoFolderTakesItThePersonIsToldOnce) {
 TEST_F(ListingTest, RetiredItLeavesAndWritesNothing) {
     for (const QString& folder : {first, second}) {
         QDir().mkpath(folder);
-        for (const QString& name :
-             {u"avrhex.txt"_s, u"avreep.txt"_s, u"avrvfy.txt"_s, u"x.txt"_s}) {
-            testing::PutFile(folder + name, "from an earlier run");
+        for (const char* name : {"avrhex.txt", "avreep.txt", "avrvfy.txt", "x.txt"}) {
+            testing::PutFile(folder + QLatin1String(name), "from an earlier run");
         }
     }
     ASSERT_TRUE(listings.WriteFlashListing());
     listings.Retire();
     EXPECT_FALSE(listings.WriteFlashListing() || listings.ShowFlashListing());
     EXPECT_FALSE(listings.WriteEepromListing() || listings.WriteVerifyReport("report"));
-    for (const QString& folder : {first, second}) {
-        EXPECT_EQ(QDir(folder).entryList(QDir::Files), QStringList(u"x.txt"_s));
-    }
-    EXPECT_TRUE(person.calls.isEmpty());
-}
+    EXPECT_EQ(QDir(first).entryList(QDir::Files), QStringList(u"x.txt"_s));
+    EXPECT_EQ(QDir(second).entryList(QDir::Files), QStringList(u"x.txt"_s));
 
-TEST_F(ListingTest, WithoutFoldersNothingIsKeptAndAllIsWell) {
     ListingFiles none({.folders = {}, .person = all, .state = state});
-    EXPECT_TRUE(none.RefreshFlashListing() && none.RefreshEepromListing());
-    EXPECT_TRUE(none.WriteVerifyReport("report") && none.ShowVerifyReport());
+    EXPECT_TRUE(none.RefreshFlashListing() && none.WriteVerifyReport("kept nowhere"));
     EXPECT_TRUE(person.calls.isEmpty());
 }
 

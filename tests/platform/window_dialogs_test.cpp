@@ -37,6 +37,32 @@ void WhenShown(const std::function<void(QFileDialog&)>& act) {
     });
 }
 
+TEST(WindowDialogs, FileDialogsStartInTheStatedFolder) {
+    WindowDialogs dialogs([] { return nullptr; });
+    const QTemporaryDir one, other;
+    const struct {
+        QString stated, name, start, shown;
+    } cases[] = {
+        {one.path(), other.filePath(u"a.hex"_s), one.path(), u"a.hex"_s},
+        {one.filePath(u"gone"_s), other.filePath(u"a.hex"_s), other.path(), u"a.hex"_s},
+        {u""_s, other.filePath(u"gone/a.hex"_s), QDir::currentPath(), u"a.hex"_s},
+        {one.path(), u""_s, one.path(), u""_s},
+    };
+    for (const auto& c : cases) {
+        WhenShown([&](QFileDialog& dialog) {
+            EXPECT_EQ(dialog.directory().path(), c.start);
+            EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), c.shown);
+        });
+        EXPECT_FALSE(dialogs.AskOpenFile({{}, c.stated, u"All|*.*|"_s, {}, c.name}).accepted);
+    }
+}
+
+TEST(WindowDialogs, AQuestionThatIsClosedIsNotAgreedTo) {
+    WindowDialogs dialogs([] { return nullptr; });
+    QTimer::singleShot(0, qApp, [] { QApplication::activeModalWidget()->close(); });
+    EXPECT_FALSE(dialogs.AskOkCancel(u"title"_s, u"text"_s));
+}
+
 TEST(WindowDialogs, FileDialogsShowTheRequestAndReturnWholeNames) {
     WindowDialogs dialogs([] { return nullptr; });
     QTemporaryDir folder;
@@ -62,6 +88,8 @@ TEST(WindowDialogs, FileDialogsShowTheRequestAndReturnWholeNames) {
         {"open a missing file", false, u"gone.rom"_s, u"gone.rom"_s},
         {"replace without a question", true, u"old.hex"_s, u"old.hex"_s},
         {"suffix added to a new name", true, u"new"_s, u"new.hex"_s},
+        {"also where a file has none", true, u"README"_s, u"README.hex"_s},
+        {"and behind a dot", true, u"new."_s, u"new.hex"_s},
         {"not to an existing one", false, u"README"_s, u"README"_s},
     };
     for (const auto& c : cases) {
