@@ -65,7 +65,7 @@ class HexChecker {
     explicit HexChecker(int memoryBytes)
         : memoryBytes_(memoryBytes), filled_(static_cast<std::size_t>(memoryBytes)) {}
 
-    void Take(QByteArray line) {
+    void Take(const QByteArray& line) {
         ++line_;
         if (ended_ && endLine_ != 0) {
             Find(HexFault::EarlyEnd, -1, endLine_);

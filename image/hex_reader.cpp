@@ -28,7 +28,8 @@ bool StoreRecord(QStringView line, ErrorFlag& flag, Store store) {
     }
     for (int k = 0; k < count; ++k) {
         const int byte = ByteAt(line, kDataStart + 2 * k, flag);
-        if (!store(static_cast<std::size_t>(address + k), static_cast<std::uint8_t>(byte))) {
+        if (!store(static_cast<std::size_t>(address) + static_cast<std::size_t>(k),
+                   static_cast<std::uint8_t>(byte))) {
             return false;
         }
     }
