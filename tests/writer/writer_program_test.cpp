@@ -113,6 +113,9 @@ TEST_F(WriterProgram, KeepsChipLogAndLinkOverHangUpsAndRuns) {
         Ask('s', 3);
     }
     EXPECT_GE(timer.elapsed(), 4 * 60) << "the adapter hands over what has come every 60 ms";
+    Ask('P', 1);
+    Ask('A', 1, QByteArray("\x00\x0D", 2));
+    EXPECT_EQ(Ask('d', 1), "03") << "and what was written into it";
 }
 
 TEST_F(WriterProgram, EndsWithTheTraceThatItPlays) {
