@@ -32,7 +32,12 @@ QString DataBeside(const QString& code) {
 }
 
 bool SameFile(const QString& one, const QString& other) {
-    return QFileInfo(one) == QFileInfo(other);
+    const QFileInfo first(one);
+    const QFileInfo second(other);
+    // To Qt all files that don't exist are the same one.
+    return first.exists() || second.exists()
+               ? first == second
+               : first.absoluteFilePath() == second.absoluteFilePath();
 }
 
 /// The whole content; nothing when it can't be read or is too large.

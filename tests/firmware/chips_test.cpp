@@ -63,7 +63,7 @@ TEST_P(EveryChip, GoesThroughAllOperations) {
     const ChipModel& model = bench.chip.Model();
     EXPECT_EQ(bench.Run({u"detect"_s}), kDone) << bench.words;
     EXPECT_EQ(Program(bench), kDone) << bench.words;
-    EXPECT_EQ(bench.Run({u"read"_s, bench.Path(u"r.hex"_s), bench.Path(u"r.eep"_s)}), kDone);
+    EXPECT_EQ(bench.Run({u"read"_s, bench.Path(u"r.hex"_s), bench.Path(u"r.eep"_s)}), kDone) << bench.words;
     EXPECT_EQ(DataOf(bench.Path(u"r.hex"_s)), Flash(model));
     EXPECT_EQ(DataOf(bench.Path(u"r.eep"_s)), Eeprom(model));
 
