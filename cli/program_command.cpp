@@ -226,14 +226,14 @@ int EraseChip(Session& session) {
 
 int Program(Session& session, const Call& call) {
     LoadedFiles loaded;
-    const int status = RunProgram(session, call, loaded);
-    session.Report()[u"verified"_s] = status == kDone && loaded.lossless;
-    if (status != kDone && session.Chip().Touched() && !session.Port().Stopped()) {
-        session.Remark(session.Chip().Text());
-    }
-    return status == kDone ? session.Judge(loaded.lossless, cause::PartlyWritten,
-                                           u"ファイルのデータの一部は書き込めませんでした。"_s)
-                           : status;
+    const int status =
+        InOrder([&] { return RunProgram(session, call, loaded); },
+                [&] {
+                    return session.Judge(loaded.lossless, cause::PartlyWritten,
+                                         u"ファイルのデータの一部は書き込めませんでした。"_s);
+                });
+    session.Report()[u"verified"_s] = status == kDone;
+    return status;
 }
 
 int Erase(Session& session, const Call& call) {

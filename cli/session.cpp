@@ -280,6 +280,8 @@ int Session::Finish(int status) {
     if (stopped) {
         Fail(cause::Interrupted, u"中断しました。\n"_s + chip_.Text());
         status = kSignalled + clock_.StopAsked();
+    } else if (status != kDone && chip_.Touched()) {
+        Remark(chip_.Text());
     } else if (trace_.Lost() && status == kDone) {
         status = Fail(cause::OutputLost, u"ファイルを書けません: %1"_s.arg(trace_.Path()));
     }

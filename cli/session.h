@@ -55,7 +55,6 @@ class Session {
     const CurrentDevice& Device() const { return bench_.state.device; }
     OptionLists& Lists() { return lists_; }
     const ObservedPort& Port() const { return port_; }
-    const ChipRecord& Chip() const { return chip_; }
     const WriterIdentity& Identity() const { return detection_.identity; }
     /// As last read.
     const ChipReading& Reading() const { return reading_; }

@@ -62,6 +62,7 @@ TEST(ChipCommands, RefuseWhatIsWrong) {
         {Spoil('s', Silent), kRefused, "writerSilent"},
         {Spoil('s', HangUp), kRefused, "lineLost"},
         {Spoil('P', Wrong, 2), kRefused, "commandRefused", "detect"},
+        {Spoil('P', Silent, 2), kRefused, "writerSilent", "detect"},
         {RefusePort, kNoPort, "portBusy"},
         {facts({.exists = true}), kNoPort, "portForbidden"},
         {facts({}), kNoPort, "portMissing"},
@@ -81,6 +82,7 @@ TEST(ChipCommands, RefuseWhatIsWrong) {
             EXPECT_EQ(b.ErrorCode(), fine ? "" : f.code) << b.Err().toStdString();
             EXPECT_EQ(b.Err().contains(u"tolvex-cli: "_s), !fine);
             EXPECT_FALSE(QFile::exists(b.Path(u"read.hex"_s)) || b.port.IsOpen());
+            EXPECT_FALSE(b.board.InProgrammingMode() && f.code != std::string("lineLost"));
             EXPECT_TRUE(b.chip->Contents() == before || b.port.Wire().contains(u"e"_s));
         }
     }
