@@ -285,6 +285,7 @@ class Sweep {
         // A command cut in two leaves the board waiting for its end, which costs an attempt a byte.
         for (int attempt = 0; attempt == 0 || (attempt < 3 && world.line != calm_.line);
              ++attempt) {
+            world.t.chip->SetContents(world.before);
             world.Run({});
         }
         Must(world.line == calm_.line && world.Held() == calm_.Held(), "the next one works", faults,
