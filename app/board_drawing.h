@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QSvgRenderer>
 #include <QWidget>
 
 namespace tolvex {
@@ -29,7 +30,8 @@ class BoardDrawing : public QWidget {
 
     QList<QLabel*> names_;  ///< in the order of the table of names
     QLabel* label4_;        ///< the pin names
-    double scale_ = 1;      ///< pixels for one unit of the drawing
+    QSvgRenderer drawing_;
+    double scale_ = 1;  ///< pixels for one unit of the drawing
 };
 
 }  // namespace tolvex

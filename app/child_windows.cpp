@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/child_windows.h"
 
+#include <QContextMenuEvent>
+#include <QMenu>
+
 #include "base/settings_keys.h"
 #include "widgets/twips.h"
 
@@ -34,11 +37,24 @@ QRect StoredPlace(const Settings& settings, const GeometryKeys& of) {
                   GetNumber(settings, of.width), GetNumber(settings, of.height));
 }
 
-void SavePlace(Settings& settings, const GeometryKeys& of, const QMdiSubWindow* window) {
+/// A minimised window knows its place only once it is a normal one again.
+QRect NormalPlace(QMdiSubWindow& window) {
+    const bool minimized = window.isMinimized();
+    if (minimized) {
+        window.showNormal();
+    }
+    const QRect place = window.geometry();
+    if (minimized) {
+        window.showMinimized();
+    }
+    return place;
+}
+
+void StorePlace(Settings& settings, const GeometryKeys& of, QMdiSubWindow* window) {
     if (window == nullptr || window->isHidden()) {
         return;
     }
-    const QRect place = window->geometry();
+    const QRect place = NormalPlace(*window);
     SaveNumber(settings, of.left, TwipsFromPixels(place.x()));
     SaveNumber(settings, of.top, TwipsFromPixels(place.y()));
     SaveNumber(settings, of.width, TwipsFromPixels(place.width()));
@@ -62,14 +78,38 @@ ChildWindows::ChildWindows(QMdiArea& area, frmSetting* setting)
                              Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
                              Qt::WindowCloseButtonHint);
     setting_->hide();
+    setting_->installEventFilter(this);
+}
+
+/// The menu of a title bar, without the event loop of its own in which Qt runs it: under that, an
+/// operation would miss the writer's replies.
+bool ChildWindows::eventFilter(QObject* watched, QEvent* event) {
+    auto* window = qobject_cast<QMdiSubWindow*>(watched);
+    if (event->type() != QEvent::ContextMenu || window == nullptr) {
+        return QObject::eventFilter(watched, event);
+    }
+    const auto* click = static_cast<QContextMenuEvent*>(event);
+    if (window->isMinimized() || click->pos().y() < window->widget()->y()) {
+        window->systemMenu()->popup(click->globalPos());
+    }
+    return true;
 }
 
 ListingWindow& ChildWindows::Listing(Child& child, const ListingLook& look, const QRect& place) {
     if (child.isNull()) {
+        const QPointer<QMdiSubWindow> active = area_.activeSubWindow();
+        const QPointer<QWidget> focus = area_.window()->focusWidget();
         child = area_.addSubWindow(new ListingWindow(look));
         child->setAttribute(Qt::WA_DeleteOnClose);
+        child->installEventFilter(this);
         child->show();
         child->setGeometry(place);
+        if (active) {
+            area_.setActiveSubWindow(active);
+        }
+        if (focus) {
+            focus->setFocus();
+        }
     }
     return *static_cast<ListingWindow*>(child->widget());
 }
@@ -89,34 +129,45 @@ void ChildWindows::ShowAll(const Settings& settings) {
     Place(*eeprom_, StoredPlace(settings, kEepromKeys));
     Place(*setting_, Pixels(GetNumber(settings, keys::SetLeft), GetNumber(settings, keys::SetTop),
                             kSettingWidth, kSettingHeight));
+    area_.setActiveSubWindow(program_);  // where a stray key changes nothing
 }
 
-void ChildWindows::SaveGeometry(Settings& settings) const {
-    SavePlace(settings, kProgramKeys, program_);
-    SavePlace(settings, kEepromKeys, eeprom_);
+void ChildWindows::StorePlaces(Settings& settings) const {
+    StorePlace(settings, kProgramKeys, program_);
+    StorePlace(settings, kEepromKeys, eeprom_);
     if (!setting_->isHidden()) {
-        SaveNumber(settings, keys::SetLeft, TwipsFromPixels(setting_->x()));
-        SaveNumber(settings, keys::SetTop, TwipsFromPixels(setting_->y()));
+        const QRect place = NormalPlace(*setting_);
+        SaveNumber(settings, keys::SetLeft, TwipsFromPixels(place.x()));
+        SaveNumber(settings, keys::SetTop, TwipsFromPixels(place.y()));
     }
+}
+
+void ChildWindows::OpenAll() {
+    OpenSettingWindow();
+    OpenProgramWindow();
+    OpenEepromWindow();
 }
 
 void ChildWindows::OpenProgramWindow() {
     Program();
     Place(*program_, DefaultPlace(kProgramKeys));
+    area_.setActiveSubWindow(program_);
 }
 
 void ChildWindows::OpenEepromWindow() {
     Eeprom();
     Place(*eeprom_, DefaultPlace(kEepromKeys));
+    area_.setActiveSubWindow(eeprom_);
 }
 
 void ChildWindows::OpenSettingWindow() {
     Place(*setting_,
           Pixels(keys::SetLeft.standard, keys::SetTop.standard, kSettingWidth, kSettingHeight));
+    area_.setActiveSubWindow(setting_);
 }
 
-QSize ChildWindows::ListingSize() const {
-    return program_.isNull() ? QSize(0, 0) : program_->widget()->size();
+int ChildWindows::ListingWidth() const {
+    return program_.isNull() ? DefaultPlace(kProgramKeys).width() : program_->widget()->width();
 }
 
 void ChildWindows::SetFlashListing(const QString& text) {

@@ -24,12 +24,12 @@ constexpr double kTitleScale = 1.8;  // of the panel's own font
 frmAbout::frmAbout(QWidget* parent, OpenPage openPage)
     : QDialog(parent),
       openPage_(std::move(openPage)),
-      picIcon_(AddLabel(u"picIcon"_s, u"アイコン"_s)),
-      lblTitle_(AddLabel(u"lblTitle"_s, u"名称"_s)),
-      lblVersion_(AddLabel(u"lblVersion"_s, u"バージョン"_s)),
-      lblDescription_(AddLabel(u"lblDescription"_s, u"説明"_s)),
-      lblDisclaimer_(AddLabel(u"lblDisclaimer"_s, u"サポートページ"_s)),
-      label1_(AddLabel(u"Label1"_s, u"ライセンス"_s)),
+      picIcon_(AddLabel(u"picIcon"_s)),
+      lblTitle_(AddLabel(u"lblTitle"_s)),
+      lblVersion_(AddLabel(u"lblVersion"_s)),
+      lblDescription_(AddLabel(u"lblDescription"_s)),
+      lblDisclaimer_(AddLabel(u"lblDisclaimer"_s)),
+      label1_(AddLabel(u"Label1"_s)),
       command1_(new QPushButton(u"サポートホームページへジャンプ"_s, this)),
       cmdOK_(new QPushButton(u"閉じる"_s, this)) {
     setObjectName(u"frmAbout"_s);
@@ -51,10 +51,9 @@ frmAbout::frmAbout(QWidget* parent, OpenPage openPage)
     cmdOK_->setFocus();
 }
 
-QLabel* frmAbout::AddLabel(const QString& name, const QString& accessibleName) {
+QLabel* frmAbout::AddLabel(const QString& name) {
     auto* label = new QLabel(this);
     label->setObjectName(name);
-    label->setAccessibleName(accessibleName);
     label->setTextFormat(Qt::PlainText);
     return label;
 }
@@ -64,21 +63,18 @@ void frmAbout::FillVersionPanel() {
     lblTitle_->setText(product::Title());
     lblDescription_->setText(product::Description());
     lblDisclaimer_->setText(product::Comments());
-    for (QLabel* label : {lblVersion_, lblTitle_, lblDescription_, lblDisclaimer_}) {
-        label->setAccessibleDescription(label->text());
-    }
 }
 
 void frmAbout::ArrangeControls() {
     picIcon_->setPixmap(
         QIcon(u":/icons/tolvex.svg"_s).pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
     picIcon_->setFixedSize(kIconSize, kIconSize);
+    picIcon_->setAccessibleName(u"アイコン"_s);
     QFont titleFont = font();
     titleFont.setPixelSize(qRound(QFontInfo(font()).pixelSize() * kTitleScale));
     titleFont.setBold(true);
     lblTitle_->setFont(titleFont);
     label1_->setText(product::LicenseNote());
-    label1_->setAccessibleDescription(label1_->text());
     // The address can be copied, in case no browser opens.
     lblDisclaimer_->setTextInteractionFlags(Qt::TextSelectableByMouse);
 

@@ -24,7 +24,7 @@ class frmAbout : public QDialog {
     void FillVersionPanel();
 
   private:
-    QLabel* AddLabel(const QString& name, const QString& accessibleName);
+    QLabel* AddLabel(const QString& name);
     void ArrangeControls();
     void Command1_Click();
 

@@ -6,6 +6,7 @@
 #include <QDropEvent>
 #include <QMimeData>
 #include <QUrl>
+#include <algorithm>
 
 #include "base/settings_keys.h"
 #include "widgets/twips.h"
@@ -18,19 +19,21 @@ namespace {
 
 constexpr int kCaptionPixels = 10;
 
-/// The one HEX file that is being dragged; empty for anything else.
-QString DraggedFile(const QDropEvent& event) {
-    const QList<QUrl> urls = event.mimeData()->urls();
-    if (urls.size() != 1 || !urls.front().isLocalFile()) {
-        return {};
-    }
-    const QString path = urls.front().toLocalFile();
-    for (const QString& suffix : {u".hex"_s, u".rom"_s, u".eep"_s}) {
-        if (path.endsWith(suffix, Qt::CaseInsensitive)) {
-            return path;
+/// The HEX files that are being dragged; none when anything else is among them.
+QStringList DraggedFiles(const QDropEvent& event) {
+    static const QStringList kSuffixes{u".hex"_s, u".rom"_s, u".eep"_s};
+    QStringList paths;
+    for (const QUrl& url : event.mimeData()->urls()) {
+        const QString path = url.toLocalFile();
+        const auto ends = [&path](const QString& suffix) {
+            return path.endsWith(suffix, Qt::CaseInsensitive);
+        };
+        if (std::ranges::none_of(kSuffixes, ends)) {
+            return {};
         }
+        paths << path;
     }
-    return {};
+    return paths;
 }
 
 }  // namespace
@@ -56,14 +59,14 @@ frmMain::frmMain()
     setStatusBar(statusBar_);
 }
 
-void frmMain::RestoreGeometry(const Settings& settings) {
+void frmMain::TakeStoredPlace(const Settings& settings) {
     resize(PixelsFromTwips(GetNumber(settings, keys::MainWidth)),
            PixelsFromTwips(GetNumber(settings, keys::MainHeight)));
     move(PixelsFromTwips(GetNumber(settings, keys::MainLeft)),
          PixelsFromTwips(GetNumber(settings, keys::MainTop)));
 }
 
-void frmMain::SaveGeometry(Settings& settings) const {
+void frmMain::StorePlace(Settings& settings) const {
     if (isMinimized()) {
         return;
     }
@@ -71,6 +74,11 @@ void frmMain::SaveGeometry(Settings& settings) const {
     SaveNumber(settings, keys::MainTop, TwipsFromPixels(y()));
     SaveNumber(settings, keys::MainWidth, TwipsFromPixels(width()));
     SaveNumber(settings, keys::MainHeight, TwipsFromPixels(height()));
+}
+
+void frmMain::SetBusy(bool busy) {
+    toolbar_->setEnabled(!busy);
+    setAcceptDrops(!busy);
 }
 
 void frmMain::SetStatusText(int panel, const QString& text) {
@@ -83,16 +91,16 @@ void frmMain::closeEvent(QCloseEvent* event) {
 }
 
 void frmMain::dragEnterEvent(QDragEnterEvent* event) {
-    if (!DraggedFile(*event).isEmpty()) {
+    if (!DraggedFiles(*event).isEmpty()) {
         event->acceptProposedAction();
     }
 }
 
 void frmMain::dropEvent(QDropEvent* event) {
-    const QString path = DraggedFile(*event);
-    if (!path.isEmpty()) {
+    const QStringList paths = DraggedFiles(*event);
+    if (!paths.isEmpty()) {
         event->acceptProposedAction();
-        Q_EMIT FileDropped(path);
+        Q_EMIT FilesDropped(paths);
     }
 }
 

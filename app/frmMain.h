@@ -23,16 +23,19 @@ class frmMain : public QMainWindow, public StatusPanels {
     Toolbar& Tools() { return *toolbar_; }
     StatusBar& Panels() { return *statusBar_; }
 
-    void RestoreGeometry(const Settings& settings);
+    void TakeStoredPlace(const Settings& settings);
     /// Nothing while minimised.
-    void SaveGeometry(Settings& settings) const;
+    void StorePlace(Settings& settings) const;
+    /// While an operation runs the toolbar is disabled and nothing can be dropped.
+    void SetBusy(bool busy);
 
     void SetStatusText(int panel, const QString& text) override;
 
   Q_SIGNALS:
     /// The person closed the window; it can't be refused.
     void Closing();
-    void FileDropped(const QString& path);
+    /// HEX files, as they were dragged; never empty.
+    void FilesDropped(const QStringList& paths);
 
   protected:
     void closeEvent(QCloseEvent* event) override;

@@ -1,56 +1,82 @@
 // SPDX-License-Identifier: MIT
 #include <QApplication>
 #include <QIcon>
-#include <QLibraryInfo>
-#include <QTranslator>
-#include <cstdio>
+#include <QMessageBox>
 
+#include "app/japanese_texts.h"
 #include "app/window_program.h"
+#include "base/utf8_locale.h"
 #include "platform/com_ports.h"
 #include "platform/event_loop_clock.h"
 #include "platform/help_window.h"
 #include "platform/program_folder.h"
 #include "platform/qt_serial_port.h"
 #include "platform/settings_file.h"
+#include "platform/shutdown_signals.h"
 #include "platform/single_instance.h"
 #include "platform/window_dialogs.h"
 #include "widgets/fonts.h"
 
-int main(int argc, char** argv) {
+namespace {
+
+/// In English, for Japanese would not show.
+void TellHowToGetAFont() {
+    QMessageBox::warning(
+        nullptr, QStringLiteral("Tolvex"),
+        QStringLiteral("No Japanese font was found, so the texts of Tolvex can't be shown.\n\n"
+                       "Please install one and start Tolvex again. On Debian and Ubuntu:\n\n"
+                       "    sudo apt install fonts-ipafont-gothic"));
+}
+
+}  // namespace
+
+int main(int, char** argv) {
     using namespace tolvex;
-    QApplication application(argc, argv);
+    ChooseUtf8Locale();
+    // Arguments are ignored, those that Qt would understand as well.
+    char fallback[] = "tolvex";
+    char* name[] = {argv[0] != nullptr ? argv[0] : fallback, nullptr};
+    int count = 1;
+    QApplication application(count, name);
     QApplication::setApplicationName(QStringLiteral("Tolvex"));
     QApplication::setFont(WindowFont());
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/tolvex.svg")));
-    // The texts that Qt brings along (file dialog, context menus); without the file they are
-    // English.
-    QTranslator japanese;
-    if (japanese.load(QStringLiteral("qtbase_ja"),
-                      QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
-        QApplication::installTranslator(&japanese);
-    }
+    const JapaneseTexts japanese;
 
     const SingleInstance instance(InstanceLockPath());
     if (!instance.IsFirst()) {
         return 0;
     }
     if (!JapaneseFontFound()) {
-        std::fputs("tolvex: no Japanese font found; install fonts-ipafont-gothic\n", stderr);
+        TellHowToGetAFont();
     }
-    const ProgramFolder folder = EnterProgramFolder();
+    const AppDir folders = EnterProgramFolder();
     SettingsFile settings(SettingsPath());
     const ComPorts comPorts(ConfigFolder());
     QtSerialPort port(comPorts);
     EventLoopClock clock;
-    WindowDialogs dialogs([] { return QApplication::activeWindow(); });
+    QWidget* owner = nullptr;
+    WindowDialogs dialogs([&owner] { return owner; });
     WindowHelp help;
 
     WindowProgram program({.port = port,
                            .clock = clock,
                            .settings = settings,
-                           .folders = folder.appDir,
+                           .folders = folders,
                            .comPorts = comPorts,
                            .dialogs = dialogs,
                            .help = help});
-    return program.Start() ? QApplication::exec() : 0;
+    owner = &program.Window();
+    const ShutdownSignals signals([&program] { program.ShutDown(); });
+    // A logout may yet be called off, so the program goes on; it is told to quit when it is not.
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &program,
+                     &WindowProgram::StoreLayout, Qt::DirectConnection);
+    if (!program.Start()) {
+        return 0;
+    }
+    // How the desktop entry hands over the file that was double-clicked: arguments are ignored.
+    if (const QString file = qEnvironmentVariable("TOLVEX_FILE"); !file.isEmpty()) {
+        Q_EMIT program.Window().FilesDropped({file});
+    }
+    return QApplication::exec();
 }

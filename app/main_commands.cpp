@@ -7,40 +7,27 @@ namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
-void MainCommands::RunFileCommand(FileCommand command) {
-    parts_.guard.Run([this, command] { (parts_.bench.files.*command)(); });
-}
+namespace {
 
-void MainCommands::mnuFileOpen_Click() {
-    RunFileCommand(&FileCommands::mnuFileOpen_Click);
-}
+template <typename... Visitors>
+struct Overloaded : Visitors... {
+    using Visitors::operator()...;
+};
 
-void MainCommands::mnuFileOpenCode_Click() {
-    RunFileCommand(&FileCommands::mnuFileOpenCode_Click);
-}
+}  // namespace
 
-void MainCommands::mnuFileOpenData_Click() {
-    RunFileCommand(&FileCommands::mnuFileOpenData_Click);
-}
-
-void MainCommands::mnuFileSave_Click() {
-    RunFileCommand(&FileCommands::mnuFileSave_Click);
-}
-
-void MainCommands::mnuFileSaveAs_Click() {
-    RunFileCommand(&FileCommands::mnuFileSaveAs_Click);
-}
-
-void MainCommands::mnuFileSaveAsCode_Click() {
-    RunFileCommand(&FileCommands::mnuFileSaveAsCode_Click);
-}
-
-void MainCommands::mnuFileSaveAsData_Click() {
-    RunFileCommand(&FileCommands::mnuFileSaveAsData_Click);
-}
-
-void MainCommands::mnuReLoad_Click() {
-    RunFileCommand(&FileCommands::mnuReLoad_Click);
+void MainCommands::Do(const Command& command) {
+    const auto alone = [this](auto& target, auto method) {
+        parts_.guard.Run([&target, method] { (target.*method)(); });
+    };
+    std::visit(Overloaded{
+                   [](std::monostate) {},
+                   [this](void (MainCommands::*handler)()) { (this->*handler)(); },
+                   [&](void (FileCommands::*file)()) { alone(parts_.bench.files, file); },
+                   [&](void (WriterCommands::*writer)()) { alone(parts_.bench.commands, writer); },
+                   [this](void (ChildWindows::*windows)()) { (parts_.children.*windows)(); },
+               },
+               command);
 }
 
 void MainCommands::mnuFileExit_Click() {
@@ -52,14 +39,6 @@ void MainCommands::mmuCominucation_Click() {
         parts_.window.SetStatusText(kMessagePanel, QString());
         parts_.showPortDialog();
     });
-}
-
-void MainCommands::mmuLEDon_Click() {
-    parts_.guard.Run([this] { parts_.bench.commands.LedOn(); });
-}
-
-void MainCommands::mmuLEDoff_Click() {
-    parts_.guard.Run([this] { parts_.bench.commands.LedOff(); });
 }
 
 // The action has changed its check mark already; the bar follows it.
@@ -76,38 +55,20 @@ void MainCommands::mnuViewOptions_Click() {
                            u"ｵﾌﾟｼｮﾝ ﾀﾞｲｱﾛｸﾞのｺｰﾄﾞをここに記述します !"_s);
 }
 
-void MainCommands::mmuWindowReDrow_Click() {
-    parts_.children.OpenSettingWindow();
-    parts_.children.OpenProgramWindow();
-    parts_.children.OpenEepromWindow();
-}
-
-void MainCommands::mmuOpenSettingWindow_Click() {
-    parts_.children.OpenSettingWindow();
-}
-
-void MainCommands::mmuOpenProgramWindow_Click() {
-    parts_.children.OpenProgramWindow();
-}
-
-void MainCommands::mmuOpenEEpromWindow_Click() {
-    parts_.children.OpenEepromWindow();
-}
-
 void MainCommands::mnuWindowCascade_Click() {
     parts_.window.Area().cascadeSubWindows();
 }
 
 void MainCommands::mnuWindowTileHorizontal_Click() {
-    TileInRows(true);
+    Tile(true);
 }
 
 void MainCommands::mnuWindowTileVertical_Click() {
-    TileInRows(false);
+    Tile(false);
 }
 
 /// All windows that are open and not minimised, one below or one beside the other.
-void MainCommands::TileInRows(bool rows) {
+void MainCommands::Tile(bool rows) {
     QList<QMdiSubWindow*> tiles;
     for (QMdiSubWindow* window : parts_.window.Area().subWindowList()) {
         if (!window->isHidden() && !window->isMinimized()) {
@@ -140,22 +101,15 @@ void MainCommands::mnuWindowArrangeIcons_Click() {
     }
 }
 
+/// No help file is registered with the program.
 void MainCommands::mnuHelpContents_Click() {
-    ShowNoHelp();
-}
-
-void MainCommands::mnuHelpSearch_Click() {
-    ShowNoHelp();
-}
-
-void MainCommands::ShowNoHelp() {
     parts_.dialogs.ShowBox(
         BoxIcon::Information, parts_.window.windowTitle(),
         u"ﾍﾙﾌﾟの目次を表示できません。 このﾌﾟﾛｼﾞｪｸﾄに関連付けられたﾍﾙﾌﾟが存在しません。"_s);
 }
 
 void MainCommands::mmuIndex_Click() {
-    parts_.showBoardPanel();
+    parts_.guard.Run(parts_.showBoardPanel);
 }
 
 void MainCommands::mnuHelpSub_Click() {
@@ -163,7 +117,7 @@ void MainCommands::mnuHelpSub_Click() {
 }
 
 void MainCommands::mnuHelpAbout_Click() {
-    parts_.showVersionPanel();
+    parts_.guard.Run(parts_.showVersionPanel);
 }
 
 void MainCommands::tbToolBar_ButtonClick(const QString& key) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <variant>
 
 #include "app/child_windows.h"
 #include "app/frmMain.h"
@@ -10,7 +11,7 @@
 
 namespace tolvex {
 
-/// What the main window's menus and bars do, a handler an item.
+/// What the main window's menus and bars do.
 class MainCommands {
   public:
     /// Borrowed.
@@ -27,46 +28,34 @@ class MainCommands {
         std::function<void()> shutDown;
     };
 
+    /// What a menu item may call: a handler below, or what does the work itself.
+    using Command = std::variant<std::monostate, void (MainCommands::*)(), void (FileCommands::*)(),
+                                 void (WriterCommands::*)(), void (ChildWindows::*)()>;
+
     explicit MainCommands(const Parts& parts) : parts_(parts) {}
 
-    void mnuFileOpen_Click();
-    void mnuFileOpenCode_Click();
-    void mnuFileOpenData_Click();
-    void mnuFileSave_Click();
-    void mnuFileSaveAs_Click();
-    void mnuFileSaveAsCode_Click();
-    void mnuFileSaveAsData_Click();
+    /// Commands on files and on the writer run alone; nothing happens while something else runs.
+    void Do(const Command& command);
+
     void mnuFileExit_Click();
     void mmuCominucation_Click();
-    void mmuLEDon_Click();
-    void mmuLEDoff_Click();
     void mnuViewToolbar_Click();
     void mnuViewStatusBar_Click();
     void mnuViewOptions_Click();
-    void mmuWindowReDrow_Click();
-    void mmuOpenSettingWindow_Click();
-    void mmuOpenProgramWindow_Click();
-    void mmuOpenEEpromWindow_Click();
     void mnuWindowCascade_Click();
     void mnuWindowTileHorizontal_Click();
     void mnuWindowTileVertical_Click();
     void mnuWindowArrangeIcons_Click();
     void mnuHelpContents_Click();
-    void mnuHelpSearch_Click();
     void mmuIndex_Click();
     void mnuHelpSub_Click();
     void mnuHelpAbout_Click();
-    void mnuReLoad_Click();
 
     void tbToolBar_ButtonClick(const QString& key);
     void sbStatusBar_PanelClick(int panel);
 
   private:
-    using FileCommand = void (FileCommands::*)();
-
-    void RunFileCommand(FileCommand command);
-    void ShowNoHelp();
-    void TileInRows(bool rows);
+    void Tile(bool rows);
 
     Parts parts_;
 };

@@ -2,10 +2,12 @@
 #include "app/menu_bar.h"
 
 #include <QAction>
+#include <QKeyEvent>
 #include <QMenu>
-#include <functional>
+#include <QMouseEvent>
 
 #include "app/main_commands.h"
+#include "widgets/fonts.h"
 
 namespace tolvex {
 
@@ -23,69 +25,61 @@ enum MenuFlag {
     kWindowList = 64  ///< the open child windows are listed below its items
 };
 
-using Handler = void (MainCommands::*)();
-
 struct MenuRow {
     const char* name;
     QStringView caption;
     int flags = 0;
     QStringView shortcut = {};
-    Handler handler = nullptr;
+    MainCommands::Command command = {};
 };
 
 using C = MainCommands;
+using File = FileCommands;
+using Child = ChildWindows;
 
 // In the order in which they appear; an item belongs to the menu above it.
 constexpr MenuRow kMenuRows[] = {
     {"mnuFile", u"ファイル(&F)", kTop},
     {"mnuFileOpen", u"コード/データファイルを開く(&O)", kExclusive, u"Ctrl+O",
-     &C::mnuFileOpen_Click},
-    {"mnuFileOpenCode", u"コードファイルを開く", kExclusive, {}, &C::mnuFileOpenCode_Click},
-    {"mnuFileOpenData", u"データファイルを開く", kExclusive, {}, &C::mnuFileOpenData_Click},
+     &File::mnuFileOpen_Click},
+    {"mnuFileOpenCode", u"コードファイルを開く", kExclusive, {}, &File::mnuFileOpenCode_Click},
+    {"mnuFileOpenData", u"データファイルを開く", kExclusive, {}, &File::mnuFileOpenData_Click},
     {"mnuFileBarx", {}, kSeparator},
-    {"mnuFileSave", u"上書き保存(&S)", kExclusive, {}, &C::mnuFileSave_Click},
+    {"mnuFileSave", u"上書き保存(&S)", kExclusive, {}, &File::mnuFileSave_Click},
     {"mnuFileBarxxx", {}, kSeparator},
     {"mnuFileSaveAs", u"コード/データファイルを別名で保存(&A)", kExclusive, u"Ctrl+S",
-     &C::mnuFileSaveAs_Click},
+     &File::mnuFileSaveAs_Click},
     {"mnuFileSaveAsCode",
      u"コードファイルを別名で保存",
      kExclusive,
      {},
-     &C::mnuFileSaveAsCode_Click},
+     &File::mnuFileSaveAsCode_Click},
     {"mnuFileSaveAsData",
      u"データファイルを別名で保存",
      kExclusive,
      {},
-     &C::mnuFileSaveAsData_Click},
+     &File::mnuFileSaveAsData_Click},
     {"mnuFileBar2", {}, kSeparator},
     {"mnuFileExit", u"終了(&X)", 0, {}, &C::mnuFileExit_Click},
 
     {"mmuComCheck", u"通信チェック(&C)", kTop},
     {"mmuCominucation", u"COMポート選択(&C)", kExclusive, {}, &C::mmuCominucation_Click},
     {"mnuFileBary", {}, kSeparator | kHidden},
-    {"mmuLEDon", u"ライターのLEDオン(&O)", kHidden | kExclusive, {}, &C::mmuLEDon_Click},
-    {"mmuLEDoff", u"ライターのLEDオフ(&F)", kHidden | kExclusive, {}, &C::mmuLEDoff_Click},
+    {"mmuLEDon", u"ライターのLEDオン(&O)", kHidden | kExclusive, {}, &WriterCommands::LedOn},
+    {"mmuLEDoff", u"ライターのLEDオフ(&F)", kHidden | kExclusive, {}, &WriterCommands::LedOff},
 
     {"mnuView", u"表示(&V)", kTop},
     {"mnuViewToolbar", u"ツールバー(&T)", kChecked, {}, &C::mnuViewToolbar_Click},
     {"mnuViewStatusBar", u"ステータスバー(&B)", kChecked, {}, &C::mnuViewStatusBar_Click},
     {"mnuViewBar2", {}, kSeparator | kHidden},
-    {"mnuViewOptions", u"オプション(&O)...", kHidden, {}, &C::mnuViewOptions_Click},
+    {"mnuViewOptions", u"オプション(&O)...", kHidden | kExclusive, {}, &C::mnuViewOptions_Click},
 
     {"mnuWindow", u"ウインドウ(&W)", kTop | kWindowList},
-    {"mmuWindowReDrow", u"ウインドウの再整列", 0, {}, &C::mmuWindowReDrow_Click},
+    {"mmuWindowReDrow", u"ウインドウの再整列", 0, {}, &Child::OpenAll},
     {"mnuFileBarz", {}, kSeparator},
-    {"mmuOpenSettingWindow", u"設定ウインドウを開く", 0, {}, &C::mmuOpenSettingWindow_Click},
-    {"mmuOpenProgramWindow",
-     u"プログラムメモリウインドウを開く",
-     0,
-     {},
-     &C::mmuOpenProgramWindow_Click},
-    {"mmuOpenEEpromWindow",
-     u"EEPROMデータメモリウインドウを開く",
-     0,
-     {},
-     &C::mmuOpenEEpromWindow_Click},
+    {"mmuOpenSettingWindow", u"設定ウインドウを開く", 0, {}, &Child::OpenSettingWindow},
+    {"mmuOpenProgramWindow", u"プログラムメモリウインドウを開く", 0, {}, &Child::OpenProgramWindow},
+    {"mmuOpenEEpromWindow", u"EEPROMデータメモリウインドウを開く", 0, {}, &Child::OpenEepromWindow},
     {"mnuWindowBar1", {}, kSeparator | kHidden},
     {"mnuWindowCascade", u"重ねて表示(&C)", kHidden, {}, &C::mnuWindowCascade_Click},
     {"mnuWindowTileHorizontal",
@@ -101,19 +95,29 @@ constexpr MenuRow kMenuRows[] = {
     {"mnuWindowArrangeIcons", u"アイコンの整列(&A)", kHidden, {}, &C::mnuWindowArrangeIcons_Click},
 
     {"mnuHelp", u"ヘルプ(&H)", kTop},
-    {"mnuHelpContents", u"目次(&C)", kHidden, {}, &C::mnuHelpContents_Click},
-    {"mnuHelpSearch", u"トピックの検索(&S)...", kHidden, {}, &C::mnuHelpSearch_Click},
+    {"mnuHelpContents", u"目次(&C)", kHidden | kExclusive, {}, &C::mnuHelpContents_Click},
+    {"mnuHelpSearch",
+     u"トピックの検索(&S)...",
+     kHidden | kExclusive,
+     {},
+     &C::mnuHelpContents_Click},
     {"mmuIndex", u"ボードの修正(&8)", kExclusive, {}, &C::mmuIndex_Click},
     {"mnuHelpBar1", {}, kSeparator},
     {"mnuHelpSub", u"ヘルプ(&H)", 0, {}, &C::mnuHelpSub_Click},
     {"mnuHelpAbout", u"バージョン情報(&A)", kExclusive, {}, &C::mnuHelpAbout_Click},
 
-    {"mnuReLoad", u"【HEXファイルの再ロード】(&R)", kOnBar | kExclusive, {}, &C::mnuReLoad_Click},
+    {"mnuReLoad",
+     u"【HEXファイルの再ロード】(&R)",
+     kOnBar | kExclusive,
+     {},
+     &File::mnuReLoad_Click},
 };
 
 }  // namespace
 
 MenuBar::MenuBar(MainCommands& commands, QWidget* parent) : QMenuBar(parent) {
+    setFont(BarFont());
+    connect(this, &QMenuBar::triggered, this, &MenuBar::GiveFocusBack);
     QMenu* menu = nullptr;
     for (const MenuRow& row : kMenuRows) {
         const QString name = QString::fromLatin1(row.name);
@@ -136,11 +140,34 @@ MenuBar::MenuBar(MainCommands& commands, QWidget* parent) : QMenuBar(parent) {
         if ((row.flags & kExclusive) != 0) {
             exclusive_ << action;
         }
-        if (row.handler != nullptr) {
-            connect(action, &QAction::triggered, this,
-                    [&commands, handler = row.handler] { std::invoke(handler, commands); });
-        }
+        // Queued: who presses an item through the accessibility bus gets the answer at once.
+        connect(
+            action, &QAction::triggered, this,
+            [&commands, command = row.command] { commands.Do(command); }, Qt::QueuedConnection);
         (row.flags & kOnBar) != 0 ? addAction(action) : menu->addAction(action);
+    }
+}
+
+/// Qt marks a menu without opening it when the mouse passes.
+void MenuBar::FocusFirst() {
+    before_ = window()->focusWidget();
+    setFocus(Qt::MenuBarFocusReason);
+    const QPointF place = actionGeometry(actions().first()).center();
+    QMouseEvent pass(QEvent::MouseMove, place, mapToGlobal(place), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
+    mouseMoveEvent(&pass);
+}
+
+void MenuBar::GiveFocusBack() {
+    if (hasFocus() && before_) {
+        before_->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void MenuBar::keyPressEvent(QKeyEvent* event) {
+    QMenuBar::keyPressEvent(event);
+    if (event->key() == Qt::Key_Escape) {
+        GiveFocusBack();
     }
 }
 

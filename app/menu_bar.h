@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMenuBar>
+#include <QPointer>
 
 namespace tolvex {
 
@@ -18,10 +19,18 @@ class MenuBar : public QMenuBar {
 
     /// While an operation runs, the items that would start another one are disabled.
     void SetBusy(bool busy);
+    /// The first menu is marked and takes the keyboard focus; Esc gives it back.
+    void FocusFirst();
     QMenu* WindowMenu() const { return windowMenu_; }
 
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
   private:
+    void GiveFocusBack();
+
     QMenu* windowMenu_ = nullptr;
+    QPointer<QWidget> before_;  ///< had the focus before the menus
     QList<QAction*> exclusive_;
 };
 

@@ -4,7 +4,11 @@
 #include <QDate>
 #include <QDateTime>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
+#include <algorithm>
+
+#include "widgets/fonts.h"
 
 namespace tolvex {
 
@@ -28,13 +32,14 @@ StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
         {u"日付"_s, 0, 24},      {u"通信ポート"_s, 0, 40},
     };
     setObjectName(u"sbStatusBar"_s);
+    setFont(BarFont());
     setAccessibleName(u"ステータスバー"_s);
     for (int i = 0; i < kPanels; ++i) {
-        auto* label = new FittedLabel(this);
+        auto* label = new FittedLabel(rows[i].spoken, this);
         label->setObjectName(u"Panel%1"_s.arg(i + 1));
-        label->setAccessibleName(rows[i].spoken);
         label->setFrameStyle(QFrame::Panel | QFrame::Sunken);
         label->setMargin(2);
+        label->setFocusPolicy(Qt::TabFocus);
         label->setMinimumWidth(rows[i].leastWidth);
         label->setSizePolicy(rows[i].stretch > 0 ? QSizePolicy::Ignored : QSizePolicy::Fixed,
                              QSizePolicy::Preferred);
@@ -68,13 +73,54 @@ void StatusBar::ShowDate() {
     midnight_.start(static_cast<int>(std::min(toMidnight + 1, kHour)));
 }
 
+void StatusBar::FocusFirst() {
+    Panel(1)->setFocus(Qt::OtherFocusReason);
+}
+
+/// The arrow keys and a click by key; false for any other key.
+bool StatusBar::HandleKey(int panel, int key) {
+    switch (key) {
+        case Qt::Key_Left:
+        case Qt::Key_Right: {
+            const int next = panel + (key == Qt::Key_Right ? 1 : -1);
+            Panel(std::clamp(next, 1, kPanels))->setFocus(Qt::OtherFocusReason);
+            return true;
+        }
+        case Qt::Key_Space:
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            Q_EMIT PanelClicked(panel);
+            return true;
+        default:
+            return false;
+    }
+}
+
 bool StatusBar::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::MouseButtonRelease &&
-        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
-        for (int panel = 1; panel <= kPanels; ++panel) {
-            if (Panel(panel) == watched) {
-                Q_EMIT PanelClicked(panel);
+    const auto found = std::find(panels_.begin(), panels_.end(), watched);
+    if (found != panels_.end()) {
+        const int panel = static_cast<int>(found - panels_.begin()) + 1;
+        switch (event->type()) {
+            case QEvent::MouseButtonRelease:
+                if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+                    Q_EMIT PanelClicked(panel);
+                }
+                break;
+            case QEvent::KeyPress:
+                if (HandleKey(panel, static_cast<QKeyEvent*>(event)->key())) {
+                    return true;
+                }
+                break;
+            case QEvent::FocusIn:
+            case QEvent::FocusOut: {
+                const bool marked = event->type() == QEvent::FocusIn;
+                (*found)->setAutoFillBackground(marked);
+                (*found)->setBackgroundRole(marked ? QPalette::Highlight : QPalette::NoRole);
+                (*found)->setForegroundRole(marked ? QPalette::HighlightedText : QPalette::NoRole);
+                break;
             }
+            default:
+                break;
         }
     }
     return QStatusBar::eventFilter(watched, event);

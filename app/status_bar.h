@@ -10,6 +10,8 @@
 namespace tolvex {
 
 /// The main window's status bar: five panels, the fourth of which shows today's date by itself.
+/// They can have the keyboard focus; then the arrow keys go from one to the next, and Space or
+/// Enter is a click.
 class StatusBar : public QStatusBar {
     Q_OBJECT
 
@@ -19,6 +21,8 @@ class StatusBar : public QStatusBar {
     /// `panel` is 1 to 5. Kept, and shown later, while the bar is hidden.
     void SetPanelText(int panel, const QString& text);
     QString PanelText(int panel) const;
+    /// The first panel takes the keyboard focus.
+    void FocusFirst();
 
   Q_SIGNALS:
     void PanelClicked(int panel);
@@ -30,6 +34,7 @@ class StatusBar : public QStatusBar {
     static constexpr int kPanels = 5;
 
     FittedLabel* Panel(int panel) const;
+    bool HandleKey(int panel, int key);
     void ShowDate();
 
     std::array<FittedLabel*, kPanels> panels_;

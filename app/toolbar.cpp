@@ -4,6 +4,8 @@
 #include <QIcon>
 #include <QToolButton>
 
+#include "widgets/fonts.h"
+
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -35,6 +37,7 @@ Toolbar::Toolbar(QWidget* parent) : QToolBar(parent) {
         {u"ComSelect"_s, u"COM選択"_s, QString(), 0},
     };
     setObjectName(u"tbToolBar"_s);
+    setFont(BarFont());
     setAccessibleName(u"ツールバー"_s);
     setWindowTitle(u"ツールバー"_s);
     setMovable(false);

@@ -4,11 +4,13 @@
 #include <QApplication>
 #include <QMenu>
 
+#include "app/focus_round.h"
 #include "app/frmAbout.h"
 #include "app/frmIndex.h"
 #include "base/product.h"
 #include "base/settings_keys.h"
 #include "link/frmCom.h"
+#include "widgets/modal.h"
 
 namespace tolvex {
 
@@ -46,38 +48,74 @@ WindowProgram::WindowProgram(const Parts& parts)
       menus_(new MenuBar(commands_, &window_)) {
     window_.setMenuBar(menus_);
     setting_->PlacePatchFrame(modify_);
+    new FocusRound(window_, *menus_);
     ConnectBars();
     ConnectSettingWindow();
 }
 
+// Whatever may take its time is queued: who presses a button through the accessibility bus gets the
+// answer at once.
 void WindowProgram::ConnectBars() {
-    connect(&window_.Tools(), &Toolbar::ButtonClicked, this,
-            [this](const QString& key) { commands_.tbToolBar_ButtonClick(key); });
-    connect(&window_.Panels(), &StatusBar::PanelClicked, this,
-            [this](int panel) { commands_.sbStatusBar_PanelClick(panel); });
+    connect(
+        &window_.Tools(), &Toolbar::ButtonClicked, this,
+        [this](const QString& key) { commands_.tbToolBar_ButtonClick(key); }, Qt::QueuedConnection);
+    connect(
+        &window_.Panels(), &StatusBar::PanelClicked, this,
+        [this](int panel) { commands_.sbStatusBar_PanelClick(panel); }, Qt::QueuedConnection);
     connect(menus_->WindowMenu(), &QMenu::aboutToShow, this, &WindowProgram::ListWindows);
     connect(&window_, &frmMain::Closing, this, &WindowProgram::ShutDown);
-    connect(&window_, &frmMain::FileDropped, this, [this](const QString& path) {
-        guard_.Run([this, path] { bench_.files.OpenDropped(path); });
-    });
+    // Queued, too: the program that the files are dragged from waits for the end of the drop.
+    connect(
+        &window_, &frmMain::FilesDropped, this,
+        [this](const QStringList& paths) {
+            guard_.Run([this, paths] { bench_.files.OpenDropped(paths); });
+        },
+        Qt::QueuedConnection);
 }
 
 void WindowProgram::ConnectSettingWindow() {
     connect(setting_, &frmSetting::DeviceChosen, this, [this](int index) {
-        guard_.Run([this, index] { bench_.selection.SelectDevice(index); });
+        guard_.RunAtOnce([this, index] { bench_.selection.SelectDevice(index); });
     });
-    connect(setting_, &frmSetting::FuseReadClicked, this,
-            [this] { guard_.Run([this] { bench_.lockFuse.cmdFuseRead_Click(); }); });
-    connect(setting_, &frmSetting::FuseWriteClicked, this,
-            [this] { guard_.Run([this] { bench_.lockFuse.cmdFuseWrite_Click(); }); });
+    connect(
+        setting_, &frmSetting::FuseReadClicked, this,
+        [this] { guard_.Run([this] { bench_.lockFuse.cmdFuseRead_Click(); }); },
+        Qt::QueuedConnection);
+    connect(
+        setting_, &frmSetting::FuseWriteClicked, this,
+        [this] { guard_.Run([this] { bench_.lockFuse.cmdFuseWrite_Click(); }); },
+        Qt::QueuedConnection);
 }
 
+/// What runs is alone: nothing that could start a second exchange, or change the images, the lists
+/// or the failure flag under it, takes input until it has ended. Then all comes back, with the
+/// keyboard focus where it was.
 void WindowProgram::SetBusy(bool busy) {
-    window_.Tools().setEnabled(!busy);
+    if (busy) {
+        focus_ = window_.focusWidget();
+        while (QWidget* popup = QApplication::activePopupWidget()) {
+            popup->hide();  // its items would still do what they say
+        }
+    } else if (!parts_.clock.Ended()) {
+        QCoreApplication::processEvents();  // keys typed ahead meet disabled controls
+    }
+    window_.SetBusy(busy);
     menus_->SetBusy(busy);
-    setting_->SetBusy(busy);
-    modify_->SetBusy(busy);
+    setting_->setEnabled(!busy);
     messages_.SetBusy(busy);
+    if (!busy) {
+        GiveFocusBack();
+    }
+}
+
+/// Unless the person has taken the focus elsewhere meanwhile.
+void WindowProgram::GiveFocusBack() {
+    const QWidget* now = window_.focusWidget();
+    const bool taken = now != nullptr && now->isVisible() && now->isEnabled() &&
+                       !now->isAncestorOf(focus_) && now != &window_;
+    if (!taken && focus_ && focus_->isVisible()) {
+        focus_->setFocus(Qt::OtherFocusReason);
+    }
 }
 
 bool WindowProgram::Start() {
@@ -92,7 +130,7 @@ bool WindowProgram::Start() {
 }
 
 void WindowProgram::MDIForm_Load() {
-    window_.RestoreGeometry(parts_.settings);
+    window_.TakeStoredPlace(parts_.settings);
     children_.ShowAll(parts_.settings);
     window_.show();
     if (GetNumber(parts_.settings, keys::IndexFirstFlag) == 0) {
@@ -102,22 +140,26 @@ void WindowProgram::MDIForm_Load() {
 }
 
 void WindowProgram::ShutDown() {
-    if (parts_.clock.Ended()) {
-        return;
+    if (!parts_.clock.Ended()) {
+        MDIForm_QueryUnload();
+        MDIForm_Unload();
     }
+}
+
+void WindowProgram::StoreLayout() {
     MDIForm_QueryUnload();
-    MDIForm_Unload();
+    window_.StorePlace(parts_.settings);
 }
 
 void WindowProgram::MDIForm_QueryUnload() {
     if (!window_.isMinimized()) {
-        children_.SaveGeometry(parts_.settings);
+        children_.StorePlaces(parts_.settings);
     }
 }
 
 void WindowProgram::MDIForm_Unload() {
     bench_.listings.Retire();
-    window_.SaveGeometry(parts_.settings);
+    window_.StorePlace(parts_.settings);
     bench_.connection.ClosePort();
     parts_.clock.End();
     messages_.Retire();
@@ -129,17 +171,17 @@ void WindowProgram::ShowPortDialog() {
     frmCom dialog(bench_.portSelection, PortToolTips(), &window_);
     dialog.adjustSize();
     dialog.move(DialogPlace(dialog.size()));
-    dialog.exec();
+    ExecModal(dialog);
 }
 
 void WindowProgram::ShowBoardPanel() {
     frmIndex panel(&window_);
-    panel.exec();
+    ExecModal(panel);
 }
 
 void WindowProgram::ShowVersionPanel() {
     frmAbout panel(&window_);
-    panel.exec();
+    ExecModal(panel);
 }
 
 /// Lists the open child windows below the menu's own items, the active one marked.
@@ -153,7 +195,7 @@ void WindowProgram::ListWindows() {
     QAction* separator = menu.addSeparator();
     separator->setProperty("listed", true);
     int number = 0;
-    for (QMdiSubWindow* child : window_.Area().subWindowList()) {
+    for (const QPointer<QMdiSubWindow> child : window_.Area().subWindowList()) {
         if (child->isHidden()) {
             continue;
         }
@@ -161,6 +203,9 @@ void WindowProgram::ListWindows() {
         caption.replace(u'&', u"&&"_s);
         QAction* action =
             menu.addAction(u"&%1 %2"_s.arg(++number).arg(caption), this, [this, child] {
+                if (child.isNull()) {
+                    return;  // closed since it was listed
+                }
                 if (child->isMinimized()) {
                     child->showNormal();
                 }
@@ -175,7 +220,7 @@ void WindowProgram::ListWindows() {
 /// Centred over the Flash listing sideways and over the main window's inside up and down.
 QPoint WindowProgram::DialogPlace(QSize dialog) const {
     const QWidget* inside = window_.centralWidget();
-    const QPoint offset((children_.ListingSize().width() - dialog.width()) / 2,
+    const QPoint offset((children_.ListingWidth() - dialog.width()) / 2,
                         (inside->height() - dialog.height()) / 2);
     return inside->mapToGlobal(offset);
 }

@@ -45,6 +45,8 @@ class WindowProgram : public QObject {
     /// Saves the layout, deletes the listings, closes the port and every window, and ends the event
     /// loop. What waits for the writer gives up at once.
     void ShutDown();
+    /// Saves where the windows stand, unless the main window is minimised.
+    void StoreLayout();
 
     frmMain& Window() { return window_; }
     Workbench& Bench() { return bench_; }
@@ -53,6 +55,8 @@ class WindowProgram : public QObject {
     void ConnectBars();
     void ConnectSettingWindow();
     void SetBusy(bool busy);
+
+    void GiveFocusBack();
 
     void MDIForm_Load();
     void MDIForm_QueryUnload();
@@ -74,7 +78,8 @@ class WindowProgram : public QObject {
     frmModify* modify_;  ///< owned by the settings window
     RunGuard guard_;
     MainCommands commands_;
-    MenuBar* menus_;  ///< owned by the window
+    MenuBar* menus_;           ///< owned by the window
+    QPointer<QWidget> focus_;  ///< of the window when the running operation began
 };
 
 }  // namespace tolvex

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <array>
 #include <cstdint>
 
 namespace tolvex {
@@ -16,6 +17,9 @@ struct DeviceRecord {
     std::int32_t flashWords = 0;  ///< 16-bit words
     std::int32_t eepromBytes = 0;
     FuseGroup fuseGroup = FuseGroup::LockOnly;
+    /// In the order in which the writer gives it: family, size code, vendor. Two rows may share
+    /// one.
+    std::array<std::uint8_t, 3> signature{};
 };
 
 /// What is selected: a copy of its row. Name and sizes are empty until the first selection.

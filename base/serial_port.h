@@ -9,12 +9,10 @@ namespace tolvex {
 /// COM1 to COM20.
 inline constexpr int kComPortCount = 20;
 
-/// The line as the writer board wants it: "19200,n,8,1", no flow control, RTS on while open. What
-/// no caller ever varies (parity, bits, flow control) is the port's own business.
+/// What a caller chooses. The line itself is always as the writer board wants it: "19200,n,8,1", no
+/// flow control, RTS on while open.
 struct PortSettings {
     int number = 1;  ///< 1 to 20, meaning COM1 to COM20
-    int baud = 19200;
-    bool rts = true;
 };
 
 /// One serial port. Nothing blocks; failures are return values. A port whose far end goes away
@@ -33,7 +31,8 @@ class SerialPort {
     virtual void Close() = 0;
     virtual bool IsOpen() const = 0;
 
-    /// Received bytes waiting; 0 while closed.
+    /// Received bytes waiting; 0 while closed. A port may drop what comes beyond its buffer, which
+    /// holds far more than the longest reply, from the end.
     virtual int InputCount() const = 0;
     /// Empties the receive buffer; allowed while closed.
     virtual void DiscardInput() = 0;

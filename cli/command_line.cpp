@@ -6,8 +6,6 @@
 
 #include "base/product.h"
 #include "cli/command.h"
-#include "cli/device_choice.h"
-#include "cli/port_choice.h"
 
 namespace tolvex {
 
@@ -15,49 +13,71 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QList<QCommandLineOption> CommonOptionList() {
-    return {
-        {u"port"_s, u"ポート番号かデバイスのパス。省略すると保存済みのポート。"_s, u"COM5|PATH"_s},
-        {u"device"_s, u"デバイス名。省略すると保存済みのデバイス。"_s, u"NAME"_s},
+constexpr auto kPortVariable = "TOLVEX_PORT";
+constexpr auto kDeviceVariable = "TOLVEX_DEVICE";
+
+const QList<QCommandLineOption>& CommonOptionList() {
+    static const QList<QCommandLineOption> kOptions = {
+        {u"port"_s,
+         u"ポート番号かデバイスのパス。省略すると環境変数 TOLVEX_PORT、なければ保存済みのポート。"_s,
+         u"COM5|PATH"_s},
+        {u"device"_s,
+         u"デバイス名。省略すると環境変数 TOLVEX_DEVICE、なければ保存済みのデバイス。"_s,
+         u"NAME"_s},
         {u"json"_s, u"結果を JSON で出力する。"_s},
         {u"trace"_s, u"シリアル通信の全バイトを FILE に記録する。"_s, u"FILE"_s},
-        {u"quiet"_s, u"経過を表示しない。"_s},
+        {u"quiet"_s, u"経過を表示しない。原因と相違は表示する。"_s},
+        {{u"h"_s, u"help"_s}, u"この説明を表示する。"_s},
+        {{u"v"_s, u"version"_s}, u"バージョンを表示する。"_s},
     };
+    return kOptions;
 }
 
 /// The run of one command line.
 class CommandLine {
   public:
     CommandLine(const QStringList& arguments, const CliSurroundings& around)
-        : arguments_(arguments), around_(around), commands_(AllCommands()) {}
+        : arguments_(arguments), around_(around), report_{{u"command"_s, QString()}} {}
 
     int Run() {
+        int status = Carry();
+        if (json_) {
+            report_[u"exitStatus"_s] = status;
+            around_.console.Print(
+                QString::fromUtf8(QJsonDocument(report_).toJson(QJsonDocument::Compact)));
+        }
+        if (around_.console.Lost() && status == kDone) {
+            status = kOutputLost;
+            around_.console.Complain(u"tolvex-cli: 出力を書けません。"_s);
+        }
+        return status;
+    }
+
+  private:
+    int Carry() {
+        json_ = arguments_.contains(u"--json"_s);
         FindCommand();
         parser_.setApplicationDescription(product::Description());
-        const QCommandLineOption help(QStringList{u"h"_s, u"help"_s}, u"この説明を表示する。"_s);
-        const QCommandLineOption version(QStringList{u"v"_s, u"version"_s},
-                                         u"バージョンを表示する。"_s);
-        parser_.addOptions({help, version});
         parser_.addOptions(CommonOptionList());
         if (command_) {
-            parser_.addOptions(command_->Face().options);
+            parser_.addOptions(command_->options);
         }
         const bool understood = parser_.parse(arguments_);
-        if (parser_.isSet(version)) {
-            around_.console.Print(u"tolvex-cli "_s + product::VersionText());
-            return kDone;
+        if (parser_.isSet(u"version"_s)) {
+            return Answer("version", u"tolvex-cli "_s + product::VersionText());
         }
-        if (parser_.isSet(help)) {
-            around_.console.Print(Help());
-            return kDone;
+        if (parser_.isSet(u"help"_s)) {
+            return Answer("help", Help());
         }
         if (!understood) {
             return Refuse(WrongOption());
         }
+        if (!arguments_.filter(QChar(QChar::ReplacementCharacter)).isEmpty()) {
+            return Refuse(u"引数が UTF-8 ではありません。"_s);  // another name would come out
+        }
         return command_ ? RunCommand() : Refuse(MissingCommand());
     }
 
-  private:
     /// The first word that is neither an option nor an option's value.
     void FindCommand() {
         QCommandLineParser first;
@@ -66,9 +86,17 @@ class CommandLine {
         first.addOptions(CommonOptionList());
         first.parse(arguments_);
         name_ = first.positionalArguments().value(0);
-        const auto found = std::ranges::find_if(
-            commands_, [this](const auto& command) { return command->Face().name == name_; });
-        command_ = found == commands_.end() ? nullptr : found->get();
+        report_[u"command"_s] = name_;
+        const auto found = std::ranges::find(CommandRows(), name_, &CommandRow::name);
+        command_ = found == CommandRows().end() ? nullptr : &*found;
+    }
+
+    int Answer(const char* key, const QString& text) {
+        report_[QString::fromLatin1(key)] = text;
+        if (!json_) {
+            around_.console.Print(text);
+        }
+        return kDone;
     }
 
     QString WrongOption() const {
@@ -82,80 +110,88 @@ class CommandLine {
                                : u"知らないコマンドです: %1"_s.arg(name_);
     }
 
+    static QString Usage(const CommandRow& command) {
+        return (command.name + u' ' + command.arguments).trimmed();
+    }
+
     QString Help() {
         if (command_) {
-            const CommandFace& face = command_->Face();
-            parser_.setApplicationDescription(face.summary);
-            parser_.addPositionalArgument(face.name, face.summary,
-                                          (face.name + u' ' + face.arguments).trimmed());
+            parser_.setApplicationDescription(command_->summary);
+            parser_.addPositionalArgument(command_->name, command_->summary, Usage(*command_));
             return parser_.helpText().trimmed();
         }
         parser_.addPositionalArgument(u"command"_s, u"下のコマンド"_s, u"COMMAND …"_s);
         QString text = parser_.helpText().trimmed() + u"\n\nCommands:"_s;
-        for (const auto& command : commands_) {
-            const CommandFace& face = command->Face();
-            const QString usage = (face.name + u' ' + face.arguments).trimmed();
-            text += u"\n  %1 %2"_s.arg(usage.leftJustified(26), face.summary);
+        for (const CommandRow& command : CommandRows()) {
+            text += u"\n  %1 %2"_s.arg(Usage(command).leftJustified(26), command.summary);
         }
         return text;
     }
 
     int RunCommand() {
-        const CommandFace& face = command_->Face();
         const QStringList words = parser_.positionalArguments().mid(1);
-        if (words.size() < face.least || words.size() > face.most) {
-            return Refuse(u"使い方: tolvex-cli %1 %2"_s.arg(face.name, face.arguments).trimmed());
+        if (words.size() < command_->least || words.size() > command_->most) {
+            return Refuse(u"使い方: tolvex-cli %1"_s.arg(Usage(*command_)));
         }
         CommonOptions options;
-        const QString wrong = Read(options);
+        options.outputTaken = command_->run == Read && words.contains(u"-"_s);
+        const QString wrong = ReadOptions(options);
         if (!wrong.isEmpty()) {
             return Refuse(wrong);
         }
-        Session session(around_, options, face.name);
-        return session.Finish(session.OpenTrace() ? command_->Run(session, {words, parser_})
-                                                  : int{kWrongUse});
+        Session session(around_, options, name_);
+        const int traced = session.OpenTrace();
+        const int status =
+            session.Finish(traced == kDone ? command_->run(session, {words, parser_}) : traced);
+        report_ = session.Report();
+        return status;
+    }
+
+    /// The option's value, or else the environment's; `from` becomes the name of what gave it.
+    QString ValueOf(const char* option, const char* variable, QString& from) const {
+        const QString name = QString::fromLatin1(option);
+        from = parser_.isSet(name) ? u"--"_s + name : QString::fromLatin1(variable);
+        return parser_.isSet(name) ? parser_.value(name) : qEnvironmentVariable(variable);
     }
 
     /// Empty when all is well, else what is wrong.
-    QString Read(CommonOptions& options) const {
-        options.json = parser_.isSet(u"json"_s);
+    QString ReadOptions(CommonOptions& options) const {
+        QString from;
+        options.json = json_;
         options.quiet = parser_.isSet(u"quiet"_s);
         options.trace = parser_.value(u"trace"_s);
-        if (parser_.isSet(u"port"_s)) {
-            options.port = ChoosePort(parser_.value(u"port"_s), around_.comPorts);
+        const QString port = ValueOf("port", kPortVariable, from);
+        if (!port.isEmpty() || parser_.isSet(u"port"_s)) {
+            options.port = ChoosePort(port, around_.comPorts);
             if (!options.port) {
-                return u"ポートは COM1 から COM20 か、デバイスのパスです: %1"_s.arg(
-                    parser_.value(u"port"_s));
+                return u"%1: ポートは COM1 から COM20 か、デバイスのパスです: %2"_s.arg(from, port);
             }
         }
-        if (parser_.isSet(u"device"_s)) {
-            options.device = ChooseDevice(parser_.value(u"device"_s));
+        const QString device = ValueOf("device", kDeviceVariable, from);
+        if (!device.isEmpty() || parser_.isSet(u"device"_s)) {
+            options.device = ChooseDevice(device);
             if (!options.device) {
-                return u"知らないデバイスです: %1"_s.arg(parser_.value(u"device"_s));
+                return u"%1: 知らないデバイスです: %2"_s.arg(from, device);
             }
         }
-        return {};
+        return options.json && options.outputTaken ? u"--json と標準出力の - は一緒に使えません。"_s
+                                                   : QString();
     }
 
     int Refuse(const QString& reason) {
         around_.console.Complain(u"tolvex-cli: "_s + reason);
-        if (arguments_.contains(u"--json"_s)) {
-            const QJsonObject report{
-                {u"command"_s, name_},
-                {u"error"_s, QJsonObject{{u"code"_s, u"wrongUse"_s}, {u"message"_s, reason}}},
-                {u"exitStatus"_s, kWrongUse}};
-            around_.console.Print(
-                QString::fromUtf8(QJsonDocument(report).toJson(QJsonDocument::Compact)));
-        }
+        report_[u"error"_s] = QJsonObject{{u"code"_s, QString::fromLatin1(cause::WrongUse.code)},
+                                          {u"message"_s, reason}};
         return kWrongUse;
     }
 
     QStringList arguments_;
     CliSurroundings around_;
-    std::vector<std::unique_ptr<CliCommand>> commands_;
     QCommandLineParser parser_;
     QString name_;
-    CliCommand* command_ = nullptr;
+    const CommandRow* command_ = nullptr;
+    bool json_ = false;
+    QJsonObject report_;
 };
 
 }  // namespace

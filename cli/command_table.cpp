@@ -1,34 +1,47 @@
 // SPDX-License-Identifier: MIT
-#include "cli/check_command.h"
+#include <limits>
+
 #include "cli/command.h"
-#include "cli/detect_command.h"
-#include "cli/devices_command.h"
-#include "cli/doctor_command.h"
-#include "cli/erase_command.h"
-#include "cli/fuses_command.h"
-#include "cli/lock_command.h"
-#include "cli/ports_command.h"
-#include "cli/program_command.h"
-#include "cli/read_command.h"
-#include "cli/verify_command.h"
 
 namespace tolvex {
 
-namespace {
+using namespace Qt::StringLiterals;
 
-template <typename... Commands>
-std::vector<std::unique_ptr<CliCommand>> Made() {
-    std::vector<std::unique_ptr<CliCommand>> commands;
-    (commands.push_back(std::make_unique<Commands>()), ...);
-    return commands;
-}
-
-}  // namespace
-
-std::vector<std::unique_ptr<CliCommand>> AllCommands() {
-    return Made<DetectCommand, ProgramCommand, VerifyCommand, ReadCommand, EraseCommand,
-                FusesCommand, LockCommand, CheckCommand, PortsCommand, DevicesCommand,
-                DoctorCommand>();
+std::span<const CommandRow> CommandRows() {
+    static const QCommandLineOption kForce(
+        u"force"_s,
+        u"シグネチャの合わないチップや、誤りがあってもデータのある HEX ファイルで続ける。"_s);
+    static const QCommandLineOption kBackup(
+        u"backup"_s, u"先にチップの内容を DIR に日付つきの HEX ファイルで保存する。"_s, u"DIR"_s);
+    static const QCommandLineOption kOnly(
+        u"only"_s, u"flash か eeprom だけを対象にする。もう一方の内容は変えない。"_s,
+        u"flash|eeprom"_s);
+    static const QCommandLineOption kKeepEeprom(u"keep-eeprom"_s,
+                                                u"EEPROM を先に読み、同じ内容を書き戻す。"_s);
+    static const QCommandLineOption kOverwrite(u"overwrite"_s, u"既にあるファイルを置き換える。"_s);
+    static const QString kFiles = u"CODE [DATA]"_s;
+    constexpr int kAny = std::numeric_limits<int>::max();
+    // clang-format off
+    static const CommandRow kRows[] = {
+        {u"detect"_s, {}, 0, 0, u"ライタとチップを調べる。"_s, {}, Detect},
+        {u"program"_s, kFiles, 1, 2, u"消去・書き込み・ベリファイをする（Program ボタン）。"_s,
+         {kForce, kOnly, kKeepEeprom, kBackup}, Program},
+        {u"verify"_s, kFiles, 1, 2, u"チップ全体をファイルと比べる（Verify ボタン）。"_s,
+         {kForce, kOnly}, Verify},
+        {u"read"_s, kFiles, 1, 2, u"チップ全体を読んでファイルに書く（Read ボタン）。"_s,
+         {kForce, kOnly, kOverwrite}, Read},
+        {u"erase"_s, {}, 0, 0, u"Flash・EEPROM・ロックビットを消去する（Erase ボタン）。"_s,
+         {kForce, kBackup}, Erase},
+        {u"fuses"_s, u"[NAME=VALUE…]"_s, 0, kAny, u"Lock/Fuse ビットを読む、または書く。"_s, {}, Fuses},
+        {u"lock"_s, u"MODE"_s, 1, 1,
+         u"ロックビットを書く: full (書込み & ベリファイ 禁止)、write (書込み禁止)、none。"_s, {}, Lock},
+        {u"check"_s, u"FILE…"_s, 1, kAny, u"HEX ファイルを厳密に調べる。"_s, {}, Check},
+        {u"ports"_s, {}, 0, 0, u"COM ポートの一覧を表示する。"_s, {}, ListPorts},
+        {u"devices"_s, {}, 0, 0, u"デバイスの一覧を表示する。"_s, {}, ListDevices},
+        {u"doctor"_s, {}, 0, 0, u"ポートが使えない原因と、直すコマンドを示す。"_s, {}, Doctor},
+    };
+    // clang-format on
+    return kRows;
 }
 
 }  // namespace tolvex

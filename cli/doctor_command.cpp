@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "cli/doctor_command.h"
-
+// Finds out why a port does not work, and says how to mend it.
 #include <QFileInfo>
 #include <algorithm>
 #include <vector>
 
+#include "cli/command.h"
 #include "platform/settings_file.h"
 
 namespace tolvex {
@@ -19,13 +19,14 @@ constexpr int kSamples = 15;
 /// The question and its two bytes take 1.6 ms on the wire, and an adapter that polls once a
 /// millisecond adds two. Adapters that hold bytes back do so for 16 ms.
 constexpr Milliseconds kSlow{8};
+/// Seconds after which every board has started.
+constexpr double kBoardStart = 2;
 
 /// What is wrong with the port, and what mends it.
 struct Diagnosis {
-    ExitStatus status;
-    const char* code;
+    Cause cause;
     QString text;
-    QString command;
+    QString command;  ///< only what is needed
 };
 
 /// The system lists these whether something hangs on them or not.
@@ -39,40 +40,47 @@ Diagnosis Missing(Session& session) {
     for (const ComPort& other : session.Ports().All()) {
         if (other.present && other.devicePath != path && !IsBoardPort(other.devicePath)) {
             const QString folder = ConfigFolder() + u"/ports"_s;
-            return {kNoPort, "missing",
+            return {cause::PortMissing,
                     u"%1 はありません。%2 があります。"_s.arg(path, other.devicePath),
                     u"mkdir -p '%1' && ln -sfn %2 '%1/com%3'"_s.arg(folder, other.devicePath)
                         .arg(session.PortNumber())};
         }
     }
-    return {kNoPort, "missing",
+    return {cause::PortMissing,
             u"%1 はありません。アダプタを挿し直し、認識されたか調べてください。"_s.arg(path),
             u"ls -l /dev/ttyUSB* /dev/ttyACM*"_s};
 }
 
 Diagnosis Forbidden(const QString& path, const PortFacts& facts) {
-    const bool byGroup = !facts.group.isEmpty() && facts.group != u"root"_s;
-    return {kNoPort, "noPermission",
-            u"%1 を使う権限がありません。実行後、ログインし直してください。"_s.arg(path),
-            byGroup ? u"sudo usermod -aG %1 $USER"_s.arg(facts.group)
-                    : u"sudo chmod a+rw %1"_s.arg(path)};
+    const QString text = u"%1 を使う権限がありません。"_s.arg(path);
+    if (facts.group.isEmpty() || facts.group == u"root"_s) {
+        return {cause::PortForbidden, text, u"sudo chmod a+rw %1"_s.arg(path)};
+    }
+    if (facts.member) {
+        return {
+            cause::PortForbidden,
+            text + u"グループ %1 には登録済みです。ログインし直してください。"_s.arg(facts.group),
+            u"newgrp %1"_s.arg(facts.group)};
+    }
+    return {cause::PortForbidden, text + u"実行後、ログインし直してください。"_s,
+            u"sudo usermod -aG %1 $USER"_s.arg(facts.group)};
 }
 
 Diagnosis Busy(const QString& path, const PortFacts& facts, const QString& reason) {
     if (facts.holderProcess != 0) {
-        return {kNoPort, "inUse",
+        return {cause::PortBusy,
                 u"%1 は %2 (PID %3) が使っています。"_s.arg(path, facts.holder)
                     .arg(facts.holderProcess),
                 u"kill %1"_s.arg(facts.holderProcess)};
     }
-    return {kNoPort, "inUse", u"%1 を開けません: %2"_s.arg(path, reason),
+    return {cause::PortBusy, u"%1 を開けません: %2"_s.arg(path, reason),
             u"sudo fuser -k %1"_s.arg(path)};
 }
 
 Diagnosis Slow(const QString& path) {
     const QString name =
         QFileInfo(QFileInfo(path).exists() ? QFileInfo(path).canonicalFilePath() : path).fileName();
-    return {kRefused, "highLatency", u"応答が遅すぎます。アダプタの待ち時間を短くしてください。"_s,
+    return {cause::HighLatency, u"応答が遅すぎます。アダプタの待ち時間を短くしてください。"_s,
             name.startsWith(u"ttyUSB"_s)
                 ? u"echo 1 | sudo tee /sys/bus/usb-serial/devices/%1/latency_timer"_s.arg(name)
                 : u"sudo setserial %1 low_latency"_s.arg(path)};
@@ -84,15 +92,35 @@ std::optional<Milliseconds> RoundTrip(Session& session) {
     for (int sample = 0; sample < kSamples; ++sample) {
         QString version;
         ErrorFlag flag;
-        const auto start = session.Clock().Now();
+        const auto start = session.Now();
         session.Bench().commands.ReadSoftwareVersion(version, flag);
         if (flag.Failed()) {
             return std::nullopt;
         }
-        samples.push_back(session.Clock().Now() - start);
+        samples.push_back(session.Now() - start);
     }
     std::ranges::nth_element(samples, samples.begin() + kSamples / 2);
     return samples[kSamples / 2];
+}
+
+/// A board that the opening of the port has reset listens to its boot loader first.
+Diagnosis StartedLate(const QString& path) {
+    return {cause::StartedLate,
+            u"ポートを開いたときにボードがリセットされ、起動が遅れました。"
+            "ボードの RESET と GND の間に 10 µF のコンデンサを入れてください。"_s,
+            u"tolvex-cli --port %1 detect"_s.arg(path)};
+}
+
+Diagnosis Silent(const QString& path) {
+    return {
+        cause::WriterSilent,
+        u"ポートは開けますが、ライタが応答しません。電源とケーブルを確認してください。"
+        "自作のライタなら、ファームウエアを書き込んだか、RESET に 10 µF のコンデンサがあるかも確認してください。"_s,
+        u"tolvex-cli --port %1 --trace trace.txt detect"_s.arg(path)};
+}
+
+bool FindWriter(Session& session) {
+    return static_cast<bool>(session.Bench().detection.WriterCheck());
 }
 
 std::optional<Diagnosis> Examine(Session& session) {
@@ -104,16 +132,17 @@ std::optional<Diagnosis> Examine(Session& session) {
     if (!facts.permitted) {
         return Forbidden(path, facts);
     }
-    const bool found = static_cast<bool>(session.Bench().detection.WriterCheck());
+    const bool found = FindWriter(session);
     if (session.Port().OpenFailed()) {
         return Busy(path, facts, session.PortError());
     }
-    const auto time = found ? RoundTrip(session) : std::nullopt;
+    if (!found) {
+        session.Bench().connection.WaitSeconds(kBoardStart);
+        return FindWriter(session) ? StartedLate(path) : Silent(path);
+    }
+    const auto time = RoundTrip(session);
     if (!time) {
-        return Diagnosis{
-            kRefused, "silent",
-            u"ポートは開けますが、ライタが応答しません。電源とケーブルを確認してください。"_s,
-            u"tolvex-cli --port %1 --trace trace.txt detect"_s.arg(path)};
+        return Silent(path);
     }
     session.Print(u"応答時間: %1 ms"_s.arg(time->count(), 0, 'f', 2));
     session.Report()[u"roundTripMilliseconds"_s] = time->count();
@@ -122,27 +151,22 @@ std::optional<Diagnosis> Examine(Session& session) {
 
 }  // namespace
 
-DoctorCommand::DoctorCommand()
-    : CliCommand({u"doctor"_s, {}, 0, 0, u"ポートが使えない原因と、直すコマンドを示す。"_s}) {}
-
-int DoctorCommand::Run(Session& session, const Call&) {
+int Doctor(Session& session, const Call&) {
     if (const int status = session.RequirePort()) {
         return status;
     }
     const auto diagnosis = Examine(session);
     if (session.Port().Stopped()) {
-        return kDone;
+        return kSignalled;
     }
-    session.Report()[u"diagnosis"_s] =
-        diagnosis ? QString::fromLatin1(diagnosis->code) : u"healthy"_s;
     if (!diagnosis) {
         session.Print(u"%1 は正常です。"_s.arg(session.PortName()));
         return kDone;
     }
-    session.Print(diagnosis->text);
-    session.Print(u"  "_s + diagnosis->command);
     session.Report()[u"mend"_s] = diagnosis->command;
-    return session.Fail(diagnosis->status, diagnosis->code, diagnosis->text);
+    const int status = session.Fail(diagnosis->cause, diagnosis->text);
+    session.Print(u"  "_s + diagnosis->command);
+    return status;
 }
 
 }  // namespace tolvex

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "cli/image_files.h"
 
+#include <QBuffer>
 #include <QFileInfo>
 #include <QJsonArray>
+#include <QSaveFile>
+#include <algorithm>
+#include <vector>
 
-#include "cli/hex_texts.h"
 #include "image/hex_reader.h"
 #include "image/hex_writer.h"
 
@@ -14,21 +17,74 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Empty when that would be the code file itself.
-QString DataBeside(const QString& code) {
-    const QString suffix = QFileInfo(code).suffix();
-    const QString stem = suffix.isEmpty() ? code : code.chopped(suffix.size() + 1);
-    return suffix == u"eep"_s ? QString() : stem + u".eep"_s;
+constexpr auto kStandard = u"-";
+/// Of a memory of 64 KiB, even with a byte a line, a HEX file has less.
+constexpr qsizetype kLargestFile = 16 << 20;
+
+bool IsData(const QString& path) {
+    return path.endsWith(u".eep"_s, Qt::CaseInsensitive);
 }
 
-int ProveFile(Session& session, const QString& path, int memoryBytes) {
-    const HexReport report = CheckHex(path, memoryBytes);
-    if (!report.readable) {
-        return session.Fail(kWrongUse, "fileNotReadable", u"ファイルを読めません: %1"_s.arg(path));
+QString DataBeside(const QString& code) {
+    const QString suffix = QFileInfo(code).suffix();
+    return code == kStandard ? QString()
+                             : code.chopped(suffix.isEmpty() ? 0 : suffix.size() + 1) + u".eep"_s;
+}
+
+bool SameFile(const QString& one, const QString& other) {
+    return QFileInfo(one) == QFileInfo(other);
+}
+
+struct FaultRow {
+    HexFault fault;
+    QStringView key;
+    QStringView text;
+};
+
+constexpr FaultRow kFaults[] = {
+    {HexFault::NoColon, u"noColon", u"行頭がコロンではありません。"},
+    {HexFault::LowerCase, u"lowerCase", u"小文字の16進数字があります。大文字だけが使えます。"},
+    {HexFault::Digit, u"digit", u"16進数字ではない文字があります。"},
+    {HexFault::Length, u"length", u"長さがバイト数と合いません。"},
+    {HexFault::Checksum, u"checksum", u"チェックサムが違います。"},
+    {HexFault::UnknownType, u"unknownType", u"知らないレコードタイプです。"},
+    {HexFault::BaseAddress, u"baseAddress", u"0 以外の拡張アドレスには対応していません。"},
+    {HexFault::Overlap, u"overlap", u"前のレコードと同じ番地のデータです。"},
+    {HexFault::OutsideMemory, u"outsideMemory", u"デバイスのメモリの外のデータです。"},
+    {HexFault::EarlyEnd, u"earlyEnd", u"エンドレコードの後に行が続いています。"},
+    {HexFault::MissingEnd, u"missingEnd", u"エンドレコードがありません。"},
+};
+
+const FaultRow& Row(HexFault fault) {
+    const auto row = std::ranges::find(kFaults, fault, &FaultRow::fault);
+    Q_ASSERT(row != std::end(kFaults));
+    return *row;
+}
+
+/// The whole content; nothing when it can't be read or is too large.
+std::optional<QByteArray> Content(const QString& path) {
+    QFile file;
+    QByteArray text;
+    if (!OpenInput(file, path)) {
+        return std::nullopt;
     }
-    if (report.Clean()) {
-        return kDone;
+    for (QByteArray part = file.read(kLargestFile); !part.isEmpty() && text.size() <= kLargestFile;
+         part = file.read(kLargestFile)) {
+        text += part;
     }
+    const bool whole = file.error() == QFileDevice::NoError && text.size() <= kLargestFile;
+    return whole ? std::optional(text) : std::nullopt;
+}
+
+/// Whether the reader would take characters for something that does not stand there.
+bool Misread(const HexReport& report) {
+    return std::ranges::any_of(report.findings, [](const HexFinding& finding) {
+        return finding.fault == HexFault::LowerCase || finding.fault == HexFault::Digit ||
+               finding.fault == HexFault::Length;
+    });
+}
+
+int TellFindings(Session& session, const QString& path, const HexReport& report, bool force) {
     QStringList lines;
     QJsonArray findings;
     for (const HexFinding& finding : report.findings) {
@@ -36,76 +92,168 @@ int ProveFile(Session& session, const QString& path, int memoryBytes) {
         findings << HexFindingJson(finding);
     }
     session.Report()[u"findings"_s] = findings;
-    return session.Fail(kWrongUse, "badFile",
-                        u"HEX ファイルに誤りがあります。\n"_s + lines.join(u'\n'));
+    const QString text = u"HEX ファイルに誤りがあります。\n"_s + lines.join(u'\n');
+    if (!force || report.goodRecords == 0 || Misread(report)) {
+        return session.Fail(cause::BadFile, text);
+    }
+    session.Remark(text + u"\n続けます。"_s);
+    return kDone;
 }
 
-int CheckWritten(Session& session, const QString& path, HexWriteResult result) {
-    return result == HexWriteResult::Written
-               ? int{kDone}
-               : session.Fail(kWrongUse, "fileNotWritten", u"ファイルを書けません: %1"_s.arg(path));
+template <typename Image>
+int LoadFile(Session& session, const QString& path, int memoryBytes, bool force, Image& image,
+             HexReadResult (*read)(QIODevice&, Image&, ErrorFlag&), bool& lossless) {
+    if (path.isEmpty()) {
+        return kDone;
+    }
+    auto text = Content(path);
+    if (!text) {
+        return session.Fail(cause::FileNotReadable, u"ファイルを読めません: %1"_s.arg(path));
+    }
+    QBuffer buffer(&*text);
+    buffer.open(QIODevice::ReadOnly);
+    const HexReport report = CheckHex(buffer, memoryBytes);
+    if (!report.Clean()) {
+        if (const int status = TellFindings(session, path, report, force)) {
+            return status;
+        }
+    }
+    lossless = lossless && report.lossless;
+    ErrorFlag flag;
+    buffer.seek(0);
+    read(buffer, image, flag);
+    return kDone;
+}
+
+/// A regular file is replaced as a whole or not at all; anything else is written to.
+std::unique_ptr<QFileDevice> OpenOutput(const QString& path) {
+    std::unique_ptr<QFileDevice> file;
+    if (QFileInfo::exists(path) && !QFileInfo(path).isFile()) {
+        file = std::make_unique<QFile>(path);
+    } else {
+        file = std::make_unique<QSaveFile>(path);
+    }
+    return file->open(QIODevice::WriteOnly) ? std::move(file) : nullptr;
+}
+
+bool Commit(QFileDevice& file) {
+    auto* const safe = qobject_cast<QSaveFile*>(&file);
+    return safe ? safe->commit() : file.flush();
 }
 
 }  // namespace
 
-ImageFiles ImageFiles::ToRead(const QStringList& arguments) {
-    ImageFiles files = ToWrite(arguments);
-    if (arguments.size() < 2 && !QFileInfo::exists(files.data)) {
+int ImageFiles::From(Session& session, const Call& call, Use use, ImageFiles& files) {
+    const auto wrong = [&session](const QString& text) {
+        return session.Fail(cause::WrongUse, text);
+    };
+    const QString first = call.arguments[0];
+    const auto memories =
+        Memories::Named(call.Has("only") ? call.options.value(u"only"_s) : QString());
+    if (!memories) {
+        return wrong(u"--only は flash か eeprom です。"_s);
+    }
+    files.memories = *memories;
+    if (!memories->Both()) {
+        (memories->flash ? files.code : files.data) = first;
+        return call.arguments.size() == 1 ? int{kDone}
+                                          : wrong(u"--only ではファイルは一つです。"_s);
+    }
+    if (IsData(first)) {
+        return wrong(u"EEPROM のファイルです。--only eeprom を指定してください: %1"_s.arg(first));
+    }
+    files.code = first;
+    files.data = call.arguments.value(1, DataBeside(first));
+    if (use == Use::Write && files.data.isEmpty()) {
+        return wrong(
+            u"標準出力には一つのメモリだけを書けます。--only か DATA を指定してください。"_s);
+    }
+    if (call.arguments.size() > 1) {
+        return SameFile(files.code, files.data)
+                   ? wrong(u"CODE と DATA が同じファイルです: %1"_s.arg(first))
+                   : int{kDone};
+    }
+    if (use == Use::Read && !QFileInfo::exists(files.data)) {
         files.data.clear();
     }
-    return files;
-}
-
-ImageFiles ImageFiles::ToWrite(const QStringList& arguments) {
-    return {arguments[0], arguments.size() < 2 ? DataBeside(arguments[0]) : arguments[1]};
-}
-
-int ProveFiles(Session& session, const ImageFiles& files, bool force) {
-    const CurrentDevice& device = session.Bench().state.device;
-    const int sizes[] = {2 * device.flashWords, device.eepromBytes};
-    const int* size = sizes;
-    for (const QString& path : {files.code, files.data}) {
-        int status = kDone;
-        if (force && !path.isEmpty() && !FileExists(path)) {
-            status =
-                session.Fail(kWrongUse, "fileNotReadable", u"ファイルを読めません: %1"_s.arg(path));
-        } else if (!force && !path.isEmpty()) {
-            status = ProveFile(session, path, *size);
-        }
-        if (status != kDone) {
-            return status;
-        }
-        ++size;
+    if (!files.data.isEmpty() && !call.Has("keep-eeprom")) {
+        session.Tell(u"EEPROM のファイル: %1"_s.arg(files.data));
     }
     return kDone;
 }
 
-void FillImages(Session& session, const ImageFiles& files) {
-    Workbench& bench = session.Bench();
-    bench.state.images.ClearFlashImage();
-    bench.state.images.ClearEepromImage();
-    const bool code = ReadCodeHex(files.code, bench.state.images.flash, bench.state.errorFlag) ==
-                      HexReadResult::Complete;
-    const bool data = ReadDataHex(files.data, bench.state.images.eeprom, bench.state.errorFlag) ==
-                      HexReadResult::Complete;
-    if (!code) {
-        session.Person().SetStatusText(kMessagePanel, u"HEX ファイルのオープンエラー"_s);
+int LoadFiles(Session& session, const ImageFiles& files, bool force, LoadedFiles& loaded) {
+    const CurrentDevice& device = session.Device();
+    session.Report()[u"files"_s] = QJsonObject{{u"code"_s, files.code}, {u"data"_s, files.data}};
+    if (const int status =
+            LoadFile<FlashImage>(session, files.code, 2 * device.flashWords, force,
+                                 loaded.images.flash, ReadCodeHex, loaded.lossless)) {
+        return status;
     }
-    if (!data) {
-        session.Person().SetStatusText(kMessagePanel, u"EEP  ファイルのオープンエラー"_s);
-    }
+    return LoadFile<EepromImage>(session, files.data, device.eepromBytes, force,
+                                 loaded.images.eeprom, ReadDataHex, loaded.lossless);
 }
 
-int WriteImages(Session& session, const ImageFiles& files) {
-    const Workbench& bench = session.Bench();
-    const int status = CheckWritten(
-        session, files.code,
-        WriteCodeHex(files.code, bench.state.images.flash, bench.state.device.flashWords));
-    return status != kDone || files.data.isEmpty()
-               ? status
-               : CheckWritten(session, files.data,
-                              WriteDataHex(files.data, bench.state.images.eeprom,
-                                           bench.state.device.eepromBytes));
+int SaveImages(Session& session, const ImageFiles& files, const MemoryImages& images) {
+    const CurrentDevice& device = session.Device();
+    struct Output {
+        QString path;
+        QByteArray text;
+    };
+    std::vector<std::unique_ptr<QFileDevice>> open;
+    QStringList written;
+    const auto failed = [&session](const QString& path) {
+        return session.Fail(cause::FileNotWritten, u"ファイルを書けません: %1"_s.arg(path));
+    };
+    for (const Output& output :
+         {Output{files.code, CodeHexText(images.flash, device.flashWords)},
+          Output{files.data, DataHexText(images.eeprom, device.eepromBytes)}}) {
+        if (output.path == kStandard) {
+            session.Put(output.text);
+        } else if (!output.path.isEmpty()) {
+            open.push_back(OpenOutput(output.path));
+            if (!open.back() || open.back()->write(output.text) != output.text.size() ||
+                !open.back()->flush()) {
+                return failed(output.path);
+            }
+            written << output.path;
+        }
+    }
+    for (const auto& file : open) {
+        if (!Commit(*file)) {
+            return failed(file->fileName());
+        }
+    }
+    if (!written.isEmpty()) {
+        session.Tell(u"保存しました: %1"_s.arg(written.join(u", "_s)));
+    }
+    return kDone;
+}
+
+QString HexFindingText(const HexFinding& finding) {
+    QString text = u"%1 行目: %2"_s.arg(finding.line).arg(Row(finding.fault).text);
+    if (finding.address >= 0) {
+        text += u" (0x%1)"_s.arg(QString::number(finding.address, 16).toUpper());
+    }
+    return finding.more == 0 ? text : text + u" ほか %1 行"_s.arg(finding.more);
+}
+
+QJsonObject HexFindingJson(const HexFinding& finding) {
+    QJsonObject object{{u"line"_s, finding.line}, {u"fault"_s, Row(finding.fault).key.toString()}};
+    if (finding.address >= 0) {
+        object[u"address"_s] = finding.address;
+    }
+    if (finding.more > 0) {
+        object[u"more"_s] = finding.more;
+    }
+    return object;
+}
+
+bool OpenInput(QFile& file, const QString& path) {
+    constexpr int kStandardInput = 0;
+    file.setFileName(path);
+    return path == kStandard ? file.open(kStandardInput, QIODevice::ReadOnly)
+                             : file.open(QIODevice::ReadOnly);
 }
 
 }  // namespace tolvex

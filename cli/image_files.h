@@ -1,27 +1,45 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "cli/session.h"
+#include <optional>
+
+#include "cli/command.h"
+#include "cli/memory.h"
+#include "image/hex_check.h"
 
 namespace tolvex {
 
-/// The files of a command that takes CODE [DATA].
+/// The files of a command that takes CODE [DATA], or with --only the one file. "-" stands for the
+/// standard input or output.
 struct ImageFiles {
-    QString code;
+    QString code;  ///< empty = none
     QString data;  ///< empty = none
+    Memories memories;
 
-    /// To be read: DATA defaults to the .eep beside CODE if there is one.
-    static ImageFiles ToRead(const QStringList& arguments);
-    /// To be written: DATA defaults to the .eep beside CODE.
-    static ImageFiles ToWrite(const QStringList& arguments);
+    enum class Use { Read, Write };
+    /// A DATA that is not named is the .eep beside CODE; to be read, if it exists. A status; a
+    /// wrong use has been told.
+    static int From(Session& session, const Call& call, Use use, ImageFiles& files);
 };
 
-/// Proves the files strictly, or with `force` only that they can be read. `kDone`, or the status of
-/// a failure that has been told.
-int ProveFiles(Session& session, const ImageFiles& files, bool force);
-/// Fills both images from the files, as the file commands do; what the files don't name is erased.
-void FillImages(Session& session, const ImageFiles& files);
-/// Writes both images. `kDone`, or the status of a failure that has been told.
-int WriteImages(Session& session, const ImageFiles& files);
+/// What the files hold.
+struct LoadedFiles {
+    MemoryImages images;   ///< what they don't name is erased
+    bool lossless = true;  ///< all of their data is in the images
+};
+
+/// Reads each file once and proves it strictly; with `force` a fault is told and only a file
+/// without data, or one that can't be read as it stands, is refused. A status.
+int LoadFiles(Session& session, const ImageFiles& files, bool force, LoadedFiles& loaded);
+/// Writes the memories that have a file. An old file stays whole until all new ones are. A status.
+int SaveImages(Session& session, const ImageFiles& files, const MemoryImages& images);
+
+/// "12 行目: チェックサムが違います。"
+QString HexFindingText(const HexFinding& finding);
+/// {"line": 12, "fault": "checksum"}, with an "address" and a number "more" where there is one.
+QJsonObject HexFindingJson(const HexFinding& finding);
+
+/// Opens a file or "-" for reading.
+bool OpenInput(QFile& file, const QString& path);
 
 }  // namespace tolvex

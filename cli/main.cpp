@@ -2,7 +2,6 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <csignal>
-#include <cstdio>
 
 #include "cli/command_line.h"
 #include "platform/event_loop_clock.h"
@@ -10,44 +9,102 @@
 #include "platform/settings_file.h"
 
 #ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <langinfo.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
+
+#include <clocale>
 #endif
 
 namespace {
 
-// A signal handler reaches nothing else.
-volatile std::sig_atomic_t stopAsked = 0;
+constexpr int kOutput = 1;
+constexpr int kErrors = 2;
 
-bool IsTerminal([[maybe_unused]] FILE* stream) {
+// A signal handler reaches nothing else.
+volatile std::sig_atomic_t signalled = 0;
+volatile std::sig_atomic_t working = 0;
+
+/// Before the line is open there is nothing to put in order, and a second Ctrl-C does not wait.
+void Stop(int number) {
+    const bool again = signalled == SIGINT && number == SIGINT;
+    if (working == 0 || again) {
+        std::signal(number, SIG_DFL);
+        std::raise(number);
+    }
+    signalled = number;
+}
+
+void HearSignals() {
+    std::signal(SIGINT, Stop);
+    std::signal(SIGTERM, Stop);
 #ifdef Q_OS_UNIX
-    return ::isatty(::fileno(stream)) == 1;
-#else
-    return false;
+    if (std::signal(SIGHUP, Stop) == SIG_IGN) {
+        std::signal(SIGHUP, SIG_IGN);  // nohup
+    }
+    std::signal(SIGPIPE, SIG_IGN);
 #endif
+}
+
+/// A file that is opened later must not take the number of a standard stream that was closed:
+/// progress would go down the serial line. The null device is opened so that what is lost shows.
+void OpenStandardStreams() {
+#ifdef Q_OS_UNIX
+    for (const int stream : {0, kOutput, kErrors}) {
+        if (::fcntl(stream, F_GETFD) == -1) {
+            ::open("/dev/null", O_RDONLY);
+        }
+    }
+#endif
+}
+
+/// Qt wants UTF-8 and says so on every run under LANG=C.
+void ChooseLocale() {
+#ifdef Q_OS_UNIX
+    std::setlocale(LC_ALL, "");
+    if (qstrcmp(::nl_langinfo(CODESET), "UTF-8") != 0) {
+        qputenv("LC_ALL", "C.UTF-8");
+    }
+#endif
+}
+
+/// Width of the terminal that the error stream is; 0 = it is none.
+int Columns() {
+#ifdef Q_OS_UNIX
+    constexpr int kUsual = 80;
+    winsize size{};
+    if (::isatty(kErrors) == 1) {
+        return ::ioctl(kErrors, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : kUsual;
+    }
+#endif
+    return 0;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
     using namespace tolvex;
-    // The first Ctrl-C ends the work in order, the second one the program.
-    std::signal(SIGINT, [](int) {
-        stopAsked = 1;
-        std::signal(SIGINT, SIG_DFL);
-    });
+    OpenStandardStreams();
+    HearSignals();
+    ChooseLocale();
     const QCoreApplication application(argc, argv);
     QFile out;
     QFile error;
-    if (!out.open(stdout, QIODevice::WriteOnly | QIODevice::Unbuffered) ||
-        !error.open(stderr, QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-        return kWrongUse;
+    if (!out.open(kOutput, QIODevice::WriteOnly | QIODevice::Unbuffered) ||
+        !error.open(kErrors, QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+        return kOutputLost;
     }
-    Console console(out, error, IsTerminal(stderr));
+    Console console(out, error, Columns);
     const SettingsFile settings(SettingsPath());
     ComPorts comPorts(ConfigFolder());
     QtSerialPort port(comPorts);
     EventLoopClock clock;
+    const auto signal = [] {
+        working = 1;
+        return int{signalled};
+    };
     return RunCommandLine(QCoreApplication::arguments(),
                           {port, [&port] { return port.LastError(); }, clock, settings, comPorts,
-                           console, [] { return stopAsked != 0; }, InspectPort});
+                           console, signal, InspectPort});
 }

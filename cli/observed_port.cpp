@@ -8,60 +8,57 @@ namespace tolvex {
 namespace {
 
 constexpr int kPatience = 3;
+/// Replies in time after which earlier time-outs are forgotten. A writer that is always late
+/// answers every other command in time, with the reply to the one before.
+constexpr int kCalm = 20;
+/// From one command to the next: no reply takes that long, and no time-out is shorter.
+constexpr auto kTimedOut = std::chrono::milliseconds(1900);
 
 }  // namespace
 
 void ObservedPort::Resume() {
-    stopAsked_ = [] { return false; };
-    stopped_ = false;
+    farewell_ = true;
+    between_ = true;
 }
 
 bool ObservedPort::Open() {
-    stopped_ = stopped_ || stopAsked_();
-    const bool opened = !stopped_ && port_.Open();
-    openFailed_ = !opened && !stopped_;
+    stopped_ = stopped_ || clock_.StopAsked() != 0;
+    open_ = !stopped_ && port_.Open();
+    openFailed_ = !open_ && !stopped_;
     input_.clear();
-    open_ = opened;
-    answered_ = true;
-    unanswered_ = 0;
-    for (WireListener* listener : listeners_) {
-        listener->Opened(port_.PortNumber(), opened);
-    }
-    return opened;
+    lost_ = false;
+    timeOuts_ = 0;
+    began_.reset();
+    trace_.Note((open_ ? "open COM" : "refused COM") + QByteArray::number(port_.PortNumber()));
+    return open_;
 }
 
 void ObservedPort::Close() {
     port_.Close();
     input_.clear();
     open_ = false;
-    for (WireListener* listener : listeners_) {
-        listener->Closed();
-    }
+    trace_.Note("close");
 }
 
 void ObservedPort::Fetch() const {
     const QByteArray bytes = port_.InputCount() > 0 ? port_.ReadAll() : QByteArray();
     if (!bytes.isEmpty()) {
-        answered_ = true;
         input_ += bytes;
-        for (WireListener* listener : listeners_) {
-            listener->Received(bytes);
-        }
+        trace_.Note("< ", bytes);
     }
 }
 
-void ObservedPort::NoticeLoss() const {
-    if (open_ && !port_.IsOpen()) {
-        open_ = false;
-        for (WireListener* listener : listeners_) {
-            listener->Lost();
-        }
-    }
+bool ObservedPort::TimedOut() const {
+    return began_ && clock_.Now() - *began_ >= kTimedOut;
 }
 
 bool ObservedPort::IsOpen() const {
-    NoticeLoss();
-    return port_.IsOpen();
+    if (open_ && !port_.IsOpen()) {
+        open_ = false;
+        lost_ = true;
+        trace_.Note("lost");
+    }
+    return open_;
 }
 
 int ObservedPort::InputCount() const {
@@ -77,36 +74,33 @@ void ObservedPort::DiscardInput() {
 }
 
 bool ObservedPort::Write(QByteArrayView bytes) {
-    if (std::exchange(between_, false) && !MayBegin(bytes.front())) {
+    const bool begins = std::exchange(between_, false);
+    sent_ = sent_ && !begins;
+    if (!IsOpen() || (begins && !MayBegin(bytes.front())) || !port_.Write(bytes)) {
         return false;
     }
-    NoticeLoss();
-    if (stopped_ || !port_.Write(bytes)) {
-        return false;
-    }
-    for (WireListener* listener : listeners_) {
-        listener->Sent(bytes);
-    }
+    sent_ = true;
+    trace_.Note("> ", bytes);
     return true;
 }
 
 bool ObservedPort::MayBegin(char letter) {
+    if (farewell_) {
+        return true;
+    }
     // The second half of a word follows the first whatever happens: no word is left half-written.
-    stopped_ = stopped_ || (letter != 'C' && stopAsked_());
-    if (!stopped_) {
-        CountSilence();
-        for (WireListener* listener : listeners_) {
-            listener->Began();
-        }
+    stopped_ = stopped_ || (letter != 'C' && clock_.StopAsked() != 0);
+    if (TimedOut()) {
+        ++timeOuts_;
+        inTime_ = 0;
+    } else if (++inTime_ == kCalm) {
+        timeOuts_ = 0;
     }
-    return !stopped_;
-}
-
-void ObservedPort::CountSilence() {
-    unanswered_ = std::exchange(answered_, false) ? 0 : unanswered_ + 1;
-    if (unanswered_ >= kPatience && port_.IsOpen()) {
-        Close();
+    if (stopped_ || timeOuts_ >= kPatience) {
+        return false;
     }
+    began_ = clock_.Now();
+    return true;
 }
 
 QByteArray ObservedPort::ReadAll() {

@@ -1,46 +1,34 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <functional>
-#include <vector>
-
 #include "base/serial_port.h"
+#include "cli/stoppable_clock.h"
+#include "cli/trace_file.h"
 
 namespace tolvex {
 
-/// Hears what goes over the line.
-class WireListener {
-  public:
-    virtual ~WireListener() = default;
-    virtual void Opened(int number, bool success) = 0;
-    virtual void Closed() = 0;
-    /// The far end went away while the port was open.
-    virtual void Lost() = 0;
-    /// A command begins; what has come before belongs to an earlier one.
-    virtual void Began() = 0;
-    virtual void Sent(QByteArrayView bytes) = 0;
-    virtual void Received(QByteArrayView bytes) = 0;
-};
-
-/// A serial port with listeners, and the place where an operation can be stopped: between two
-/// commands, so that what the chip was told is known to the byte.
+/// A serial port that is traced, and the place where an operation can be ended: between two
+/// commands, so that what the chip was told is known to the byte. From then on nothing goes out:
+/// every command of the operation fails at once, and the operation unwinds by itself.
 ///
-/// A writer that leaves several commands in a row unanswered is given up: the port closes, as if
-/// the cable had been pulled, instead of waiting out a time-out for each of thousands of words.
-///
-/// Stopping means that nothing goes out any more: every command of the operation then fails at
-/// once, and the operation unwinds by itself.
+/// A signal ends it, and so do several time-outs close together: waiting them out for each of
+/// thousands of words would help nobody.
 class ObservedPort : public SerialPort {
   public:
-    /// `port` is borrowed. `stopAsked` is looked at when a command begins.
-    ObservedPort(SerialPort& port, std::function<bool()> stopAsked)
-        : port_(port), stopAsked_(std::move(stopAsked)) {}
+    /// All borrowed.
+    ObservedPort(SerialPort& port, const StoppableClock& clock, TraceFile& trace)
+        : port_(port), clock_(clock), trace_(trace) {}
 
-    /// Borrowed.
-    void AddListener(WireListener& listener) { listeners_.push_back(&listener); }
     /// The last `Open` failed.
     bool OpenFailed() const { return openFailed_; }
+    /// Ended by a signal.
     bool Stopped() const { return stopped_; }
+    /// The far end went away while the port was open.
+    bool Lost() const { return lost_; }
+    /// The last command began so long ago that its time-out has passed.
+    bool TimedOut() const;
+    /// The last command went out, at least its letter.
+    bool Sent() const { return sent_; }
     /// Lets commands through again, whatever is asked: to leave programming mode.
     void Resume();
 
@@ -56,21 +44,23 @@ class ObservedPort : public SerialPort {
 
   private:
     void Fetch() const;
-    void NoticeLoss() const;
-    void CountSilence();
     bool MayBegin(char letter);
 
     SerialPort& port_;
-    std::function<bool()> stopAsked_;
-    std::vector<WireListener*> listeners_;
+    const StoppableClock& clock_;
+    TraceFile& trace_;
     bool openFailed_ = false;
     bool stopped_ = false;
-    bool between_ = true;           ///< the next write begins a command
-    int unanswered_ = 0;            ///< commands in a row
-    mutable bool open_ = false;     ///< as far as the listeners know
-    mutable bool answered_ = true;  ///< the command under way has got a byte
-    /// Taken off the port as soon as it is seen, so that a listener hears each byte in time;
-    /// polling the count does that, hence mutable.
+    bool farewell_ = false;  ///< nothing ends it any more
+    bool sent_ = false;
+    bool between_ = true;                            ///< the next write begins a command
+    int timeOuts_ = 0;                               ///< of late
+    int inTime_ = 0;                                 ///< replies since the last of them
+    std::optional<EventClock::Instant> began_ = {};  ///< the last command
+    // Looking at the port is what notices these, hence mutable.
+    mutable bool open_ = false;
+    mutable bool lost_ = false;
+    /// Taken off the port as soon as it is seen, so that the trace has each byte's time.
     mutable QByteArray input_;
 };
 

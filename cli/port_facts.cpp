@@ -6,6 +6,12 @@
 #include <QFile>
 #include <QFileInfo>
 
+#ifdef Q_OS_UNIX
+#include <grp.h>
+#include <pwd.h>
+#include <unistd.h>
+#endif
+
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -35,6 +41,21 @@ void FindHolder([[maybe_unused]] const QString& device, [[maybe_unused]] PortFac
 #endif
 }
 
+/// As the user database has it, whatever the running session was given.
+bool IsMember([[maybe_unused]] const QString& group) {
+#ifdef Q_OS_UNIX
+    const passwd* const person = ::getpwuid(::getuid());
+    const struct group* const found = ::getgrnam(group.toLocal8Bit().constData());
+    const QByteArray name = person ? person->pw_name : "";
+    for (char** member = found ? found->gr_mem : nullptr; member && *member; ++member) {
+        if (name == *member) {
+            return true;
+        }
+    }
+#endif
+    return false;
+}
+
 }  // namespace
 
 PortFacts InspectPort(const QString& path) {
@@ -44,6 +65,7 @@ PortFacts InspectPort(const QString& path) {
     if (facts.exists) {
         facts.permitted = device.isReadable() && device.isWritable();
         facts.group = device.group();
+        facts.member = IsMember(facts.group);
         FindHolder(device.filePath(), facts);
     }
     return facts;

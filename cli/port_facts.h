@@ -9,8 +9,9 @@ namespace tolvex {
 struct PortFacts {
     bool exists = false;
     bool permitted = false;  ///< may be read and written
-    QString group;           ///< that owns the device; empty = unknown
-    QString holder;  ///< "name (process number)" of a program that has it open; may be empty
+    QString group{};         ///< that owns the device; empty = unknown
+    bool member = false;     ///< the person belongs to it, from the next login on
+    QString holder{};  ///< "name (process number)" of a program that has it open; may be empty
     int holderProcess = 0;
 };
 

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "cli/program_command.h"
-
+// The commands that erase the chip. Whatever can go wrong before is looked at before.
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
 #include <algorithm>
 
+#include "cli/command.h"
 #include "cli/image_files.h"
-#include "cli/preflight.h"
 #include "cli/wire_time.h"
 #include "device/used_extent.h"
 
@@ -12,79 +14,196 @@ namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
-ProgramCommand::ProgramCommand()
-    : CliCommand({u"program"_s,
-                  u"CODE [DATA]"_s,
-                  1,
-                  2,
-                  u"消去・書き込み・ベリファイをする（Program ボタン）。"_s,
-                  {Preflight::ForceOption(),
-                   {u"keep-eeprom"_s, u"EEPROM を先に読み、同じ内容を書き戻す。"_s},
-                   Preflight::BackupOption()}}) {}
+namespace {
 
-int ProgramCommand::Run(Session& session, const Call& call) {
-    const int status = Prepare(session, call);
-    if (status != kDone || session.Port().Stopped()) {
-        return status;
-    }
-    TellPlan(session);
-    const ChainResult result = session.RunChain(u"Program");
-    const bool verified = result.erase && result.erase->erased && result.program &&
-                          (result.program->nothingToWrite || result.program->Verified());
-    session.Report()[u"verified"_s] = verified;
-    if (!verified && !session.Port().Stopped()) {
-        session.Remark(session.Chip().Text());
-    }
-    return session.Judge(verified, "notVerified", u"書き込みを確認できませんでした。"_s);
+/// What a command does before it changes the chip.
+struct Precautions {
+    bool force = false;
+    QString backup;              ///< a folder; empty = none
+    std::optional<Memory> kept;  ///< is written back as it was
+
+    bool MustRead() const { return kept || !backup.isEmpty(); }
+};
+
+Precautions From(const Call& call) {
+    return {.force = call.Has("force"),
+            .backup = call.Has("backup") ? call.options.value(u"backup"_s) : QString(),
+            .kept = {}};
 }
 
-/// Up to here the chip is only read.
-int ProgramCommand::Prepare(Session& session, const Call& call) {
-    const Preflight preflight = Preflight::From(call.options);
-    ImageFiles files = ImageFiles::ToRead(call.arguments);
-    if (preflight.keepEeprom) {
-        if (call.arguments.size() > 1) {
-            return session.Fail(kWrongUse, "wrongUse",
-                                u"--keep-eeprom と DATA は一緒に指定できません。"_s);
+/// A writer, and a chip that may be changed.
+int ProveChip(Session& session, const Precautions& precautions) {
+    if (!precautions.backup.isEmpty() && !QDir().mkpath(precautions.backup)) {
+        return session.Fail(cause::FileNotWritten,
+                            u"フォルダを作れません: %1"_s.arg(precautions.backup));
+    }
+    if (precautions.MustRead()) {
+        return session.DetectPart(precautions.force);
+    }
+    if (const int status = session.DetectChip()) {
+        return status;
+    }
+    if (session.Reading().verdict == ChipVerdict::Protected) {
+        session.Remark(u"チップはロックされています。消去してロックを解除します。"_s);
+        return kDone;
+    }
+    return session.DetectedPart(precautions.force);
+}
+
+int WriteBackup(Session& session, const QString& folder) {
+    const QString stem =
+        QDir(folder).filePath(PartNumber(session.Device().name) + u'-' +
+                              QDateTime::currentDateTime().toString(u"yyyyMMdd-HHmmss"_s));
+    QString base = stem;
+    for (int again = 2; QFileInfo::exists(base + u".hex"_s) || QFileInfo::exists(base + u".eep"_s);
+         ++again) {
+        base = stem + u"-%1"_s.arg(again);
+    }
+    const ImageFiles files{.code = base + u".hex"_s, .data = base + u".eep"_s, .memories = {}};
+    const int status = SaveImages(session, files, session.Bench().state.images);
+    if (status == kDone) {
+        session.Report()[u"backup"_s] =
+            QJsonObject{{u"code"_s, files.code}, {u"data"_s, files.data}};
+    }
+    return status;
+}
+
+int Backup(Session& session, const QString& folder) {
+    if (folder.isEmpty()) {
+        return kDone;
+    }
+    const ChainResult result = session.RunChain(u"Read");
+    if (const int status =
+            session.Judge(result.read && result.read->Complete(), cause::WriterSilent,
+                          u"チップを読めません。チップには何も書いていません。"_s)) {
+        return status;
+    }
+    return WriteBackup(session, folder);
+}
+
+/// What is to be written back is read twice: once it is erased, nothing else knows it.
+int Keep(Session& session, const std::optional<Memory>& kept, MemoryImages& images) {
+    if (!kept) {
+        return kDone;
+    }
+    MemoryImages again;
+    const Memories memories{.flash = *kept == Memory::Flash, .eeprom = *kept == Memory::Eeprom};
+    return InOrder([&] { return ReadMemory(session, *kept, images); },
+                   [&] { return ReadMemory(session, *kept, again); },
+                   [&] {
+                       return session.Judge(
+                           Compare(session.Device(), memories, images, again).isEmpty(),
+                           cause::Unstable,
+                           u"二度読んだ内容が違います。チップには何も書いていません。"_s);
+                   });
+}
+
+WritePlan PlanFor(const CurrentDevice& device, const MemoryImages& images) {
+    const int lastWord = LastUsedWord(images.flash, device.flashWords);
+    const int extent = LastUsedByte(images.eeprom, device.eepromBytes) + 1;
+    const auto blank = std::count(images.eeprom.begin(), images.eeprom.begin() + extent, kErased);
+    return {.flashWords = lastWord < 0 ? 0 : std::max(lastWord, 1) + 1,
+            .eepromBytes = extent - static_cast<int>(blank),
+            .eepromExtent = extent};
+}
+
+void TellPlan(Session& session, const WritePlan& plan) {
+    const double seconds = (session.Elapsed() + ProgramTime(plan)).count();
+    session.Tell(u"消去して書き込みます: Flash %1 word, EEPROM %2 byte, 全体で約 %3 秒"_s
+                     .arg(plan.flashWords)
+                     .arg(plan.eepromBytes)
+                     .arg(seconds, 0, 'f', 1));
+    session.Report()[u"plan"_s] = QJsonObject{{u"flashWords"_s, plan.flashWords},
+                                              {u"eepromBytes"_s, plan.eepromBytes},
+                                              {u"seconds"_s, seconds}};
+}
+
+/// The operation reads nothing back when there was nothing to write.
+int ProveBlank(Session& session) {
+    MemoryImages chip;
+    return InOrder(
+        [&] { return ReadMemory(session, Memory::Flash, chip); },
+        [&] { return ReadMemory(session, Memory::Eeprom, chip); },
+        [&] { return TellDifferences(session, Compare(session.Device(), {}, {}, chip)); });
+}
+
+int WriteChip(Session& session, const MemoryImages& images) {
+    session.Bench().state.images = images;
+    TellPlan(session, PlanFor(session.Device(), images));
+    const ChainResult result = session.RunChain(u"Program");
+    const QString text = u"書き込みを確認できませんでした。"_s;
+    if (!result.erase || !result.erase->erased || !result.program) {
+        return session.Judge(false, cause::CommandRefused, text);
+    }
+    if (result.program->nothingToWrite) {
+        return ProveBlank(session);
+    }
+    const VerifyResult& verify = result.program->verify;
+    return result.program->flashWritten && result.program->eepromWritten && verify.flashCompared &&
+                   verify.eepromCompared
+               ? TellDifferences(session, verify.differences)
+               : session.Judge(false, cause::CommandRefused, text);
+}
+
+/// The files, and which memory keeps its content instead. A status.
+int ChooseFiles(Session& session, const Call& call, ImageFiles& files, Precautions& precautions) {
+    if (const int status = ImageFiles::From(session, call, ImageFiles::Use::Read, files)) {
+        return status;
+    }
+    if (!files.memories.Both()) {
+        precautions.kept = files.memories.flash ? Memory::Eeprom : Memory::Flash;
+    }
+    if (call.Has("keep-eeprom")) {
+        if (call.arguments.size() > 1 || !files.memories.flash) {
+            return session.Fail(cause::WrongUse,
+                                u"--keep-eeprom と EEPROM のファイルは一緒に指定できません。"_s);
         }
         files.data.clear();
-    }
-    for (const auto& step : {
-             std::function([&] { return ProveFiles(session, files, preflight.force); }),
-             std::function([&] { return preflight.ProveChip(session); }),
-             std::function([&] { return preflight.SaveChip(session); }),
-         }) {
-        const int status = step();
-        if (status != kDone || session.Port().Stopped()) {
-            return status;
-        }
-    }
-    const EepromImage kept = session.Bench().state.images.eeprom;
-    FillImages(session, files);
-    if (preflight.keepEeprom) {
-        session.Bench().state.images.eeprom = kept;
+        precautions.kept = Memory::Eeprom;
     }
     return kDone;
 }
 
-void ProgramCommand::TellPlan(Session& session) {
-    const Workbench& bench = session.Bench();
-    const int lastWord = LastUsedWord(bench.state.images.flash, bench.state.device.flashWords);
-    WritePlan plan;
-    plan.flashWords = lastWord < 0 ? 0 : std::max(lastWord, 1) + 1;
-    plan.eepromExtent = LastUsedByte(bench.state.images.eeprom, bench.state.device.eepromBytes) + 1;
-    plan.eepromBytes =
-        plan.eepromExtent - static_cast<int>(std::count(
-                                bench.state.images.eeprom.begin(),
-                                bench.state.images.eeprom.begin() + plan.eepromExtent, kErased));
-    const double seconds = ProgramTime(plan).count();
-    session.Tell(
-        u"消去して書き込みます: Flash %1 word, EEPROM %2 byte, 約 %3 秒"_s.arg(plan.flashWords)
-            .arg(plan.eepromBytes)
-            .arg(seconds, 0, 'f', 1));
-    session.Report()[u"plan"_s] = QJsonObject{{u"flashWords"_s, plan.flashWords},
-                                              {u"eepromBytes"_s, plan.eepromBytes},
-                                              {u"seconds"_s, seconds}};
+int RunProgram(Session& session, const Call& call, LoadedFiles& loaded) {
+    Precautions precautions = From(call);
+    ImageFiles files;
+    return InOrder([&] { return ChooseFiles(session, call, files, precautions); },
+                   [&] { return LoadFiles(session, files, precautions.force, loaded); },
+                   [&] { return ProveChip(session, precautions); },
+                   [&] { return Backup(session, precautions.backup); },
+                   [&] { return Keep(session, precautions.kept, loaded.images); },
+                   [&] { return WriteChip(session, loaded.images); });
+}
+
+int EraseChip(Session& session) {
+    const double seconds = (session.Elapsed() + EraseTime()).count();
+    session.Tell(u"チップ全体を消去します: 全体で約 %1 秒"_s.arg(seconds, 0, 'f', 1));
+    session.Report()[u"plan"_s] = QJsonObject{{u"seconds"_s, seconds}};
+    const ChainResult result = session.RunChain(u"Erase");
+    const bool erased = result.erase && result.erase->erased;
+    session.Report()[u"erased"_s] = erased;
+    return session.Judge(erased, cause::CommandRefused, u"消去を確認できませんでした。"_s);
+}
+
+}  // namespace
+
+int Program(Session& session, const Call& call) {
+    LoadedFiles loaded;
+    const int status = RunProgram(session, call, loaded);
+    session.Report()[u"verified"_s] = status == kDone && loaded.lossless;
+    if (status != kDone && session.Chip().Touched() && !session.Port().Stopped()) {
+        session.Remark(session.Chip().Text());
+    }
+    return status == kDone ? session.Judge(loaded.lossless, cause::PartlyWritten,
+                                           u"ファイルのデータの一部は書き込めませんでした。"_s)
+                           : status;
+}
+
+int Erase(Session& session, const Call& call) {
+    const Precautions precautions = From(call);
+    return InOrder([&] { return ProveChip(session, precautions); },
+                   [&] { return Backup(session, precautions.backup); },
+                   [&] { return EraseChip(session); });
 }
 
 }  // namespace tolvex

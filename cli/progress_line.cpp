@@ -1,14 +1,25 @@
 // SPDX-License-Identifier: MIT
 #include "cli/progress_line.h"
 
+#include <algorithm>
+
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kBarWidth = 30;
+constexpr int kWidestBar = 30;
+constexpr int kNarrowestBar = 5;
 constexpr auto kWipe = "\r\033[K";
+
+/// Japanese letters take two columns; the half-width ones and everything else that is shown, one.
+int Columns(const QString& text) {
+    return static_cast<int>(text.size() + std::ranges::count_if(text, [](QChar c) {
+                                return c.unicode() >= 0x3000 &&
+                                       !(c.unicode() >= 0xFF61 && c.unicode() <= 0xFFDC);
+                            }));
+}
 
 }  // namespace
 
@@ -19,46 +30,52 @@ void ProgressLine::Begin(const QString& text) {
     End();
     text_ = text;
     start_ = clock_.Now();
-    if (console_.IsTerminal()) {
-        console_.Draw(QString::fromLatin1(kWipe) + text_);
-        drawn_ = true;
+    if (console_.Columns() > 0) {
+        Draw(text_);
     } else {
         console_.Complain(text_);
     }
 }
 
 void ProgressLine::Step(double minimum, double value, double maximum) {
-    if (silent_ || text_.isEmpty()) {
+    const int columns = console_.Columns();
+    if (silent_ || text_.isEmpty() || columns == 0) {
         return;
     }
     const double fraction = maximum > minimum ? (value - minimum) / (maximum - minimum) : 1;
     const int percent = static_cast<int>(100 * fraction);
-    const int step = console_.IsTerminal() ? percent : percent / 25;
-    if (step == shown_) {
-        return;
-    }
-    shown_ = step;
-    if (console_.IsTerminal()) {
-        DrawBar(percent, fraction);
-    } else if (step > 0) {
-        console_.Complain(u"%1 %2%"_s.arg(text_).arg(25 * step));
+    if (percent != shown_) {
+        shown_ = percent;
+        Draw(Bar(percent, fraction, columns));
     }
 }
 
-void ProgressLine::DrawBar(int percent, double fraction) {
+QString ProgressLine::Bar(int percent, double fraction, int columns) {
     if (percent == 0) {
         start_ = clock_.Now();
     }
-    const auto done = static_cast<int>(kBarWidth * fraction);
-    QString line =
-        u"%1 [%2%3] %4%"_s.arg(text_, QString(done, u'#'), QString(kBarWidth - done, u'.'))
-            .arg(percent, 3);
+    QString end = u" %1%"_s.arg(percent, 3);
     if (percent > 0 && percent < 100) {
         const std::chrono::duration<double> elapsed = clock_.Now() - start_;
         const int left = static_cast<int>(elapsed.count() * (1 - fraction) / fraction + 0.5);
-        line += u" 残り %1:%2"_s.arg(left / 60).arg(left % 60, 2, 10, QChar(u'0'));
+        end += u" 残り %1:%2"_s.arg(left / 60).arg(left % 60, 2, 10, QChar(u'0'));
     }
-    console_.Draw(QString::fromLatin1(kWipe) + line);
+    // The width is that of the longest line, so that the bar does not change while it grows.
+    const int room = columns - 1 - Columns(text_) - Columns(u" [] 100% 残り 0:00"_s);
+    const int width = std::min(kWidestBar, room);
+    if (width < kNarrowestBar) {
+        return text_ + end;
+    }
+    const auto done = static_cast<int>(width * fraction);
+    return u"%1 [%2%3]%4"_s.arg(text_, QString(done, u'#'), QString(width - done, u'.'), end);
+}
+
+void ProgressLine::Draw(const QString& line) {
+    QString cut = line;
+    while (Columns(cut) >= console_.Columns() && !cut.isEmpty()) {
+        cut.chop(1);
+    }
+    console_.Draw(QString::fromLatin1(kWipe) + cut);
     drawn_ = true;
 }
 

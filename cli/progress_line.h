@@ -8,8 +8,8 @@
 
 namespace tolvex {
 
-/// How far an operation has come: on a terminal one line that is drawn over, with the time left;
-/// elsewhere a plain line per phase and quarter.
+/// How far an operation has come: on a terminal one line that is drawn over and fits it, with the
+/// time left; elsewhere a plain line a phase.
 class ProgressLine {
   public:
     /// Both borrowed. `silent` draws nothing at all.
@@ -24,14 +24,15 @@ class ProgressLine {
     void End();
 
   private:
-    void DrawBar(int percent, double fraction);
+    void Draw(const QString& line);
+    QString Bar(int percent, double fraction, int columns);
 
     Console& console_;
     const EventClock& clock_;
     bool silent_;
     QString text_;
     bool drawn_ = false;  ///< a line stands on the terminal
-    int shown_ = -1;      ///< per cent, or quarter where there is no terminal
+    int shown_ = -1;      ///< per cent
     EventClock::Instant start_{0};
 };
 

@@ -2,16 +2,16 @@
 #include "cli/session.h"
 
 #include <QJsonArray>
-#include <QJsonDocument>
 
 #include "base/settings_keys.h"
-#include "cli/device_choice.h"
 
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr auto kFullFirmware = u"3.9";
 
 FixedSettings SettingsFor(const Settings& stored, const CommonOptions& options) {
     FixedSettings settings(stored);
@@ -31,12 +31,25 @@ Session::Session(const CliSurroundings& around, const CommonOptions& options,
     : around_(around),
       options_(options),
       settings_(SettingsFor(around.settings, options)),
+      clock_(around.clock, around.signal),
+      start_(clock_.Now()),
       trace_(around.clock),
-      port_(around.port, around.stopAsked),
-      clock_(around.clock, port_),
-      person_(around_.console, clock_,
-              {!options.json && !options.quiet, !options.quiet,
-               [this] { return deaf_ || port_.Stopped(); }}),
+      port_(around.port, clock_, trace_),
+      chip_(port_),
+      person_(
+          around_.console, clock_,
+          {.prints = !options.json && !options.quiet && !options.outputTaken,
+           .progress = !options.quiet,
+           .failing =
+               [this] {
+                   return chip_.Failing() || bench_.state.errorFlag.Failed() || port_.OpenFailed();
+               },
+           .deaf = [this] { return deaf_ || port_.Stopped(); },
+           .inTheirWords =
+               [this](QString text) {
+                   const bool byPath = options_.port && options_.port->byPath;
+                   return byPath ? text.replace(u"COM%1"_s.arg(PortNumber()), PortPath()) : text;
+               }}),
       bench_({.port = port_,
               .clock = clock_,
               .settings = settings_,
@@ -47,26 +60,26 @@ Session::Session(const CliSurroundings& around, const CommonOptions& options,
                          .panel = lists_,
                          .dialogs = person_},
               .mainCaption = [] { return u"tolvex-cli"_s; },
-              .showPortDialog = [] {}}) {
-    port_.AddListener(chip_);
+              .showPortDialog = [] {},
+              .decorate = [this](WriterCommands& commands) -> WriterCommands& {
+                  return chip_.Around(commands);
+              }}) {
     bench_.selection.FillDeviceLists();
     report_[u"command"_s] = command;
-    report_[u"device"_s] = PartNumber(bench_.state.device.name);
+    report_[u"device"_s] = PartNumber(Device().name);
     if (PortNumber() != 0) {
-        report_[u"port"_s] = QJsonObject{{u"number"_s, PortNumber()}, {u"path"_s, PortPath()}};
+        QJsonObject port{{u"path"_s, PortPath()}};
+        if (!options_.port || !options_.port->byPath) {
+            port[u"number"_s] = PortNumber();
+        }
+        report_[u"port"_s] = port;
     }
 }
 
-bool Session::OpenTrace() {
-    if (options_.trace.isEmpty()) {
-        return true;
-    }
-    if (!trace_.Open(options_.trace)) {
-        Fail(kWrongUse, "traceNotWritten", u"ファイルを書けません: %1"_s.arg(options_.trace));
-        return false;
-    }
-    port_.AddListener(trace_);
-    return true;
+int Session::OpenTrace() {
+    return options_.trace.isEmpty() || trace_.Open(options_.trace)
+               ? int{kDone}
+               : Fail(cause::FileNotWritten, u"ファイルを書けません: %1"_s.arg(options_.trace));
 }
 
 int Session::PortNumber() const {
@@ -78,9 +91,18 @@ QString Session::PortName() const {
     return byPath ? PortPath() : u"COM%1 (%2)"_s.arg(PortNumber()).arg(PortPath());
 }
 
+QString Session::Signature() const {
+    const auto& [family, size, vendor] = reading_.signature;
+    return reading_.verdict == ChipVerdict::NoReply
+               ? QString()
+               : u"%1:%2:%3"_s.arg(HexByte(vendor), HexByte(size), HexByte(family));
+}
+
 void Session::Print(const QString& line) {
-    if (!options_.json) {
-        person_.EndProgress();
+    person_.EndProgress();
+    if (options_.outputTaken) {
+        around_.console.Complain(line);
+    } else if (!options_.json) {
         around_.console.Print(line);
     }
 }
@@ -92,26 +114,21 @@ void Session::Tell(const QString& line) {
 }
 
 void Session::Remark(const QString& line) {
-    if (!options_.quiet) {
-        person_.EndProgress();
-        around_.console.Complain(line);
-    }
+    person_.EndProgress();
+    around_.console.Complain(line);
 }
 
-int Session::Fail(ExitStatus status, const char* code, const QString& text) {
-    person_.EndProgress();
-    if (options_.quiet && !person_.Said().isEmpty()) {
-        around_.console.Complain(person_.Said().last());
-    }
-    around_.console.Complain(u"tolvex-cli: "_s + text);
-    report_[u"error"_s] = QJsonObject{{u"code"_s, QString::fromLatin1(code)}, {u"message"_s, text}};
-    return status;
+int Session::Fail(Cause cause, const QString& text) {
+    Remark(u"tolvex-cli: "_s + text);
+    report_[u"error"_s] =
+        QJsonObject{{u"code"_s, QString::fromLatin1(cause.code)}, {u"message"_s, text}};
+    return cause.status;
 }
 
 int Session::RequirePort() {
-    return PortNumber() != 0 ? int{kDone}
-                             : Fail(kWrongUse, "noPort",
-                                    u"ポートが選ばれていません。--port で指定してください。"_s);
+    return PortNumber() != 0
+               ? int{kDone}
+               : Fail(cause::NoPort, u"ポートが選ばれていません。--port で指定してください。"_s);
 }
 
 ChainResult Session::RunChain(QStringView key) {
@@ -140,42 +157,131 @@ int Session::DetectChip() {
         return status;
     }
     detection_ = bench_.detection.WriterCheck();
+    reading_ = {};
     if (detection_) {
-        bench_.state.errorFlag.Clear();
-        reading_ = bench_.check.CheckDevice();
+        TellFirmware();
+        reading_ = LookAtChip();
     }
-    return Judge(reading_.verdict != ChipVerdict::NoReply, "noSignature",
+    return Judge(reading_.verdict != ChipVerdict::NoReply, cause::WriterSilent,
                  u"シグネチャを読めません。"_s);
 }
 
-int Session::Judge(bool success, const char* code, const QString& text) {
-    if (success || port_.Stopped()) {
+/// The chosen chip is known by one look. Only of another reading does the operations' own check
+/// judge, which gives the chip a second to settle and tells what it found.
+ChipReading Session::LookAtChip() {
+    ChipReading look;
+    ErrorFlag flag;
+    chip_.EnterProgrammingMode(flag);
+    chip_.ReadSignature(look.signature, flag);
+    chip_.LeaveProgrammingMode(flag);
+    if (flag.Failed()) {
+        return {};
+    }
+    if (look.signature == Device().signature) {
+        look.verdict = ChipVerdict::Accepted;
+        look.passed = true;
+        return look;
+    }
+    bench_.state.errorFlag.Clear();
+    return bench_.check.CheckDevice();
+}
+
+void Session::TellFirmware() {
+    if (Device().fuseGroup == FuseGroup::BOD_CKSEL &&
+        detection_.identity.softwareVersion != kFullFirmware) {
+        Remark(u"ファームウエア %1 は %2 をサポートしません（3.9 が必要です）。"_s.arg(
+            detection_.identity.softwareVersion, PartNumber(Device().name)));
+    }
+}
+
+int Session::DetectPart(bool force) {
+    const int status = DetectChip();
+    return status == kDone ? DetectedPart(force) : status;
+}
+
+int Session::DetectedPart(bool force) {
+    const ChipVerdict verdict = reading_.verdict;
+    const bool readable = verdict == ChipVerdict::Accepted || verdict == ChipVerdict::Mismatch;
+    return readable ? RequirePart(force) : FailReading();
+}
+
+int Session::RequirePart(bool force) {
+    if (reading_.signature == Device().signature) {
         return kDone;
     }
+    const QString part = PartOf(reading_.signature);
+    const QString found = part.isEmpty() ? u"知らない部品"_s : part;
+    const QString text = u"ソケットのチップは %1 (%2) で、%3 ではありません。"_s.arg(
+        found, Signature(), PartNumber(Device().name));
+    if (!force) {
+        const QString hint = u"--device %1 で指定してください。"_s.arg(part);
+        return Fail(cause::WrongChip, part.isEmpty() ? text : text + hint);
+    }
+    Remark(text + u"続けます。"_s);
+    bench_.check.TolerateMismatch();
+    return kDone;
+}
+
+int Session::FailReading() {
+    switch (reading_.verdict) {
+        case ChipVerdict::Protected:
+            return Fail(cause::Locked, u"チップがロックされています。"_s);
+        case ChipVerdict::EmptySocket:
+            return Fail(cause::EmptySocket, u"ソケットにチップがありません。"_s);
+        case ChipVerdict::NoReply:
+            return Fail(cause::WriterSilent, u"シグネチャを読めません。"_s);
+        case ChipVerdict::Accepted:
+        case ChipVerdict::Mismatch:
+            break;
+    }
+    return RequirePart(false);
+}
+
+int Session::FailOpening() {
+    const PortFacts facts = Inspect(PortPath());
+    const Cause present = facts.permitted ? cause::PortBusy : cause::PortForbidden;
+    return Fail(facts.exists ? present : cause::PortMissing,
+                u"ポート %1 を開けません: %2"_s.arg(PortName(), PortError()));
+}
+
+int Session::Judge(bool success, Cause cause, const QString& text) {
+    if (success) {
+        return kDone;
+    }
+    if (port_.Stopped()) {
+        return kSignalled;
+    }
     if (port_.OpenFailed()) {
-        return Fail(kNoPort, "portNotOpened",
-                    u"ポート %1 を開けません: %2"_s.arg(PortName(), PortError()));
+        return FailOpening();
+    }
+    if (port_.Lost()) {
+        return Fail(cause::LineLost, u"ライタとの接続が切れました: %1"_s.arg(PortName()));
     }
     if (!detection_.found) {
-        return Fail(kRefused, "writerNotFound", u"ライタが見つかりません: %1"_s.arg(PortName()));
+        return Fail(chip_.FirstFailure() == ChipRecord::Failure::Refused ? cause::CommandRefused
+                                                                         : cause::WriterSilent,
+                    u"ライタが見つかりません: %1"_s.arg(PortName()));
     }
-    return Fail(kRefused, code, text);
+    if (chip_.FirstFailure() != ChipRecord::Failure::None) {
+        return chip_.FirstFailure() == ChipRecord::Failure::Refused
+                   ? Fail(cause::CommandRefused, u"ライタがコマンドを拒否しました。"_s + text)
+                   : Fail(cause::WriterSilent, u"ライタが応答しません。"_s + text);
+    }
+    const int status = reading_.passed ? int{kDone} : FailReading();
+    return status == kDone ? Fail(cause, text) : status;
 }
 
 int Session::Finish(int status) {
-    person_.EndProgress();
+    LeaveBoard();
     if (port_.Stopped()) {
-        status = FinishInterrupted();
-    } else {
-        LeaveBoard();
+        Fail(cause::Interrupted, u"中断しました。\n"_s + chip_.Text());
+        status = kSignalled + clock_.StopAsked();
+    } else if (trace_.Lost() && status == kDone) {
+        status = Fail(cause::OutputLost, u"ファイルを書けません: %1"_s.arg(trace_.Path()));
     }
     ReportFindings();
     report_[u"exitStatus"_s] = status;
     report_[u"messages"_s] = QJsonArray::fromStringList(person_.Said());
-    if (options_.json) {
-        const QByteArray text = QJsonDocument(report_).toJson(QJsonDocument::Compact);
-        around_.console.Print(QString::fromUtf8(text));
-    }
     return status;
 }
 
@@ -186,8 +292,11 @@ void Session::ReportFindings() {
                                            {u"firmware"_s, identity.softwareVersion},
                                            {u"hardware"_s, identity.hardwareVersion}};
     }
-    if (reading_.verdict != ChipVerdict::NoReply) {
-        report_[u"signature"_s] = person_.Panel(kSignaturePanel);
+    if (!Signature().isEmpty()) {
+        report_[u"signature"_s] = Signature();
+    }
+    if (const QString part = PartOf(reading_.signature); !part.isEmpty()) {
+        report_[u"part"_s] = part;
     }
     if (chip_.Touched()) {
         report_[u"written"_s] = chip_.Json();
@@ -196,20 +305,19 @@ void Session::ReportFindings() {
 
 /// An operation that broke off leaves the board in programming mode, with the chip held in reset.
 void Session::LeaveBoard() {
-    deaf_ = true;
-    if (port_.IsOpen() && chip_.InProgrammingMode()) {
-        ErrorFlag flag;
-        bench_.commands.LeaveProgrammingMode(flag);
-    }
-    bench_.connection.ClosePort();
-}
-
-int Session::FinishInterrupted() {
+    person_.EndProgress();
     deaf_ = true;
     port_.Resume();
-    LeaveBoard();
-    const QString text = u"中断しました。\n"_s + chip_.Text();
-    return Fail(kInterrupted, "interrupted", text);
+    clock_.AllowFarewell();
+    if (port_.IsOpen() && chip_.InProgrammingMode()) {
+        ErrorFlag flag;
+        chip_.LeaveProgrammingMode(flag);
+        if (flag.Failed()) {
+            Remark(
+                u"ライタがプログラミングモードのままかもしれません。電源を入れ直してください。"_s);
+        }
+    }
+    bench_.connection.ClosePort();
 }
 
 }  // namespace tolvex

@@ -6,12 +6,12 @@
 #include <optional>
 
 #include "cli/chip_record.h"
+#include "cli/choices.h"
 #include "cli/console.h"
 #include "cli/exit_status.h"
 #include "cli/fixed_settings.h"
 #include "cli/observed_port.h"
 #include "cli/option_lists.h"
-#include "cli/port_choice.h"
 #include "cli/port_facts.h"
 #include "cli/stoppable_clock.h"
 #include "cli/terminal_person.h"
@@ -29,7 +29,7 @@ struct CliSurroundings {
     const Settings& settings;  ///< the stored ones
     ComPorts& comPorts;
     Console& console;
-    std::function<bool()> stopAsked;  ///< the person pressed Ctrl-C
+    std::function<int()> signal;  ///< the signal that asks to stop; 0 = none
     std::function<PortFacts(const QString& path)> inspectPort;
 };
 
@@ -39,20 +39,28 @@ struct CommonOptions {
     std::optional<int> device;       ///< entry of the device list; nothing = the stored one
     bool json = false;
     bool quiet = false;
-    QString trace;  ///< a file; empty = none
+    QString trace;             ///< a file; empty = none
+    bool outputTaken = false;  ///< the output is a file's: remarks go to the error stream
 };
 
 /// One run of one command: the workbench with a terminal around it, and what the command reports.
+/// Whatever can fail gives `kDone`, or the status of a failure that has been told; a signal is one
+/// of them.
 class Session {
   public:
     Session(const CliSurroundings& around, const CommonOptions& options, const QString& command);
+    Session(const Session&) = delete;
 
     Workbench& Bench() { return bench_; }
-    TerminalPerson& Person() { return person_; }
+    const CurrentDevice& Device() const { return bench_.state.device; }
     OptionLists& Lists() { return lists_; }
-    ObservedPort& Port() { return port_; }
+    const ObservedPort& Port() const { return port_; }
     const ChipRecord& Chip() const { return chip_; }
-    EventClock& Clock() { return clock_; }
+    const WriterIdentity& Identity() const { return detection_.identity; }
+    /// As last read.
+    const ChipReading& Reading() const { return reading_; }
+    /// "1E:91:01", as last read; empty before.
+    QString Signature() const;
     ComPorts& Ports() { return around_.comPorts; }
     /// 1 to 20; 0 = none chosen.
     int PortNumber() const;
@@ -62,10 +70,12 @@ class Session {
     PortFacts Inspect(const QString& path) const { return around_.inspectPort(path); }
     /// Why the last opening failed.
     QString PortError() const { return around_.portError(); }
+    EventClock::Instant Now() const { return clock_.Now(); }
+    /// Since the run began.
+    std::chrono::duration<double> Elapsed() const { return clock_.Now() - start_; }
 
-    /// Records the line from now on if that was asked for. False when the file can't be written;
-    /// that has been told.
-    bool OpenTrace();
+    /// Records the line from now on if that was asked for.
+    int OpenTrace();
 
     /// The JSON object under construction.
     QJsonObject& Report() { return report_; }
@@ -74,42 +84,50 @@ class Session {
     /// A line that a person at the terminal wants to see and a script doesn't: not with --json or
     /// --quiet.
     void Tell(const QString& line);
-    /// A remark of the tool itself, unless --quiet.
+    /// A remark of the tool itself on the error stream.
     void Remark(const QString& line);
-    /// The reason for a failing end, for a person and for a machine; gives `status` back.
-    int Fail(ExitStatus status, const char* code, const QString& text);
+    /// A file's text as the output.
+    void Put(const QByteArray& text) { around_.console.Put(text); }
+    /// The reason for a failing end, for a person and for a machine.
+    int Fail(Cause cause, const QString& text);
 
-    /// `kDone` when a port was chosen at all, else the status of a failure that has been told.
     int RequirePort();
-    /// Runs a chain of the toolbar, or a read or write of lock and fuse bits, and keeps what it
-    /// said of writer and chip for the report.
+    /// Detects the writer and looks at the chip in the socket, whatever that is.
+    int DetectChip();
+    /// The same, and then a readable chip of the chosen kind is required; with `force`, of any
+    /// kind.
+    int DetectPart(bool force);
+    /// Of the chip that was detected.
+    int DetectedPart(bool force = false);
+    /// The chip that was last read is of the chosen kind, or `force` lets another one pass.
+    int RequirePart(bool force);
+    /// Runs a chain of the toolbar, or an operation on lock and fuse bits.
     ChainResult RunChain(QStringView key);
     LockFuseResult RunFuses(LockFuseResult (LockFuseBits::*operation)());
-    const WriterIdentity& Identity() const { return detection_.identity; }
-    ChipVerdict Verdict() const { return reading_.verdict; }
-    /// Detects the writer and checks the chip in the socket.
-    /// `kDone`, or the status of a failure that has been told.
-    int DetectChip();
-    /// The status after an operation that succeeded or not. A failure is told under `code`, unless
-    /// the reason is that the port or the writer wasn't there.
-    int Judge(bool success, const char* code, const QString& text);
+    /// The status after an operation. What kept it from succeeding is looked for in the line, the
+    /// writer and the chip; `cause` is what remains.
+    int Judge(bool success, Cause cause, const QString& text);
 
-    /// Leaves the board as it should be, prints the JSON object and gives the final status.
+    /// Leaves the board as it should be and gives the final status.
     int Finish(int status);
 
   private:
+    int FailOpening();
+    int FailReading();
+    ChipReading LookAtChip();
+    void TellFirmware();
     void LeaveBoard();
     void ReportFindings();
-    int FinishInterrupted();
 
     CliSurroundings around_;
     CommonOptions options_;
-    AppDir folders_;
+    AppDir folders_;  ///< none: nothing is listed
     FixedSettings settings_;
-    ChipRecord chip_;
+    StoppableClock clock_;
+    EventClock::Instant start_;
     TraceFile trace_;
     ObservedPort port_;
-    StoppableClock clock_;
+    ChipRecord chip_;
     bool deaf_ = false;
     TerminalPerson person_;
     OptionLists lists_;

@@ -3,11 +3,7 @@
 
 namespace tolvex {
 
-TerminalPerson::TerminalPerson(Console& console, const EventClock& clock, Habits habits)
-    : console_(console), progress_(console, clock, !habits.progress), habits_(std::move(habits)) {}
-
 void TerminalPerson::SetStatusText(int panel, const QString& text) {
-    panels_[panel] = text;
     if (panel == kMessagePanel && !text.isEmpty()) {
         Say(text);
     }
@@ -27,27 +23,21 @@ void TerminalPerson::SetProgress(bool on, double minimum, double value, double m
     }
 }
 
-void TerminalPerson::ShowVerifyReport(const QString& text) {
-    Print(text.trimmed());
-}
-
-void TerminalPerson::ShowBox(BoxIcon, const QString& title, const QString& text) {
-    Say(title + u'\n' + text);
-}
-
-/// A text that is shown in two places is said once.
+/// A text that is shown in two places is said once, and so is a complaint that repeats itself.
 void TerminalPerson::Say(QString text) {
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
-    text = text.trimmed();
-    if (habits_.deaf() || (!said_.isEmpty() && said_.last() == text)) {
+    text = habits_.inTheirWords(text.trimmed());
+    const bool complaint = habits_.failing();
+    const bool known = complaint ? complaints_.contains(text) : said_.endsWith(text);
+    if (habits_.deaf() || known) {
         return;
     }
     said_ << text;
-    Print(text);
-}
-
-void TerminalPerson::Print(const QString& text) {
-    if (habits_.prints && !habits_.deaf()) {
+    if (complaint) {
+        complaints_ << text;
+        progress_.End();
+        console_.Complain(text);
+    } else if (habits_.prints) {
         progress_.End();
         console_.Print(text);
     }

@@ -10,16 +10,16 @@ using namespace Qt::StringLiterals;
 std::span<const DeviceRecord> Catalogue() {
     // The code is the writer's own class of chip, which several chips share.
     static const DeviceRecord kCatalogue[] = {
-        {u"AT90S1200 (外部ｸﾛｯｸ)"_s, 0x11, 512, 64, FuseGroup::LockOnly},
-        {u"AT90S1200A(内部RCｸﾛｯｸ1MHz)"_s, 0x11, 512, 64, FuseGroup::LockOnly},
-        {u"AT90S2313"_s, 0x21, 1024, 128, FuseGroup::LockOnly},
-        {u"AT90S2323"_s, 0x11, 1024, 128, FuseGroup::FSTRT},
-        {u"AT90S2333"_s, 0x22, 1024, 128, FuseGroup::BOD_CKSEL},
-        {u"AT90S2343"_s, 0x11, 1024, 128, FuseGroup::RCEN},
-        {u"AT90S4414"_s, 0x21, 2048, 256, FuseGroup::LockOnly},
-        {u"AT90S4433"_s, 0x22, 2048, 256, FuseGroup::BOD_CKSEL},
-        {u"AT90S8515"_s, 0x21, 4096, 512, FuseGroup::LockOnly},
-        {u"AT90S8535"_s, 0x22, 4096, 512, FuseGroup::FSTRT},
+        {u"AT90S1200 (外部ｸﾛｯｸ)"_s, 0x11, 512, 64, FuseGroup::LockOnly, {0x01, 0x90, 0x1E}},
+        {u"AT90S1200A(内部RCｸﾛｯｸ1MHz)"_s, 0x11, 512, 64, FuseGroup::LockOnly, {0x01, 0x90, 0x1E}},
+        {u"AT90S2313"_s, 0x21, 1024, 128, FuseGroup::LockOnly, {0x01, 0x91, 0x1E}},
+        {u"AT90S2323"_s, 0x11, 1024, 128, FuseGroup::FSTRT, {0x02, 0x91, 0x1E}},
+        {u"AT90S2333"_s, 0x22, 1024, 128, FuseGroup::BOD_CKSEL, {0x05, 0x91, 0x1E}},
+        {u"AT90S2343"_s, 0x11, 1024, 128, FuseGroup::RCEN, {0x03, 0x91, 0x1E}},
+        {u"AT90S4414"_s, 0x21, 2048, 256, FuseGroup::LockOnly, {0x01, 0x92, 0x1E}},
+        {u"AT90S4433"_s, 0x22, 2048, 256, FuseGroup::BOD_CKSEL, {0x03, 0x92, 0x1E}},
+        {u"AT90S8515"_s, 0x21, 4096, 512, FuseGroup::LockOnly, {0x01, 0x93, 0x1E}},
+        {u"AT90S8535"_s, 0x22, 4096, 512, FuseGroup::FSTRT, {0x03, 0x93, 0x1E}},
     };
     return kCatalogue;
 }

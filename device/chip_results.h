@@ -21,7 +21,7 @@ enum class ChipVerdict { NoReply, Accepted, Protected, EmptySocket, Mismatch };
 /// A device check.
 struct ChipReading {
     ChipVerdict verdict = ChipVerdict::NoReply;
-    /// In order of arrival: family, size code, vendor; zeros when no reply came.
+    /// In order of arrival: family, size code, vendor; zeros before the first reply.
     std::array<std::uint8_t, 3> signature{};
     /// The chip may be worked on: it is accepted (or its mismatch is tolerated) and no command of
     /// the check failed.

@@ -75,10 +75,10 @@ ChipVerdict DeviceCheck::Judge(std::uint8_t sizeCode, int flashWords) {
 }
 
 ChipVerdict DeviceCheck::Reject(ChipVerdict verdict, const QString& message) {
-    person_.dialog.ShowMessage(MessageMode::Message, message);
     if (!tolerant_ || verdict != ChipVerdict::Mismatch) {
         flag_.Set();
     }
+    person_.dialog.ShowMessage(MessageMode::Message, message);
     return verdict;
 }
 

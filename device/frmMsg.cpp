@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "device/frmMsg.h"
 
+#include <QAccessible>
 #include <QCloseEvent>
 
 #include "widgets/fonts.h"
@@ -22,7 +23,7 @@ QRect Place(int left, int top, int width, int height) {
 frmMsg::frmMsg(QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
                           Qt::WindowStaysOnTopHint),
-      txtMsg_(new FittedLabel(this)),
+      txtMsg_(new FittedLabel(u"メッセージ"_s, this)),
       cmdOkm_(new QPushButton(u"OK"_s, this)),
       progBar_(new QProgressBar(this)) {
     setObjectName(u"frmMsg"_s);
@@ -30,7 +31,6 @@ frmMsg::frmMsg(QWidget* parent)
     setFixedSize(PixelsFromTwips(5745), PixelsFromTwips(1800));
 
     txtMsg_->setObjectName(u"txtMsg"_s);
-    txtMsg_->setAccessibleName(u"メッセージ"_s);
     txtMsg_->setWordWrap(true);
     txtMsg_->setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
     txtMsg_->setGeometry(Place(90, 180, 5415, 600));
@@ -45,6 +45,9 @@ frmMsg::frmMsg(QWidget* parent)
     progBar_->setGeometry(Place(180, 1080, 5280, 210));
     progBar_->hide();
     connect(cmdOkm_, &QPushButton::clicked, this, &QWidget::close);
+    if (parent != nullptr) {
+        parent->installEventFilter(this);
+    }
 }
 
 void frmMsg::ShowMessage(MessageMode mode, const QString& text) {
@@ -53,14 +56,41 @@ void frmMsg::ShowMessage(MessageMode mode, const QString& text) {
     progress_.visible = progress_.visible && !message;
     ShowBar();
     txtMsg_->ShowText(text);
+    Announce();
     // A progress display must not take the keyboard from whatever the person is doing.
     setAttribute(Qt::WA_ShowWithoutActivating, !message);
-    show();
+    waiting_ = !message && OwnerIsMinimized();
     if (message) {
+        setWindowState(windowState() & ~Qt::WindowMinimized);
+        show();
         raise();
         activateWindow();
         cmdOkm_->setFocus();
+    } else if (!waiting_) {
+        show();
     }
+}
+
+/// To who hears the screen instead of seeing it: the window is called what it says.
+void frmMsg::Announce() {
+    const QString text = txtMsg_->WholeText();
+    setAccessibleName(text);
+    setAccessibleDescription(text);
+    QAccessibleEvent event(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&event);
+}
+
+bool frmMsg::OwnerIsMinimized() const {
+    return parentWidget() != nullptr && parentWidget()->isMinimized();
+}
+
+/// The progress of what runs in a minimised program shows when its window comes back.
+bool frmMsg::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::WindowStateChange && waiting_ && !OwnerIsMinimized()) {
+        waiting_ = false;
+        show();
+    }
+    return QDialog::eventFilter(watched, event);
 }
 
 void frmMsg::SetProgress(bool on, double minimum, double value, double maximum) {

@@ -11,7 +11,8 @@
 
 namespace tolvex {
 
-/// The message and progress dialog: modeless, above all other windows.
+/// The message and progress dialog: modeless, above all other windows. While its owner is minimised
+/// a progress display keeps out of sight, a message comes up.
 class frmMsg : public QDialog {
     Q_OBJECT
 
@@ -27,6 +28,7 @@ class frmMsg : public QDialog {
 
     /// Esc and the window manager's close.
     void reject() override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -34,6 +36,8 @@ class frmMsg : public QDialog {
   private:
     bool HasButton() const { return cmdOkm_->isVisibleTo(this); }
     void ShowBar();
+    void Announce();
+    bool OwnerIsMinimized() const;
     bool MayClose() const { return HasButton() || !busy_; }
 
     FittedLabel* txtMsg_;
@@ -41,6 +45,7 @@ class frmMsg : public QDialog {
     QProgressBar* progBar_;
     ProgressState progress_;
     bool busy_ = false;
+    bool waiting_ = false;  ///< for its owner to come back from being minimised
 };
 
 }  // namespace tolvex

@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QVBoxLayout>
 
+#include "widgets/drop_down.h"
 #include "widgets/fonts.h"
 
 namespace tolvex {
@@ -18,8 +19,8 @@ constexpr int kRowHeight = 19;
 constexpr int kButtonHeight = 21;
 constexpr int kGap = 2;
 
-QComboBox* NewList(const QString& name, const QString& spoken, QWidget* parent) {
-    auto* list = new QComboBox(parent);
+DropDown* NewList(const QString& name, const QString& spoken, QWidget* parent) {
+    auto* list = new DropDown(parent);
     list->setObjectName(name);
     list->setAccessibleName(spoken);
     list->setFixedHeight(kRowHeight);
@@ -40,6 +41,8 @@ frmSetting::frmSetting(QWidget* parent) : QWidget(parent), column_(new QVBoxLayo
     column_->addWidget(BuildDeviceFrame());
     column_->addWidget(BuildLockFuseFrame());
     column_->addStretch();
+
+    setFocusProxy(comboDevice_);
 
     // Only a choice by the person counts; what the program selects itself does not call back.
     connect(comboDevice_, &QComboBox::activated, this, &frmSetting::DeviceChosen);
@@ -98,7 +101,7 @@ Frame* frmSetting::BuildFuseFrame() {
     for (const FuseRow& row : rows) {
         auto* label = new QLabel(row.caption, frame);
         label->setObjectName(u"Lbl_"_s + QString::fromLatin1(row.name));
-        QComboBox* list = NewList(u"Combo_"_s + QString::fromLatin1(row.name), row.caption, frame);
+        DropDown* list = NewList(u"Combo_"_s + QString::fromLatin1(row.name), row.caption, frame);
         label->setBuddy(list);
         grid->addWidget(label, line, 0);
         grid->addWidget(list, line, 1);
@@ -112,7 +115,7 @@ Frame* frmSetting::BuildLockFrame() {
     Frame* frame = new Frame(u"Frame3"_s, u"Lock"_s, this);
     auto* column = new QVBoxLayout(frame);
     column->setContentsMargins(kFrameMargins);
-    QComboBox* list = NewList(u"Combo_LockBit"_s, u"Lock"_s, frame);
+    DropDown* list = NewList(u"Combo_LockBit"_s, u"Lock"_s, frame);
     column->addWidget(list);
     options_[OptionList::LockBit] = {nullptr, list};
     return frame;
@@ -134,17 +137,6 @@ void frmSetting::PlacePatchFrame(QWidget* frame) {
     patchFrame_ = frame;
     column_->insertWidget(2, frame);
     frame->hide();
-}
-
-void frmSetting::SetBusy(bool busy) {
-    busy_ = busy;
-    comboDevice_->setEnabled(!busy);
-    UpdateButtons();
-}
-
-void frmSetting::UpdateButtons() {
-    cmdFuseRead_->setEnabled(fuseReadAllowed_ && !busy_);
-    cmdFuseWrite_->setEnabled(!busy_);
 }
 
 void frmSetting::FillOptions(OptionList list, const QStringList& entries) {
@@ -171,8 +163,7 @@ void frmSetting::ShowOption(OptionList list, bool on) {
 }
 
 void frmSetting::EnableFuseRead(bool enabled) {
-    fuseReadAllowed_ = enabled;
-    UpdateButtons();
+    cmdFuseRead_->setEnabled(enabled);
 }
 
 void frmSetting::FillDevices(const QStringList& names) {

@@ -16,7 +16,8 @@ class QVBoxLayout;
 namespace tolvex {
 
 /// The settings window: device choice, lock and fuse bits, and a place for the panel that patches
-/// single cells.
+/// single cells. Disabled as a whole while an operation runs, because everything in it would change
+/// what the operation works on.
 class frmSetting : public QWidget, public SettingPanel {
     Q_OBJECT
 
@@ -25,8 +26,6 @@ class frmSetting : public QWidget, public SettingPanel {
 
     /// Takes ownership; the frame goes below the others and stays hidden until there is a device.
     void PlacePatchFrame(QWidget* frame);
-    /// While an operation runs nothing here may start another one or change what it works on.
-    void SetBusy(bool busy);
 
     void FillOptions(OptionList list, const QStringList& entries) override;
     int SelectedOption(OptionList list) const override;
@@ -55,7 +54,6 @@ class frmSetting : public QWidget, public SettingPanel {
     Frame* BuildLockFrame();
     QPushButton* AddButton(const QString& name, const QString& caption, QGridLayout* grid,
                            int column);
-    void UpdateButtons();
 
     QVBoxLayout* column_;
     QComboBox* comboDevice_;
@@ -65,8 +63,6 @@ class frmSetting : public QWidget, public SettingPanel {
     QPushButton* cmdFuseRead_;
     QPushButton* cmdFuseWrite_;
     QWidget* patchFrame_ = nullptr;
-    bool fuseReadAllowed_ = true;
-    bool busy_ = false;
 };
 
 }  // namespace tolvex

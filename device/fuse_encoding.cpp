@@ -32,12 +32,13 @@ struct LockRow {
     std::uint8_t lowBits;   ///< of `kLowLockMask`: BOD_CKSEL chips
 };
 
+constexpr std::uint8_t kUnlocked = 0xFF;
 constexpr std::uint8_t kHighLockMask = 0xC0;
 constexpr std::uint8_t kLowLockMask = 0x06;
 constexpr LockRow kLockRows[] = {
     {0xF9, 0x00, 0x00},
     {0xFD, 0x40, 0x04},
-    {0xFF, 0xC0, 0x06},
+    {kUnlocked, 0xC0, 0x06},
 };
 
 /// The bits of a fuse byte that no list sets.
@@ -48,8 +49,9 @@ constexpr std::uint8_t FixedFuseBits(FuseGroup group) {
 }  // namespace
 
 std::uint8_t EncodeLock(int entry) {
-    const int last = static_cast<int>(std::size(kLockRows)) - 1;
-    return kLockRows[std::clamp(entry, 0, last)].written;
+    // Nothing selected must not lock the chip.
+    const bool known = entry >= 0 && entry < static_cast<int>(std::size(kLockRows));
+    return known ? kLockRows[entry].written : kUnlocked;
 }
 
 std::optional<std::uint8_t> EncodeFuses(FuseGroup group, const SettingPanel& lists) {

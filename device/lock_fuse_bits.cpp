@@ -53,6 +53,18 @@ void LockFuseBits::ReadLists(LockFuseResult& result) {
 }
 
 LockFuseResult LockFuseBits::cmdFuseWrite_Click() {
+    return Write({.fuses = true, .lock = true});
+}
+
+LockFuseResult LockFuseBits::WriteLock() {
+    return Write({.fuses = false, .lock = true});
+}
+
+LockFuseResult LockFuseBits::WriteFuses() {
+    return Write({.fuses = true, .lock = false});
+}
+
+LockFuseResult LockFuseBits::Write(Bits bits) {
     LockFuseResult result;
     result.detection = detection_.WriterCheck();
     if (!result.detection) {
@@ -64,7 +76,7 @@ LockFuseResult LockFuseBits::cmdFuseWrite_Click() {
     if (flag_.Failed() || device_.name.isEmpty()) {
         return result;
     }
-    WriteLists();
+    WriteLists(bits);
     result.done = !flag_.Failed();
     Tell(result.done, u"Lock/Fuse bit ライトが完了しました。"_s,
          u"Lock/Fuse bit ライトに失敗しました。"_s);
@@ -72,13 +84,16 @@ LockFuseResult LockFuseBits::cmdFuseWrite_Click() {
 }
 
 /// The fuses go first: once the lock bits are set, the chip refuses fuses.
-void LockFuseBits::WriteLists() {
-    if (const auto fuses = EncodeFuses(device_.fuseGroup, person_.panel)) {
+void LockFuseBits::WriteLists(Bits bits) {
+    const auto fuses = EncodeFuses(device_.fuseGroup, person_.panel);
+    if (bits.fuses && fuses) {
         fuseByte_ = *fuses;
         WriteByte(&WriterCommands::WriteFuseBits, fuseByte_);
     }
-    lockByte_ = EncodeLock(person_.panel.SelectedOption(OptionList::LockBit));
-    WriteByte(&WriterCommands::WriteLockBits, lockByte_);
+    if (bits.lock) {
+        lockByte_ = EncodeLock(person_.panel.SelectedOption(OptionList::LockBit));
+        WriteByte(&WriterCommands::WriteLockBits, lockByte_);
+    }
 }
 
 void LockFuseBits::Tell(bool done, const QString& success, const QString& failure) {

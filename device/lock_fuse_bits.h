@@ -14,8 +14,15 @@ class LockFuseBits : ChipOperation {
 
     LockFuseResult cmdFuseRead_Click();
     LockFuseResult cmdFuseWrite_Click();
+    /// Of what that writes, the lock bits alone or the fuse bits alone.
+    LockFuseResult WriteLock();
+    LockFuseResult WriteFuses();
 
   private:
+    struct Bits {
+        bool fuses;
+        bool lock;
+    };
     using ReadCommand = void (WriterCommands::*)(std::uint8_t&, ErrorFlag&);
     using WriteCommand = void (WriterCommands::*)(std::uint8_t, ErrorFlag&);
 
@@ -23,7 +30,8 @@ class LockFuseBits : ChipOperation {
     std::optional<std::uint8_t> ReadByte(ReadCommand command, std::uint8_t& byte);
     void WriteByte(WriteCommand command, std::uint8_t byte);
     void ReadLists(LockFuseResult& result);
-    void WriteLists();
+    LockFuseResult Write(Bits bits);
+    void WriteLists(Bits bits);
     void Tell(bool done, const QString& success, const QString& failure);
 
     DeviceCheck& check_;

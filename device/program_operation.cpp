@@ -16,7 +16,9 @@ ProgramResult ProgramOperation::ProgramChip() {
     const int eepromExtent = LastUsedByte(images_.eeprom, device_.eepromBytes);
     if (flashExtent < 0 && eepromExtent < 0) {
         result.nothingToWrite = true;
-        Report(u"Lock bit & プログラム/EEPROMデータ メモリクリアー完了。"_s);
+        const QString cleared = u"Lock bit & プログラム/EEPROMデータ メモリクリアー完了。"_s;
+        person_.dialog.ShowMessage(MessageMode::Message, cleared);
+        person_.status.SetStatusText(kMessagePanel, cleared);
         return result;
     }
     if (flashExtent == 0) {

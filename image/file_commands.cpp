@@ -4,6 +4,7 @@
 #include <QFileInfo>
 
 #include "base/settings_keys.h"
+#include "image/data_file_name.h"
 
 namespace tolvex {
 
@@ -19,6 +20,7 @@ struct FileCommands::OpenDialog {
 struct FileCommands::SaveDialog {
     QString title;
     QString filter;
+    QString defaultSuffix;
     std::optional<QString> initialName;  ///< as above
     bool code;  ///< which images are saved; the overwrite question is about the first
     bool data;
@@ -28,12 +30,7 @@ namespace {
 
 bool HasCodeExtension(const QString& path) {
     const QString extension = path.right(4).toLower();
-    return extension == u".hex"_s || extension == u".rom"_s;
-}
-
-QString DataFileNameFor(QString path) {
-    path.chop(3);
-    return path + u"eep"_s;
+    return extension == u".hex" || extension == u".rom";
 }
 
 /// What stands before the first occurrence of the bare name, less the separator. Nothing for a path
@@ -91,12 +88,33 @@ void FileCommands::mnuReLoad_Click() {
     names_.ReloadFlag = false;
 }
 
-void FileCommands::OpenDropped(const QString& path) {
-    Remember({true, path, QFileInfo(path).fileName()}, path);
-    if (path.right(4).toLower() == u".eep"_s) {
-        OpenData(path);
+void FileCommands::OpenDropped(const QStringList& paths) {
+    QStringList code;
+    QStringList data;
+    for (const QString& path : paths) {
+        if (QFileInfo(path).isFile()) {
+            (IsDataFileName(path) ? data : code) << path;
+        }
+    }
+    if (code.size() > 1 || data.size() > 1) {
+        person_.dialog.ShowMessage(
+            MessageMode::Message,
+            u"コードファイルとデータファイルは1つずつドロップしてください。"_s);
+        return;
+    }
+    const QStringList chosen = code + data;
+    if (chosen.isEmpty()) {
+        return;
+    }
+    Remember({true, chosen.first(), QFileInfo(chosen.first()).fileName()}, QString());
+    if (code.isEmpty()) {
+        OpenData(data.first());
+    } else if (data.isEmpty()) {
+        OpenBoth(code.first());
     } else {
-        OpenBoth(path);
+        names_.CodeFileName = code.first();
+        names_.DataFileName = data.first();
+        OpenNamedBoth();
     }
 }
 
@@ -116,6 +134,7 @@ void FileCommands::mnuFileSave_Click() {
 void FileCommands::mnuFileSaveAs_Click() {
     SaveAs({.title = u"コードファイル ＆ データファイルの保存"_s,
             .filter = u"Hex File|*.HEX|All Files|*.*|"_s,
+            .defaultSuffix = u"hex"_s,
             .initialName = std::nullopt,
             .code = true,
             .data = true});
@@ -124,6 +143,7 @@ void FileCommands::mnuFileSaveAs_Click() {
 void FileCommands::mnuFileSaveAsCode_Click() {
     SaveAs({.title = u"コードファイル(*.hex)の保存"_s,
             .filter = u"Hex File|*.HEX|All Files|*.*|"_s,
+            .defaultSuffix = u"hex"_s,
             .initialName = u"*.hex"_s,
             .code = true,
             .data = false});
@@ -132,6 +152,7 @@ void FileCommands::mnuFileSaveAsCode_Click() {
 void FileCommands::mnuFileSaveAsData_Click() {
     SaveAs({.title = u"データファイル(*.eep)の保存"_s,
             .filter = u"Eep File|*.eep|All Files|*.*|"_s,
+            .defaultSuffix = u"eep"_s,
             .initialName = u"*.eep"_s,
             .code = false,
             .data = true});
@@ -151,7 +172,7 @@ void FileCommands::SaveAs(const SaveDialog& dialog) {
     const QString initialName = dialog.initialName.value_or(dialogPath_);
     const FileDialogAnswer answer = person_.dialogs.AskSaveFile(
         {dialog.title, settings_.GetSetting(QString::fromLatin1(keys::SaveDir), QString()),
-         dialog.filter, QString(), initialName});
+         dialog.filter, dialog.defaultSuffix, initialName});
     Remember(answer, initialName);
     if (!answer.accepted) {
         return;
@@ -194,7 +215,7 @@ bool FileCommands::StoreDirectory(const char* key) {
 
 void FileCommands::OpenData(const QString& path) {
     if (!path.isEmpty()) {
-        names_.DataFileName = DataFileNameFor(path);
+        names_.DataFileName = FindDataFile(path);
     }
     OpenNamedData();
 }
@@ -202,7 +223,7 @@ void FileCommands::OpenData(const QString& path) {
 void FileCommands::OpenBoth(const QString& path) {
     if (!path.isEmpty()) {
         names_.CodeFileName = path;
-        names_.DataFileName = DataFileNameFor(path);
+        names_.DataFileName = FindDataFile(path);
     }
     OpenNamedBoth();
 }

@@ -45,9 +45,10 @@ class FileCommands {
     void mnuFileSaveAsCode_Click();
     void mnuFileSaveAsData_Click();
 
-    /// A file dropped on the main window: one ending in ".eep" goes the way of a chosen data file,
-    /// any other that of a file chosen to open both.
-    void OpenDropped(const QString& path);
+    /// Files dropped on the main window: one ending in ".eep" goes the way of a chosen data file,
+    /// any other that of a file chosen to open both; of each kind one at most, and together they
+    /// are opened as a pair. What is no regular file is passed over.
+    void OpenDropped(const QStringList& paths);
 
   private:
     struct OpenDialog;

@@ -85,12 +85,10 @@ QPushButton* frmModify::AddButton(const QString& name, const QString& caption, i
     return button;
 }
 
-void frmModify::SetBusy(bool busy) {
-    cmdWrite_->setEnabled(!busy);
-}
-
 void frmModify::txtAddress_Change() {
-    patch_.ReadBufferCell(txtAddress_->text(), optionProgram_->isChecked(), false);
+    if (isEnabled()) {
+        patch_.ReadBufferCell(txtAddress_->text(), optionProgram_->isChecked(), false);
+    }
 }
 
 void frmModify::CmdRead_Click() {

@@ -11,16 +11,14 @@ namespace tolvex {
 
 class BufferPatch;
 
-/// The panel that reads and patches single cells of the images. It sits in the settings window.
+/// The panel that reads and patches single cells of the images. It sits in the settings window, and
+/// does nothing while that is disabled, even when an assistive tool changes a box behind its back.
 class frmModify : public Frame {
     Q_OBJECT
 
   public:
     /// `patch` is borrowed.
     explicit frmModify(BufferPatch& patch, QWidget* parent = nullptr);
-
-    /// While an operation runs the images must not change under it.
-    void SetBusy(bool busy);
 
   private:
     QLineEdit* AddBox(const QString& name, const QString& text, const QString& labelName,

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <optional>
-#include <set>
+#include <vector>
 
 #include "image/hex_line.h"
 
@@ -23,10 +23,21 @@ bool IsDigit(char c) {
     return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'F');
 }
 
+bool IsLowerDigit(char c) {
+    return c >= 'a' && c <= 'f';
+}
+
+/// Faults that a record can have while the reader still takes its bytes to their places.
+bool IsHarmless(HexFault fault) {
+    return fault == HexFault::NoColon || fault == HexFault::Checksum ||
+           fault == HexFault::EarlyEnd || fault == HexFault::MissingEnd;
+}
+
 /// One pass over one file.
 class HexChecker {
   public:
-    explicit HexChecker(int memoryBytes) : memoryBytes_(memoryBytes) {}
+    explicit HexChecker(int memoryBytes)
+        : memoryBytes_(memoryBytes), filled_(static_cast<std::size_t>(memoryBytes)) {}
 
     void Take(QByteArray line) {
         ++line_;
@@ -35,9 +46,11 @@ class HexChecker {
             endLine_ = 0;
         }
         if (const auto fault = Spell(line)) {
+            stopped_ = stopped_ || *fault == HexFault::NoColon;
             Find(*fault);
             return;
         }
+        sound_ = true;
         const QByteArray record = QByteArray::fromHex(line.mid(1));
         int sum = 0;
         for (const char byte : record) {
@@ -47,20 +60,35 @@ class HexChecker {
             Find(HexFault::Checksum);
         }
         Carry(record);
+        report_.goodRecords += record[3] == kData && sound_ ? 1 : 0;
     }
 
-    HexReport Finish(bool readable) {
+    HexReport Finish() {
         if (!ended_) {
             Find(HexFault::MissingEnd, -1, std::max(line_, 1));
         }
-        report_.readable = readable;
-        report_.bytes = static_cast<int>(filled_.size());
+        report_.readable = true;
+        report_.bytes = static_cast<int>(std::ranges::count(filled_, true));
         return report_;
     }
 
   private:
     void Find(HexFault fault, int address = -1, int line = 0) {
-        report_.findings << HexFinding{fault, line != 0 ? line : line_, address};
+        sound_ = false;
+        report_.lossless = report_.lossless && IsHarmless(fault);
+        int listed = 0;
+        HexFinding* last = nullptr;
+        for (HexFinding& finding : report_.findings) {
+            if (finding.fault == fault) {
+                ++listed;
+                last = &finding;
+            }
+        }
+        if (listed == kListedOfAFault) {
+            ++last->more;
+        } else {
+            report_.findings << HexFinding{fault, line != 0 ? line : line_, address};
+        }
     }
 
     /// What keeps the line from being read as a record.
@@ -68,8 +96,12 @@ class HexChecker {
         if (!line.startsWith(':')) {
             return HexFault::NoColon;
         }
-        if (!std::all_of(line.begin() + 1, line.end(), IsDigit)) {
+        const auto isOther = [](char c) { return !IsDigit(c) && !IsLowerDigit(c); };
+        if (std::any_of(line.begin() + 1, line.end(), isOther)) {
             return HexFault::Digit;
+        }
+        if (std::any_of(line.begin() + 1, line.end(), IsLowerDigit)) {
+            return HexFault::LowerCase;
         }
         const int count = line.mid(1, 2).toInt(nullptr, 16);
         return line.size() == 1 + 2 * (kHeaderBytes + count + 1) ? std::nullopt
@@ -83,6 +115,7 @@ class HexChecker {
         switch (type) {
             case kData:
                 ++report_.records;
+                report_.lossless = report_.lossless && !stopped_;
                 Store(base_ + at(1) * 256 + at(2), count);
                 break;
             case kEnd:
@@ -111,18 +144,20 @@ class HexChecker {
         }
     }
 
-    /// Each fault is told once a record, at its first byte.
+    /// Each fault is told once a record, at its first byte. What lies outside is a fault already,
+    /// so only the memory's own bytes are looked at for an overlap.
     void Store(std::int64_t start, int count) {
         int overlap = -1;
         int outside = -1;
         for (std::int64_t address = start; address < start + count; ++address) {
             const int shown = static_cast<int>(std::min<std::int64_t>(address, 0x7FFFFFFF));
-            if (address >= memoryBytes_ && outside < 0) {
-                outside = shown;
+            if (address >= memoryBytes_) {
+                outside = outside < 0 ? shown : outside;
+                break;
             }
-            if (!filled_.insert(address).second && overlap < 0) {
-                overlap = shown;
-            }
+            const auto cell = static_cast<std::size_t>(address);
+            overlap = filled_[cell] && overlap < 0 ? shown : overlap;
+            filled_[cell] = true;
         }
         if (overlap >= 0) {
             Find(HexFault::Overlap, overlap);
@@ -138,7 +173,9 @@ class HexChecker {
     bool ended_ = false;
     int endLine_ = 0;  ///< of an end record that nothing has followed so far
     std::int64_t base_ = 0;
-    std::set<std::int64_t> filled_;
+    bool stopped_ = false;  ///< the reader has come to a line without a colon
+    bool sound_ = true;     ///< nothing found in the line under way
+    std::vector<bool> filled_;
 };
 
 }  // namespace
@@ -148,11 +185,18 @@ HexReport CheckHex(const QString& path, int memoryBytes) {
     if (!file.open(QIODevice::ReadOnly)) {
         return {};
     }
+    HexReport report = CheckHex(file, memoryBytes);
+    report.readable = file.error() == QFileDevice::NoError;
+    return report;
+}
+
+HexReport CheckHex(QIODevice& device, int memoryBytes) {
     HexChecker checker(memoryBytes);
-    while (!file.atEnd()) {
-        checker.Take(TakeHexLine(file, kLongestLine + 1));  // one more shows that it is too long
+    QByteArray line;
+    while (TakeHexLine(device, kLongestLine + 1, line)) {  // one more shows that it is too long
+        checker.Take(line);
     }
-    return checker.Finish(file.error() == QFileDevice::NoError);
+    return checker.Finish();
 }
 
 }  // namespace tolvex

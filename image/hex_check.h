@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QIODevice>
 #include <QList>
 #include <QString>
 
@@ -9,7 +10,8 @@ namespace tolvex {
 /// What can be wrong with an Intel HEX file. The reader takes all of these without a word.
 enum class HexFault {
     NoColon,        ///< a line that begins with no colon, a blank one too: the reader stops there
-    Digit,          ///< no hexadecimal digit, or a lower-case one: the reader takes it for 0
+    LowerCase,      ///< lower-case hexadecimal digits: the reader takes them for 0
+    Digit,          ///< no hexadecimal digit: the reader takes it for 0
     Length,         ///< more or fewer digits than the count announces
     Checksum,       ///< the sum of the record is not 0
     UnknownType,    ///< a type other than 0 to 5
@@ -24,20 +26,29 @@ struct HexFinding {
     HexFault fault;
     int line;          ///< counted from 1; the last one for a missing end record
     int address = -1;  ///< the first byte concerned, base included; -1 = none
+    int more = 0;      ///< further lines with the same fault, which are not listed
 };
+
+/// Of each fault so many are listed, so that the report of any file stays short.
+inline constexpr int kListedOfAFault = 10;
 
 struct HexReport {
     bool readable = false;  ///< the file could be read to its end
     QList<HexFinding> findings;
-    int records = 0;  ///< data records
-    int bytes = 0;    ///< different addresses filled
+    int records = 0;      ///< data records
+    int goodRecords = 0;  ///< those of them without a fault
+    int bytes = 0;        ///< different addresses of the memory filled
+    /// The reader takes every data byte of the file, as it stands there, to its place.
+    bool lossless = true;
 
     bool Clean() const { return readable && findings.isEmpty(); }
 };
 
 /// Goes through the file as strictly as the format allows. `memoryBytes`: size of the memory that
 /// the file is meant for. Of a line's faults the first is told that makes the rest unreadable
-/// (colon, digits, length), else all.
+/// (colon, digits, length), else all. The memory that this takes does not grow with the file.
 HexReport CheckHex(const QString& path, int memoryBytes);
+/// The same from an open device, to its end.
+HexReport CheckHex(QIODevice& device, int memoryBytes);
 
 }  // namespace tolvex

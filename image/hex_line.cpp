@@ -3,22 +3,28 @@
 
 namespace tolvex {
 
-QByteArray TakeHexLine(QFile& file, qsizetype most) {
-    QByteArray line;
+bool TakeHexLine(QIODevice& device, qsizetype most, QByteArray& line) {
+    line.clear();
     char c = 0;
-    while (file.getChar(&c) && c != '\n') {
+    if (!device.getChar(&c)) {
+        return false;
+    }
+    do {
+        if (c == '\n') {
+            return true;
+        }
         if (c == '\r') {
             char next = 0;
-            if (file.getChar(&next) && next != '\n') {
-                file.ungetChar(next);
+            if (device.getChar(&next) && next != '\n') {
+                device.ungetChar(next);
             }
-            break;
+            return true;
         }
         if (line.size() < most) {
             line += c;
         }
-    }
-    return line;
+    } while (device.getChar(&c));
+    return true;
 }
 
 }  // namespace tolvex

@@ -36,30 +36,37 @@ bool StoreRecord(QStringView line, ErrorFlag& flag, Store store) {
 }
 
 template <typename Store>
-HexReadResult ReadRecords(const QString& path, ErrorFlag& flag, Store store) {
+HexReadResult ReadRecords(QIODevice& device, ErrorFlag& flag, Store store) {
+    QByteArray line;
+    while (TakeHexLine(device, kLongestRecord, line)) {
+        if (!line.startsWith(':')) {
+            return HexReadResult::NoColon;
+        }
+        if (!StoreRecord(QString::fromLatin1(line), flag, store)) {
+            return HexReadResult::Failed;
+        }
+    }
+    return HexReadResult::Complete;
+}
+
+template <typename Image>
+HexReadResult ReadFile(const QString& path, Image& image, ErrorFlag& flag,
+                       HexReadResult (*read)(QIODevice&, Image&, ErrorFlag&)) {
     if (path.isEmpty()) {
         return HexReadResult::Complete;
     }
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
+    if (!FileExists(path) || !file.open(QIODevice::ReadOnly)) {
         return HexReadResult::Failed;
     }
-    char first = 0;
-    while (file.peek(&first, 1) == 1) {
-        if (first != ':') {
-            return HexReadResult::NoColon;
-        }
-        if (!StoreRecord(QString::fromLatin1(TakeHexLine(file, kLongestRecord)), flag, store)) {
-            return HexReadResult::Failed;
-        }
-    }
-    return file.error() == QFileDevice::NoError ? HexReadResult::Complete : HexReadResult::Failed;
+    const HexReadResult result = read(file, image, flag);
+    return file.error() == QFileDevice::NoError ? result : HexReadResult::Failed;
 }
 
 }  // namespace
 
-HexReadResult ReadCodeHex(const QString& path, FlashImage& image, ErrorFlag& flag) {
-    return ReadRecords(path, flag, [&image](std::size_t address, std::uint8_t byte) {
+HexReadResult ReadCodeHex(QIODevice& device, FlashImage& image, ErrorFlag& flag) {
+    return ReadRecords(device, flag, [&image](std::size_t address, std::uint8_t byte) {
         if (address >= 0x10000) {
             return false;
         }
@@ -69,14 +76,22 @@ HexReadResult ReadCodeHex(const QString& path, FlashImage& image, ErrorFlag& fla
     });
 }
 
-HexReadResult ReadDataHex(const QString& path, EepromImage& image, ErrorFlag& flag) {
-    return ReadRecords(path, flag, [&image](std::size_t address, std::uint8_t byte) {
+HexReadResult ReadDataHex(QIODevice& device, EepromImage& image, ErrorFlag& flag) {
+    return ReadRecords(device, flag, [&image](std::size_t address, std::uint8_t byte) {
         if (address >= image.size()) {
             return false;
         }
         image[address] = byte;
         return true;
     });
+}
+
+HexReadResult ReadCodeHex(const QString& path, FlashImage& image, ErrorFlag& flag) {
+    return ReadFile<FlashImage>(path, image, flag, ReadCodeHex);
+}
+
+HexReadResult ReadDataHex(const QString& path, EepromImage& image, ErrorFlag& flag) {
+    return ReadFile<EepromImage>(path, image, flag, ReadDataHex);
 }
 
 }  // namespace tolvex

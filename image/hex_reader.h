@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QIODevice>
+
 #include "image/image.h"
 
 namespace tolvex {
@@ -23,5 +25,8 @@ enum class HexReadResult {
 /// Lines end with LF, CRLF or a lone CR. A blank line is a line without a colon.
 HexReadResult ReadCodeHex(const QString& path, FlashImage& image, ErrorFlag& flag);
 HexReadResult ReadDataHex(const QString& path, EepromImage& image, ErrorFlag& flag);
+/// The same from an open device, to its end.
+HexReadResult ReadCodeHex(QIODevice& device, FlashImage& image, ErrorFlag& flag);
+HexReadResult ReadDataHex(QIODevice& device, EepromImage& image, ErrorFlag& flag);
 
 }  // namespace tolvex

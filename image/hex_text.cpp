@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <QFile>
+#include <QFileInfo>
 
 #include "image/image.h"
 
@@ -60,7 +61,12 @@ QString HexWord4(int value) {
 }
 
 bool FileExists(const QString& path) {
-    return !path.isEmpty() && QFile(path).open(QIODevice::ReadOnly);
+    return QFileInfo(path).isFile() && QFile(path).open(QIODevice::ReadOnly);
+}
+
+bool TakesFile(const QString& path) {
+    const QFileInfo there(path);
+    return !there.exists() || there.isFile();
 }
 
 }  // namespace tolvex

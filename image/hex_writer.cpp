@@ -3,6 +3,7 @@
 
 #include <QFile>
 #include <cerrno>
+#include <filesystem>
 #include <fstream>
 #include <span>
 #include <vector>
@@ -24,19 +25,38 @@ QByteArray DataRecord(std::size_t address, std::span<const std::uint8_t> bytes) 
     return record.toLatin1() + "\r\n";
 }
 
-/// `bytes` in file order. A standard stream, because it leaves the system's reason for a refused
-/// open in errno; QFile reports every one as the same open error.
-HexWriteResult WriteRecords(const QString& path, std::span<const std::uint8_t> bytes) {
+/// `bytes` in file order.
+QByteArray Records(std::span<const std::uint8_t> bytes) {
+    QByteArray text;
+    for (std::size_t address = 0; address < bytes.size(); address += kBytesPerRecord) {
+        text += DataRecord(address, bytes.subspan(address, kBytesPerRecord));
+    }
+    return text + ":00000001FF\r\n";
+}
+
+/// Qt's own conversion takes any text; the one of the standard library throws on half a surrogate
+/// pair.
+std::filesystem::path NativePath(const QString& path) {
+#ifdef Q_OS_WIN
+    return path.toStdWString();
+#else
+    return QFile::encodeName(path).toStdString();
+#endif
+}
+
+/// A standard stream, because it leaves the system's reason for a refused open in errno; QFile
+/// reports every one as the same open error.
+HexWriteResult Write(const QString& path, const QByteArray& text) {
+    if (!TakesFile(path)) {
+        return HexWriteResult::Failed;
+    }
     errno = 0;
-    std::ofstream file(QFile(path).filesystemFileName(), std::ios::binary | std::ios::trunc);
+    std::ofstream file(NativePath(path), std::ios::binary | std::ios::trunc);
     if (!file) {
         const bool refused = errno == EACCES || errno == EPERM || errno == EROFS;
         return refused ? HexWriteResult::AccessRefused : HexWriteResult::Failed;
     }
-    for (std::size_t address = 0; address < bytes.size() && file; address += kBytesPerRecord) {
-        file << DataRecord(address, bytes.subspan(address, kBytesPerRecord)).constData();
-    }
-    file << ":00000001FF\r\n";
+    file << text.constData();
     // A full disk often shows only when the buffered lines leave.
     file.close();
     return file ? HexWriteResult::Written : HexWriteResult::Failed;
@@ -44,18 +64,26 @@ HexWriteResult WriteRecords(const QString& path, std::span<const std::uint8_t> b
 
 }  // namespace
 
-HexWriteResult WriteCodeHex(const QString& path, const FlashImage& image, std::int32_t flashWords) {
+QByteArray CodeHexText(const FlashImage& image, std::int32_t flashWords) {
     std::vector<std::uint8_t> bytes(2 * static_cast<std::size_t>(flashWords));
     for (std::size_t address = 0; address < bytes.size(); ++address) {
         // The image has a word's high byte first, the file its low byte.
         bytes[address] = image[address ^ 1U];
     }
-    return WriteRecords(path, bytes);
+    return Records(bytes);
+}
+
+QByteArray DataHexText(const EepromImage& image, std::int32_t eepromBytes) {
+    return Records(std::span(image).first(static_cast<std::size_t>(eepromBytes)));
+}
+
+HexWriteResult WriteCodeHex(const QString& path, const FlashImage& image, std::int32_t flashWords) {
+    return Write(path, CodeHexText(image, flashWords));
 }
 
 HexWriteResult WriteDataHex(const QString& path, const EepromImage& image,
                             std::int32_t eepromBytes) {
-    return WriteRecords(path, std::span(image).first(static_cast<std::size_t>(eepromBytes)));
+    return Write(path, DataHexText(image, eepromBytes));
 }
 
 void AppendChecksum(QString& record) {

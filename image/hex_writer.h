@@ -8,7 +8,7 @@ namespace tolvex {
 enum class HexWriteResult {
     Written,
     AccessRefused,  ///< the system forbids writing this path, as with a read-only file
-    Failed          ///< anything else: no such folder, a folder of that name, a full disk
+    Failed          ///< anything else: no such folder, no regular file, a full disk
 };
 
 /// Writes the memory of the selected device, erased cells included, as an Intel HEX file of
@@ -18,6 +18,10 @@ enum class HexWriteResult {
 HexWriteResult WriteCodeHex(const QString& path, const FlashImage& image, std::int32_t flashWords);
 HexWriteResult WriteDataHex(const QString& path, const EepromImage& image,
                             std::int32_t eepromBytes);
+
+/// The same files as text, for whoever puts it elsewhere.
+QByteArray CodeHexText(const FlashImage& image, std::int32_t flashWords);
+QByteArray DataHexText(const EepromImage& image, std::int32_t eepromBytes);
 
 /// Appends the two checksum digits to a record that begins with ":" and lacks nothing else.
 void AppendChecksum(QString& record);

@@ -23,8 +23,11 @@ int ParseHex4(const QString& text, ErrorFlag& flag);
 QString HexByte(int value);
 /// Four upper-case digits.
 QString HexWord4(int value);
-/// True if the path can be opened for reading.
+/// True if the path is a regular file, or leads to one, and can be opened for reading. Nothing else
+/// is ever opened: a FIFO would hold the program up until somebody writes into it.
 bool FileExists(const QString& path);
+/// True where a regular file stands or nothing yet; a FIFO would wait for its reader.
+bool TakesFile(const QString& path);
 
 /// The listings: written to a file in the listings folder, then loaded from it into their window.
 /// Each call is false when its file can't be written or loaded.

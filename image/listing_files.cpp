@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "image/listing_files.h"
 
+#include <QDir>
 #include <QFile>
 #include <span>
+#include <utility>
 
 namespace tolvex {
 
-namespace {
+using namespace Qt::StringLiterals;
 
-constexpr char kFlashFile[] = "avrhex.txt";
-constexpr char kEepromFile[] = "avreep.txt";
-constexpr char kReportFile[] = "avrvfy.txt";
+namespace {
 
 constexpr std::size_t kCellsPerLine = 16;
 
@@ -39,67 +39,91 @@ QByteArray ListingText(std::span<const std::uint8_t> cells, std::size_t cellsPer
     return text;
 }
 
+/// Half a listing is none: what a full disk left of it is removed.
+bool Replace(const QString& path, const QByteArray& text) {
+    QFile file(path);
+    if (!TakesFile(path) || !file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        return false;
+    }
+    const bool whole = file.write(text) == text.size() && file.flush();
+    if (!whole) {
+        file.remove();
+    }
+    return whole;
+}
+
 }  // namespace
 
 bool ListingFiles::WriteFlashListing() {
     const auto cells =
         std::span(images_.flash).first(2 * static_cast<std::size_t>(device_.flashWords));
-    return Write(kFlashFile, ListingText(cells, 2));
+    return Write(flash_, ListingText(cells, 2));
 }
 
 bool ListingFiles::ShowFlashListing() {
-    return Show(kFlashFile, &ListingWindows::SetFlashListing);
+    return Show(flash_, &ListingWindows::SetFlashListing);
 }
 
 bool ListingFiles::WriteEepromListing() {
     const auto cells =
         std::span(images_.eeprom).first(static_cast<std::size_t>(device_.eepromBytes));
-    return Write(kEepromFile, ListingText(cells, 1));
+    return Write(eeprom_, ListingText(cells, 1));
 }
 
 bool ListingFiles::ShowEepromListing() {
-    return Show(kEepromFile, &ListingWindows::SetEepromListing);
+    return Show(eeprom_, &ListingWindows::SetEepromListing);
 }
 
 bool ListingFiles::WriteVerifyReport(const QByteArray& text) {
-    return Write(kReportFile, text);
+    return Write(report_, text);
 }
 
 bool ListingFiles::ShowVerifyReport() {
-    return Show(kReportFile, &ListingWindows::ShowVerifyReport);
+    return Show(report_, &ListingWindows::ShowVerifyReport);
 }
 
 void ListingFiles::Retire() {
-    if (retired_ || KeepsNothing()) {
+    if (retired_) {
         return;
     }
-    for (const char* name : {kFlashFile, kEepromFile, kReportFile}) {
-        QFile::remove(Path(name));
+    for (const QString& folder : folders_) {
+        for (const Listing* listing : {&flash_, &eeprom_, &report_}) {
+            QFile::remove(folder + listing->name);
+        }
     }
     retired_ = true;
 }
 
-bool ListingFiles::Write(const char* name, const QByteArray& text) {
+bool ListingFiles::Write(Listing& listing, const QByteArray& text) {
     if (KeepsNothing()) {
         return true;
     }
     if (retired_) {
         return false;
     }
-    QFile file(Path(name));
-    return file.open(QIODevice::WriteOnly | QIODevice::Truncate) &&
-           file.write(text) == text.size() && file.flush();
+    const QString before = std::exchange(listing.path, QString());
+    for (const QString& folder : folders_) {
+        QDir().mkpath(folder);
+        if (Replace(folder + listing.name, text)) {
+            listing.path = folder + listing.name;
+            break;
+        }
+    }
+    if (!before.isEmpty() && listing.path != before) {
+        QFile::remove(before);  // out of date
+    }
+    if (listing.path.isEmpty()) {
+        TellOnce();
+    }
+    return !listing.path.isEmpty();
 }
 
-bool ListingFiles::Show(const char* name, ShowText show) {
+bool ListingFiles::Show(const Listing& listing, ShowText show) {
     if (KeepsNothing()) {
         return true;
     }
-    if (retired_) {
-        return false;
-    }
-    QFile file(Path(name));
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+    QFile file(listing.path);
+    if (retired_ || listing.path.isEmpty() || !file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         return false;
     }
     QString text = QString::fromLatin1(file.readAll());
@@ -107,8 +131,18 @@ bool ListingFiles::Show(const char* name, ShowText show) {
         return false;
     }
     text.replace(QLatin1Char(kPlaceholder), kShownPlaceholder);
-    (windows_.*show)(text);
+    (person_.windows.*show)(text);
     return true;
+}
+
+/// In the message dialog, because that never waits for an answer: a box would hold a chain up with
+/// the chip in the middle of it. A chain that ends for this reason says so itself right behind.
+void ListingFiles::TellOnce() {
+    if (!std::exchange(told_, true)) {
+        person_.dialog.ShowMessage(
+            MessageMode::Message,
+            u"リストファイルを書き込めるフォルダがないため、リストを表示できません。"_s);
+    }
 }
 
 }  // namespace tolvex

@@ -3,6 +3,7 @@
 
 #include <QStringList>
 
+#include "base/person.h"
 #include "image/image.h"
 
 namespace tolvex {
@@ -13,17 +14,19 @@ namespace tolvex {
 /// has plain newlines.
 class ListingFiles : public Listings {
   public:
-    /// Borrowed. Of `folders`, which end in a separator, the first is used that takes a file;
-    /// without any folder nothing is kept and every call succeeds.
+    /// Borrowed. `folders` end in a separator. Each file goes to the first of them that takes it,
+    /// created where it is missing; when none does, the message dialog says so, once a run, and
+    /// without stopping whatever is under way. Without any folder nothing is kept and every call
+    /// succeeds.
     struct Parts {
         const QStringList& folders;
-        ListingWindows& windows;
+        const Person& person;
         const ProgramState& state;
     };
 
     explicit ListingFiles(const Parts& parts)
         : folders_(parts.folders),
-          windows_(parts.windows),
+          person_(parts.person),
           images_(parts.state.images),
           device_(parts.state.device) {}
 
@@ -37,17 +40,25 @@ class ListingFiles : public Listings {
 
   private:
     using ShowText = void (ListingWindows::*)(const QString&);
+    struct Listing {
+        QString name;
+        QString path = {};  ///< where it was written last; empty = nowhere
+    };
 
     bool KeepsNothing() const { return folders_.isEmpty(); }
-    bool Write(const char* name, const QByteArray& text);
-    bool Show(const char* name, ShowText show);
-    QString Path(const char* name) const { return folders_.first() + QString::fromLatin1(name); }
+    bool Write(Listing& listing, const QByteArray& text);
+    bool Show(const Listing& listing, ShowText show);
+    void TellOnce();
 
     const QStringList folders_;
-    ListingWindows& windows_;
+    const Person& person_;
     const MemoryImages& images_;
     const CurrentDevice& device_;
+    Listing flash_{QStringLiteral("avrhex.txt")};
+    Listing eeprom_{QStringLiteral("avreep.txt")};
+    Listing report_{QStringLiteral("avrvfy.txt")};
     bool retired_ = false;
+    bool told_ = false;
 };
 
 }  // namespace tolvex

@@ -2,9 +2,11 @@
 #include "image/listing_window.h"
 
 #include <QResizeEvent>
+#include <QScrollBar>
 
 #include "widgets/fonts.h"
 #include "widgets/twips.h"
+#include "widgets/undraggable.h"
 
 namespace tolvex {
 
@@ -33,7 +35,9 @@ ListingLook Verify() {
 }  // namespace listing_looks
 
 ListingWindow::ListingWindow(const ListingLook& look, QWidget* parent)
-    : QWidget(parent), margin_(PixelsFromTwips(look.margin)), box_(new QPlainTextEdit(this)) {
+    : QWidget(parent),
+      margin_(PixelsFromTwips(look.margin)),
+      box_(new Undraggable<QPlainTextEdit>(this)) {
     setObjectName(QString::fromLatin1(look.window));
     setWindowTitle(look.caption);
     box_->setObjectName(QString::fromLatin1(look.box));
@@ -51,9 +55,24 @@ ListingWindow::ListingWindow(const ListingLook& look, QWidget* parent)
 }
 
 void ListingWindow::SetListing(const QString& text) {
+    const int lines = box_->blockCount();
+    const int across = box_->horizontalScrollBar()->value();
+    const int down = box_->verticalScrollBar()->value();
+    const int cursor = box_->textCursor().position();
+    const bool focused = window()->focusWidget() == box_;
     box_->hide();
     box_->setPlainText(text);
     box_->show();
+    if (box_->blockCount() == lines) {
+        QTextCursor place = box_->textCursor();
+        place.setPosition(std::min(cursor, box_->document()->characterCount() - 1));
+        box_->setTextCursor(place);
+        box_->horizontalScrollBar()->setValue(across);
+        box_->verticalScrollBar()->setValue(down);
+    }
+    if (focused) {
+        box_->setFocus();  // hiding gave it away
+    }
 }
 
 void ListingWindow::resizeEvent(QResizeEvent* event) {

@@ -28,6 +28,7 @@ class ListingWindow : public QWidget {
   public:
     explicit ListingWindow(const ListingLook& look, QWidget* parent = nullptr);
 
+    /// Replaces the whole text. One of the same length stays scrolled to where it was.
     void SetListing(const QString& text);
 
   protected:

@@ -6,12 +6,14 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "widgets/drop_down.h"
+
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
 frmCom::frmCom(PortSelection& selection, const QStringList& toolTips, QWidget* parent)
-    : QDialog(parent), selection_(selection), comboCom_(new QComboBox(this)) {
+    : QDialog(parent), selection_(selection), comboCom_(new DropDown(this)) {
     setObjectName(u"frmCom"_s);
     setWindowTitle(u"通信ポート選択"_s);
 
@@ -47,12 +49,14 @@ frmCom::frmCom(PortSelection& selection, const QStringList& toolTips, QWidget* p
     column->addLayout(buttons);
     comboCom_->setFocus();
 
-    connect(ok, &QPushButton::clicked, this, &frmCom::Command_ok_Click);
+    // Queued: an assistive tool that presses the button gets its answer before the writer is asked.
+    connect(ok, &QPushButton::clicked, this, &frmCom::Command_ok_Click, Qt::QueuedConnection);
     connect(cancel, &QPushButton::clicked, this, &frmCom::reject);
 }
 
 void frmCom::Command_ok_Click() {
-    if (selection_.Confirm(comboCom_->currentIndex(), [this] { hide(); })) {
+    // The second of two quick clicks comes while the first one waits for the writer.
+    if (isVisible() && selection_.Confirm(comboCom_->currentIndex(), [this] { hide(); })) {
         accept();
     }
 }

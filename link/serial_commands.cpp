@@ -23,6 +23,7 @@ namespace {
 constexpr std::uint8_t kAcknowledge = 13;
 constexpr double kSettleSeconds = 0.1;
 
+// Both texts of 'y' name the letter of 'x'; people know them so.
 constexpr CommandRow kCommands[] = {
     {'S', 7, 2, 0, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Software ID Read S", {}, false},
     {'V', 2, 2, 0, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Software Ver Read V", {}, false},
@@ -51,11 +52,13 @@ constexpr CommandRow kCommands[] = {
     {'F', 1, 5, 0, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Read Lock & Fuse bit F", {}, false},
     {'r', 1, 5, 0, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Read Fuse bit r", {}, false},
     {'x', 1, 1, 0, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : LED on x", u"返答ﾃﾞｰﾀﾐｽ : LED on x ", true},
-    {'y', 1, 1, 0, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : LED off y", u"返答ﾃﾞｰﾀﾐｽ : LED off y ", true},
+    {'y', 1, 1, 0, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : LED off x", u"返答ﾃﾞｰﾀﾐｽ : LED off x ", true},
 };
 
 const CommandRow& Row(char letter) {
-    return *std::ranges::find(kCommands, letter, &CommandRow::letter);
+    const auto row = std::ranges::find(kCommands, letter, &CommandRow::letter);
+    Q_ASSERT(row != std::end(kCommands));
+    return *row;
 }
 
 QByteArray Byte(int value) {

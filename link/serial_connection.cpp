@@ -4,9 +4,7 @@
 namespace tolvex {
 
 void SerialConnection::ConfigurePort(int number) {
-    PortSettings settings;
-    settings.number = number;
-    port_.Configure(settings);
+    port_.Configure({.number = number});
     port_.DiscardInput();
 }
 

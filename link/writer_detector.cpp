@@ -73,6 +73,7 @@ void WriterDetector::ReportFailure(Stage stage) {
         u"ライタと通信ができませんでした。(Command_v)",
         u"ライタと通信ができませんでした。(Command_T)",
     };
+    static_assert(std::size(kStageTexts) == static_cast<std::size_t>(Stage::Count));
     parts_.connection.ClosePort();
     parts_.person.dialog.ShowMessage(MessageMode::Message,
                                      u"ライタと通信ができませんでした。\r\n"

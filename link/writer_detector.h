@@ -26,7 +26,14 @@ class WriterDetector : public WriterDetection {
 
   private:
     /// How far detection has come; each stage has its own failure text.
-    enum class Stage { StoredPort, SoftwareId, SoftwareVersion, HardwareVersion, SelectDevice };
+    enum class Stage {
+        StoredPort,
+        SoftwareId,
+        SoftwareVersion,
+        HardwareVersion,
+        SelectDevice,
+        Count
+    };
 
     /// False leaves `stage` at what failed.
     bool ShakeHands(WriterIdentity& identity, Stage& stage);

@@ -1,4 +1,5 @@
 # SPDX-License-Identifier: MIT
+# shellcheck shell=bash
 # Sourced by run and test: installs what is missing on a Debian machine; elsewhere it names what is
 # needed and stops.
 
@@ -28,11 +29,31 @@ need_packages() {  # reason package...
     fi
     echo "Installing $reason: ${missing[*]}"
     "${as_root[@]}" apt-get update -qq
-    DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y -qq --no-install-recommends \
-        "${missing[@]}" >/dev/null
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive LC_ALL=C apt-get install -y -q \
+        --no-install-recommends "${missing[@]}" | tell_progress
+}
+
+# On a fresh system the packages bring some hundred others.
+tell_progress() {
+    local line count=0
+    while read -r line; do
+        case $line in
+            "Need to get "* | "Fetched "*) echo "  $line" ;;
+            "Setting up "*)
+                count=$((count + 1))
+                [ $((count % 25)) -ne 0 ] || echo "  $count packages set up"
+                ;;
+        esac
+    done
 }
 
 need_build_packages() {
     need_packages "to build Tolvex" \
         g++ cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-svg-dev libgl-dev libgtest-dev scdoc
+}
+
+# For the firmware and its simulator; everything else builds without them.
+need_firmware_packages() {
+    need_packages "to build the firmware and to simulate it" \
+        gcc-avr avr-libc libsimavr-dev libelf-dev
 }

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-#ifndef Q_OS_WIN
+#if !defined(Q_OS_WIN) && !defined(Q_OS_MACOS)
 struct PortRange {
     int first;
     int last;
@@ -28,6 +28,15 @@ constexpr PortRange kRanges[] = {
 QString StandardPath(int number) {
 #ifdef Q_OS_WIN
     return u"COM%1"_s.arg(number);
+#elif defined(Q_OS_MACOS)
+    // Named after maker and place there; "cu" opens without a carrier.
+    QStringList paths;
+    for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts()) {
+        paths << info.systemLocation();
+    }
+    paths = paths.filter(u"/cu."_s);
+    paths.sort();
+    return paths.value(number - 1);
 #else
     for (const PortRange& range : kRanges) {
         if (number >= range.first && number <= range.last) {

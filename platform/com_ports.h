@@ -20,7 +20,8 @@ struct ComPort {
 
 /// Which device stands behind COM1 to COM20. On Windows they are the system's own ports. Elsewhere,
 /// first match: a link `ports/comN` in the configuration folder, where the person can put any
-/// device; else COM1-4 /dev/ttyS0-3, COM5-12 /dev/ttyUSB0-7, COM13-20 /dev/ttyACM0-7.
+/// device; else COM1-4 /dev/ttyS0-3, COM5-12 /dev/ttyUSB0-7, COM13-20 /dev/ttyACM0-7; on macOS, in
+/// the order of their names, the serial devices that are attached.
 class ComPorts {
   public:
     /// `configFolder` may be missing, and may end in a separator or not.

@@ -29,7 +29,7 @@ class EventLoopClock : public EventClock {
 
     /// The shutdown: from now on nothing waits, and no yield delivers events any more. Yields that
     /// rest further up the stack return when the calling event handler does.
-    void End();
+    void End() override;
 
   private:
     void KeepAwakeAfterNestedYield();

@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QSplitter>
@@ -20,12 +21,15 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "widgets/undraggable.h"
+
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr QSize kWantedSize(860, 620);
 constexpr int kPositionRole = Qt::UserRole;
 
 /// The name under which Markdown links to a heading: lower case, blanks as hyphens, no punctuation.
@@ -38,18 +42,21 @@ QString AnchorName(const QString& heading) {
 }  // namespace
 
 HelpWindow::HelpWindow()
-    : page_(new QTextBrowser),
+    : page_(new Undraggable<QTextBrowser>),
       contents_(new QTreeWidget),
       search_(new QLineEdit),
       found_(new QLabel) {
     setObjectName(u"helpWindow"_s);
     setWindowTitle(u"ヘルプ"_s);
     setAttribute(Qt::WA_QuitOnClose, false);  // never what keeps the program running
-    auto* layout = new QVBoxLayout(this);
+    auto* whole = new QWidget;
+    auto* layout = new QVBoxLayout(whole);
     layout->addWidget(NewToolBar());
     layout->addWidget(NewPages(), 1);
+    setCentralWidget(whole);
     AddShortcuts();
-    resize(860, 620);
+    // With room for the frame and title that the desktop adds.
+    resize(kWantedSize.boundedTo(screen()->availableSize() - QSize(24, 56)));
 }
 
 QToolButton* HelpWindow::NewButton(const QString& name, const QString& caption,
@@ -130,21 +137,29 @@ void HelpWindow::AddShortcuts() {
 }
 
 void HelpWindow::Load(const QString& file) {
-    QFile source(file);
-    const bool readable = QFileInfo(file).isFile() && source.open(QIODevice::ReadOnly);
-    if (readable) {
-        page_->setSearchPaths({QFileInfo(file).absolutePath()});  // pictures beside the text
-        page_->setMarkdown(QString::fromUtf8(source.readAll()));
-    } else {
-        page_->setPlainText(u"ヘルプファイルを開くことができません。\n"_s +
-                            QDir::toNativeSeparators(file));
+    const QDateTime edited = QFileInfo(file).lastModified();
+    if (file != file_ || edited != edited_ || !edited.isValid()) {
+        file_ = file;
+        edited_ = Read(file) ? edited : QDateTime();
+        FillContents();
     }
-    FillContents();
     found_->clear();
     visited_ = {0};
     current_ = 0;
     ScrollTo(0);
     contents_->setFocus();
+}
+
+bool HelpWindow::Read(const QString& file) {
+    QFile source(file);
+    if (!QFileInfo(file).isFile() || !source.open(QIODevice::ReadOnly)) {
+        page_->setPlainText(u"ヘルプファイルを開くことができません。\n"_s +
+                            QDir::toNativeSeparators(file));
+        return false;
+    }
+    page_->setSearchPaths({QFileInfo(file).absolutePath()});  // pictures beside the text
+    page_->setMarkdown(QString::fromUtf8(source.readAll()));
+    return true;
 }
 
 void HelpWindow::FillContents() {

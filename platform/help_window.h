@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QDateTime>
 #include <QHash>
 #include <QList>
-#include <QWidget>
+#include <QMainWindow>
 #include <memory>
 
 #include "base/help_viewer.h"
@@ -23,12 +24,12 @@ namespace tolvex {
 /// Links to "#heading-text" jump within the text, web addresses open in the browser.
 /// Keys: Ctrl+F search, Enter or F3 next match, Alt+Left / Alt+Right back and forward, Alt+Home
 /// beginning, Esc closes.
-class HelpWindow : public QWidget {
+class HelpWindow : public QMainWindow {
   public:
     HelpWindow();
 
-    /// Reads `file`, whatever its suffix, and goes to its beginning. When it can't be read the page
-    /// says so.
+    /// Reads `file`, whatever its suffix, and goes to its beginning. A file that was read before
+    /// and has not changed since is not read again. When it can't be read the page says so.
     void Load(const QString& file);
 
   private:
@@ -38,6 +39,7 @@ class HelpWindow : public QWidget {
     QWidget* NewPages();
     void AddShortcuts();
 
+    bool Read(const QString& file);
     void FillContents();
     void FollowLink(const QUrl& link);
     void Visit(int position);
@@ -56,6 +58,8 @@ class HelpWindow : public QWidget {
     QToolButton* back_;
     QToolButton* forward_;
 
+    QString file_;                 ///< what the page shows
+    QDateTime edited_;             ///< when that was changed last; invalid when it can't be read
     QHash<QString, int> anchors_;  ///< heading's link name to its place in the document
     QList<int> visited_{0};        ///< places in the document, oldest first; never empty
     qsizetype current_ = 0;        ///< in `visited_`

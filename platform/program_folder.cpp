@@ -4,7 +4,6 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QStandardPaths>
-#include <QTemporaryFile>
 
 namespace tolvex {
 
@@ -16,30 +15,15 @@ QString WithSeparator(const QString& folder) {
     return folder.endsWith(u'/') ? folder : folder + u'/';
 }
 
-/// Tried out: permission bits know nothing of read-only mounts, access lists and sandboxes. The
-/// file has no name on Linux and removes itself elsewhere.
-bool CanCreateFiles(const QString& folder) {
-    QTemporaryFile probe(WithSeparator(folder) + u"tolvex-XXXXXX"_s);
-    return probe.open();
-}
-
 }  // namespace
 
-ProgramFolder EnterProgramFolder(const QString& programFolder, const QString& userFolder) {
-    ProgramFolder result;
-    result.appDir.program = WithSeparator(programFolder);
-    result.isCurrent = QDir::setCurrent(programFolder);
-    result.canWriteListings = CanCreateFiles(programFolder);
-    result.appDir.listings = {result.appDir.program};
-    if (!result.canWriteListings) {
-        QDir().mkpath(userFolder);
-        result.appDir.listings = {WithSeparator(userFolder)};
-        result.canWriteListings = CanCreateFiles(userFolder);
-    }
-    return result;
+AppDir EnterProgramFolder(const QString& programFolder, const QString& userFolder) {
+    QDir::setCurrent(programFolder);
+    const QString program = WithSeparator(programFolder);
+    return {.program = program, .listings = {program, WithSeparator(userFolder)}};
 }
 
-ProgramFolder EnterProgramFolder() {
+AppDir EnterProgramFolder() {
     const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     return EnterProgramFolder(QCoreApplication::applicationDirPath(), data + u"/Tolvex"_s);
 }

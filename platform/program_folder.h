@@ -5,19 +5,13 @@
 
 namespace tolvex {
 
-struct ProgramFolder {
-    AppDir appDir;
-    bool isCurrent = false;         ///< the program's folder became the current directory
-    bool canWriteListings = false;  ///< false: no folder takes the listings, not even the user's
-};
-
-/// Makes `programFolder` the current directory and finds the folder for the listings: the same one
-/// if a file can be created in it, else `userFolder`, which is then created. Neither needs to end
-/// in a separator; both do in the result.
-ProgramFolder EnterProgramFolder(const QString& programFolder, const QString& userFolder);
+/// Makes `programFolder` the current directory, where it can be entered. Listings belong there, or
+/// in `userFolder` when it doesn't take them, as where the program is installed for all users.
+/// Neither folder needs to end in a separator or to exist; nothing is created here.
+AppDir EnterProgramFolder(const QString& programFolder, const QString& userFolder);
 
 /// The same with the running program's folder (needs a QCoreApplication) and `Tolvex` in the user's
 /// data folder.
-ProgramFolder EnterProgramFolder();
+AppDir EnterProgramFolder();
 
 }  // namespace tolvex

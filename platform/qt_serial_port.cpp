@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt_serial_port.h"
 
+#include <QFileInfo>
 #include <QSerialPort>
+#include <QSocketNotifier>
+#include <QTimer>
+#include <algorithm>
+
+#include "platform/left_lock.h"
+#include "platform/steady_dtr.h"
 
 #ifdef Q_OS_UNIX
 #include <poll.h>
 #include <sys/file.h>
-#include <sys/ioctl.h>
-#endif
-#ifdef Q_OS_LINUX
-#include <linux/serial.h>
 #endif
 
 namespace tolvex {
@@ -18,6 +21,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// Far more than the longest reply. What comes unasked, as from a device that is no writer, would
+/// fill the memory otherwise.
+constexpr qsizetype kMostWaiting = 4096;
+
+/// A board that an opening has reset listens to its boot loader for that long. With the reply to a
+/// first question the wait still ends within that question's two seconds.
+constexpr std::chrono::milliseconds kBoardStart{1800};
+
 /// Exclusive mode (Qt asks the driver for it) binds neither a privileged process nor one that
 /// opened the device before. The advisory lock that terminal programs take as well closes the gap.
 bool LockDevice([[maybe_unused]] const QSerialPort& port) {
@@ -25,18 +36,6 @@ bool LockDevice([[maybe_unused]] const QSerialPort& port) {
     return ::flock(port.handle(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
 #else
     return true;
-#endif
-}
-
-/// FTDI adapters hold received bytes back for 16 ms otherwise, which makes each of the many
-/// one-byte replies that late. Drivers without the mode refuse; nothing is lost then.
-void AskForLowLatency([[maybe_unused]] const QSerialPort& port) {
-#ifdef Q_OS_LINUX
-    serial_struct serial{};
-    if (::ioctl(port.handle(), TIOCGSERIAL, &serial) == 0) {
-        serial.flags |= ASYNC_LOW_LATENCY;
-        ::ioctl(port.handle(), TIOCSSERIAL, &serial);
-    }
 #endif
 }
 
@@ -66,12 +65,26 @@ bool IsFatal(QSerialPort::SerialPortError error, const QSerialPort& port) {
     }
 }
 
+/// A lock file that a killed program of another user has left, mostly root's, stays in Qt's way,
+/// since only its owner may remove it. It goes by the name of the port, so another name for the
+/// same device leads past it; the device's own locks still hold.
+bool OpenPastLeftLock(QSerialPort& port) {
+    const QString name = port.portName();
+    if (port.error() != QSerialPort::PermissionError || LeftLock(name).isEmpty()) {
+        return false;
+    }
+    const QFileInfo device(u"/dev"_s, name);
+    port.setPortName(device.path() + u"/./"_s + device.fileName());
+    return port.open(QIODevice::ReadWrite);
+}
+
 }  // namespace
 
 QtSerialPort::QtSerialPort(const ComPorts& ports)
     : ports_(ports), port_(std::make_unique<QSerialPort>()) {
     QObject::connect(port_.get(), &QSerialPort::errorOccurred, port_.get(),
                      [this](QSerialPort::SerialPortError error) { NoticeError(error); });
+    QObject::connect(port_.get(), &QSerialPort::readyRead, port_.get(), [this] { Take(); });
 }
 
 QtSerialPort::~QtSerialPort() {
@@ -80,7 +93,7 @@ QtSerialPort::~QtSerialPort() {
 
 void QtSerialPort::ApplySettings() {
     port_->setPortName(ports_.DevicePath(settings_.number));
-    port_->setBaudRate(settings_.baud);
+    port_->setBaudRate(QSerialPort::Baud19200);
     port_->setParity(QSerialPort::NoParity);
     port_->setDataBits(QSerialPort::Data8);
     port_->setStopBits(QSerialPort::OneStop);
@@ -90,7 +103,7 @@ void QtSerialPort::ApplySettings() {
 bool QtSerialPort::Open() {
     Close();
     ApplySettings();
-    if (!port_->open(QIODevice::ReadWrite)) {
+    if (!port_->open(QIODevice::ReadWrite) && !OpenPastLeftLock(*port_)) {
         Fail(port_->errorString());
         return false;
     }
@@ -99,17 +112,49 @@ bool QtSerialPort::Open() {
         port_->close();
         return false;
     }
-    AskForLowLatency(*port_);
-    port_->setRequestToSend(settings_.rts);  // a pseudo-terminal has no such line and refuses
+    port_->setRequestToSend(true);  // a pseudo-terminal has no such line and refuses
     port_->clear(QSerialPort::Input);
+    EnterDevice();
     open_ = true;
     return true;
 }
 
+/// What the handle itself is asked for, past Qt.
+void QtSerialPort::EnterDevice() {
+#ifdef Q_OS_UNIX
+    if (OpeningRaisedDtr(port_->handle())) {
+        boardStarted_.setRemainingTime(kBoardStart, Qt::PreciseTimer);
+    }
+    lowLatency_.Enter(port_->handle());
+    // Qt's own read notifier is woken by a hang-up too, but not every version of Qt takes it for
+    // one: it then reads nothing, without end.
+    hangUp_ = std::make_unique<QSocketNotifier>(port_->handle(), QSocketNotifier::Exception);
+    QObject::connect(hangUp_.get(), &QSocketNotifier::activated, port_.get(), [this] {
+        if (open_ && HungUp(*port_)) {
+            LoseLine();
+        }
+    });
+#endif
+}
+
 void QtSerialPort::Close() {
     open_ = false;
+    input_.clear();
+    held_.clear();
+    hangUp_.reset();
     if (port_->isOpen()) {
+#ifdef Q_OS_UNIX
+        lowLatency_.PutBack(port_->handle());
+        const SteadyDtr steadyDtr(port_->handle());
+#endif
         port_->close();
+    }
+}
+
+void QtSerialPort::Take() {
+    const QByteArray bytes = port_->readAll();
+    if (open_) {
+        input_ += bytes.first(std::min(bytes.size(), kMostWaiting - input_.size()));
     }
 }
 
@@ -117,15 +162,19 @@ void QtSerialPort::Fail(const QString& reason) {
     lastError_ = u"%1: %2"_s.arg(port_->portName(), reason);
 }
 
-/// Runs inside Qt's signal, on top of the notifier that close() deletes: so the port counts as
-/// closed from here on, and the device itself follows as soon as the event loop is back in hand.
-/// That can't wait for the next user: a hung-up device reports without pause until it is closed.
 void QtSerialPort::NoticeError(int error) {
-    if (!open_ || !IsFatal(static_cast<QSerialPort::SerialPortError>(error), *port_)) {
-        return;
+    if (open_ && IsFatal(static_cast<QSerialPort::SerialPortError>(error), *port_)) {
+        LoseLine();
     }
-    Fail(port_->errorString());
+}
+
+/// Runs inside signals, on top of the notifiers that closing deletes: so the port counts as closed
+/// from here on, and the device itself follows as soon as the event loop is back in hand. That
+/// can't wait for the next user: a hung-up device wakes the loop without pause until it is closed.
+void QtSerialPort::LoseLine() {
+    Fail(port_->error() == QSerialPort::NoError ? u"hung up"_s : port_->errorString());
     open_ = false;
+    input_.clear();
     const auto closeUnlessReopened = [this] {
         if (!open_) {
             Close();
@@ -134,17 +183,29 @@ void QtSerialPort::NoticeError(int error) {
     QMetaObject::invokeMethod(port_.get(), closeUnlessReopened, Qt::QueuedConnection);
 }
 
-int QtSerialPort::InputCount() const {
-    return open_ ? static_cast<int>(port_->bytesAvailable()) : 0;
-}
-
 void QtSerialPort::DiscardInput() {
+    input_.clear();
     if (open_) {
         port_->clear(QSerialPort::Input);
     }
 }
 
 bool QtSerialPort::Write(QByteArrayView bytes) {
+    if (open_ && HungUp(*port_)) {
+        LoseLine();  // before any yield could tell
+    }
+    if (!open_ || boardStarted_.hasExpired()) {
+        return Send(bytes);
+    }
+    if (held_.isEmpty()) {
+        QTimer::singleShot(boardStarted_.remainingTime() + 1, Qt::PreciseTimer, port_.get(),
+                           [this] { SendHeld(); });
+    }
+    held_ += bytes;
+    return true;
+}
+
+bool QtSerialPort::Send(QByteArrayView bytes) {
     if (!open_ || port_->write(bytes.data(), bytes.size()) != bytes.size()) {
         return false;
     }
@@ -152,8 +213,8 @@ bool QtSerialPort::Write(QByteArrayView bytes) {
     return open_;
 }
 
-QByteArray QtSerialPort::ReadAll() {
-    return open_ ? port_->readAll() : QByteArray();
+void QtSerialPort::SendHeld() {
+    Send(std::exchange(held_, {}));
 }
 
 }  // namespace tolvex

@@ -1,18 +1,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QDeadlineTimer>
 #include <QString>
 #include <memory>
 
 #include "base/serial_port.h"
 #include "platform/com_ports.h"
+#include "platform/low_latency.h"
 
 class QSerialPort;
+class QSocketNotifier;
 
 namespace tolvex {
 
 /// A port of this machine. Received bytes are fetched by the event loop, so they show up in
-/// `InputCount()` after a yield, never during a plain loop; written bytes leave at once.
+/// `InputCount()` after a yield, never during a plain loop; written bytes leave at once,
+/// but behind an opening that may have reset the board only when it has started. Of bytes that
+/// nobody asks for it keeps the first few thousand.
 class QtSerialPort : public SerialPort {
   public:
     /// `ports` must outlive the port; it is asked at every `Open()`.
@@ -26,22 +31,32 @@ class QtSerialPort : public SerialPort {
     void Close() override;
     bool IsOpen() const override { return open_; }
 
-    int InputCount() const override;
+    int InputCount() const override { return static_cast<int>(input_.size()); }
     void DiscardInput() override;
     bool Write(QByteArrayView bytes) override;
-    QByteArray ReadAll() override;
+    QByteArray ReadAll() override { return std::exchange(input_, {}); }
 
     /// What failed last, for logs: device path and the system's reason. Empty before any failure.
     QString LastError() const { return lastError_; }
 
   private:
     void ApplySettings();
-    void Fail(const QString& reason);
+    void Take();
+    void EnterDevice();
+    bool Send(QByteArrayView bytes);
+    void SendHeld();
     void NoticeError(int error);
+    void LoseLine();
+    void Fail(const QString& reason);
 
     const ComPorts& ports_;
     PortSettings settings_;
     std::unique_ptr<QSerialPort> port_;
+    std::unique_ptr<QSocketNotifier> hangUp_;
+    LowLatency lowLatency_;
+    QDeadlineTimer boardStarted_;  ///< expired = no need to wait; goes on while the port is closed
+    QByteArray held_;              ///< until then
+    QByteArray input_;
     bool open_ = false;  ///< turns false the moment the line breaks; the device follows a bit later
     QString lastError_;
 };

@@ -41,8 +41,7 @@ QString SettingsFile::GetSetting(const QString& key, const QString& standard) co
 }
 
 void SettingsFile::SaveSetting(const QString& key, const QString& text) {
-    file_.setValue(InGroup(key), text);
-    file_.sync();
+    file_.setValue(InGroup(key), text);  // which asks the event loop for one write of all that came
 }
 
 }  // namespace tolvex

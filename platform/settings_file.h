@@ -11,9 +11,10 @@ namespace tolvex {
 /// separator. It may not exist yet.
 QString ConfigFolder();
 
-/// The settings as an INI file, group `Settings`. Every save goes to the disk at once, so a killed
-/// program loses nothing. What can't be read counts as missing; what can't be written (a forbidden
-/// folder) is kept until the program ends.
+/// The settings as an INI file, group `Settings`. What a step of the program saves goes to the disk
+/// in one write, as soon as the event loop is back in hand or the program ends: so a killed program
+/// loses nothing of a step that it finished. What can't be read counts as missing; what can't be
+/// written (a forbidden folder) is kept until the program ends.
 class SettingsFile : public Settings {
   public:
     /// Neither the file nor its folder need exist.

@@ -10,6 +10,8 @@
 #include <QPushButton>
 #include <QRegularExpression>
 
+#include "widgets/modal.h"
+
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -22,7 +24,7 @@ namespace {
 template <typename Dialog, typename Read>
 bool Ask(Dialog* dialog, Read read) {
     const QPointer<Dialog> guard(dialog);
-    dialog->exec();
+    ExecModal(*dialog);
     if (guard.isNull()) {
         return false;
     }
@@ -50,14 +52,18 @@ class FileDialog : public QFileDialog {
     }
 };
 
+/// The requested folder, else the initial name's own, else the current one.
 void SetStart(QFileDialog& dialog, const FileDialogRequest& request) {
     const QFileInfo initial(request.initialName);
-    const bool withPath = !request.initialName.isEmpty() && initial.isAbsolute();
-    const QString wanted = withPath ? initial.path() : request.directory;
-    const bool usable = !wanted.isEmpty() && QFileInfo(wanted).isDir();
-    dialog.setDirectory(usable ? QDir(wanted).absolutePath() : QDir::currentPath());
+    QString start = QDir::currentPath();
+    if (!request.directory.isEmpty() && QFileInfo(request.directory).isDir()) {
+        start = QDir(request.directory).absolutePath();
+    } else if (initial.isAbsolute() && initial.dir().exists()) {
+        start = initial.path();
+    }
+    dialog.setDirectory(start);
     if (!request.initialName.isEmpty()) {
-        dialog.selectFile(withPath ? initial.fileName() : request.initialName);
+        dialog.selectFile(initial.fileName());
     }
 }
 
@@ -69,14 +75,17 @@ void SetJapaneseTexts(QFileDialog& dialog, const QString& accept) {
     dialog.setLabelText(QFileDialog::Reject, u"キャンセル"_s);
 }
 
-/// `path` with the first of `suffixes` ("hex;rom") when its name has none and no such file exists.
-QString WithDefaultSuffix(const QString& path, const QString& suffixes) {
+/// `path` with the first of `suffixes` ("hex;rom") when its name has none. A file that is to be
+/// opened may have none.
+QString WithDefaultSuffix(const QString& path, const QString& suffixes,
+                          QFileDialog::AcceptMode mode) {
     const QString suffix = suffixes.section(u';', 0, 0);
     const QFileInfo file(path);
-    if (suffix.isEmpty() || file.fileName().contains(u'.') || file.exists()) {
+    if (suffix.isEmpty() || !file.suffix().isEmpty() ||
+        (mode == QFileDialog::AcceptOpen && file.exists())) {
         return path;
     }
-    return path + u'.' + suffix;
+    return path.endsWith(u'.') ? path + suffix : path + u'.' + suffix;
 }
 
 FileDialogAnswer AskFile(QWidget* parent, const FileDialogRequest& request,
@@ -101,17 +110,27 @@ FileDialogAnswer AskFile(QWidget* parent, const FileDialogRequest& request,
         if (shown.result() != QDialog::Accepted || chosen.isEmpty()) {
             return false;
         }
-        answer.path = WithDefaultSuffix(chosen.first(), request.defaultSuffix);
+        answer.path = WithDefaultSuffix(chosen.first(), request.defaultSuffix, mode);
         answer.bareName = QFileInfo(answer.path).fileName();
         return true;
     });
     return answer;
 }
 
+QMessageBox::Icon IconOf(BoxIcon icon) {
+    switch (icon) {
+        case BoxIcon::Stop:
+            return QMessageBox::Critical;
+        case BoxIcon::Information:
+            return QMessageBox::Information;
+        case BoxIcon::None:
+            break;
+    }
+    return QMessageBox::NoIcon;
+}
+
 QMessageBox* NewBox(QWidget* parent, BoxIcon icon, const QString& title, const QString& text) {
-    auto* box =
-        new QMessageBox(icon == BoxIcon::Stop ? QMessageBox::Critical : QMessageBox::Information,
-                        title, text, QMessageBox::NoButton, parent);
+    auto* box = new QMessageBox(IconOf(icon), title, text, QMessageBox::NoButton, parent);
     box->setObjectName(u"messageBox"_s);
     box->setTextFormat(Qt::PlainText);  // a file name may look like markup
     QPushButton* ok = box->addButton(u"OK"_s, QMessageBox::AcceptRole);
@@ -144,22 +163,22 @@ QStringList NameFilters(const QString& pairs) {
     return filters;
 }
 
-WindowDialogs::WindowDialogs(std::function<QWidget*()> parent) : parent_(std::move(parent)) {}
+WindowDialogs::WindowDialogs(std::function<QWidget*()> owner) : owner_(std::move(owner)) {}
 
 FileDialogAnswer WindowDialogs::AskOpenFile(const FileDialogRequest& request) {
-    return AskFile(parent_(), request, QFileDialog::AcceptOpen);
+    return AskFile(ModalOwner(owner_()), request, QFileDialog::AcceptOpen);
 }
 
 FileDialogAnswer WindowDialogs::AskSaveFile(const FileDialogRequest& request) {
-    return AskFile(parent_(), request, QFileDialog::AcceptSave);
+    return AskFile(ModalOwner(owner_()), request, QFileDialog::AcceptSave);
 }
 
 void WindowDialogs::ShowBox(BoxIcon icon, const QString& title, const QString& text) {
-    Ask(NewBox(parent_(), icon, title, text), [](const QMessageBox&) { return true; });
+    Ask(NewBox(ModalOwner(owner_()), icon, title, text), [](const QMessageBox&) { return true; });
 }
 
 bool WindowDialogs::AskOkCancel(const QString& title, const QString& text) {
-    QMessageBox* box = NewBox(parent_(), BoxIcon::Information, title, text);
+    QMessageBox* box = NewBox(ModalOwner(owner_()), BoxIcon::Information, title, text);
     QPushButton* cancel = box->addButton(u"キャンセル"_s, QMessageBox::RejectRole);
     cancel->setObjectName(u"Command_cancel"_s);
     box->setEscapeButton(cancel);

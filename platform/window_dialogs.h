@@ -23,8 +23,9 @@ QStringList NameFilters(const QString& pairs);
 /// expect; a name with wildcards ("*.hex", a save dialog's initial name) is not accepted.
 class WindowDialogs : public Dialogs {
   public:
-    /// `parent` is asked at each question; it may give nullptr.
-    explicit WindowDialogs(std::function<QWidget*()> parent);
+    /// `owner` gives the window that a question blocks; it is asked at each question and may give
+    /// nullptr. A question that comes while another one is open blocks that.
+    explicit WindowDialogs(std::function<QWidget*()> owner);
 
     FileDialogAnswer AskOpenFile(const FileDialogRequest& request) override;
     FileDialogAnswer AskSaveFile(const FileDialogRequest& request) override;
@@ -32,7 +33,7 @@ class WindowDialogs : public Dialogs {
     bool AskOkCancel(const QString& title, const QString& text) override;
 
   private:
-    std::function<QWidget*()> parent_;
+    std::function<QWidget*()> owner_;
 };
 
 }  // namespace tolvex

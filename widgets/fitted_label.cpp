@@ -12,8 +12,12 @@ constexpr int kSmallestPixels = 8;
 
 }  // namespace
 
-FittedLabel::FittedLabel(QWidget* parent) : QLabel(parent), designFont_(font()) {
+FittedLabel::FittedLabel(const QString& spoken, QWidget* parent)
+    : QLabel(parent), spoken_(spoken), designFont_(font()) {
     setTextFormat(Qt::PlainText);
+    setIndent(0);  // by default half a letter beside a frame, unseen by the fitting
+    setAccessibleName(spoken_);
+    setAccessibleDescription(spoken_);
 }
 
 void FittedLabel::ShowText(const QString& text) {
@@ -27,7 +31,7 @@ void FittedLabel::ShowText(const QString& text) {
         return;
     }
     text_ = plain;
-    setAccessibleDescription(text_);
+    setAccessibleName(text_.isEmpty() ? spoken_ : text_);
     Fit();
     updateGeometry();
 }
@@ -55,17 +59,21 @@ void FittedLabel::Fit() {
     }
     setFont(fitted);
     const bool whole = Fits(fitted);
-    const int room = contentsRect().width();
-    setText(whole || wordWrap() ? text_
-                                : QFontMetrics(fitted).elidedText(text_, Qt::ElideRight, room));
+    setText(whole || wordWrap()
+                ? text_
+                : QFontMetrics(fitted).elidedText(text_, Qt::ElideRight, Room().width()));
     setToolTip(whole ? QString() : text_);
 }
 
 bool FittedLabel::Fits(const QFont& font) const {
     const int flags = wordWrap() ? Qt::TextWordWrap | Qt::TextWrapAnywhere : 0;
-    const QRect room = contentsRect();
+    const QRect room = Room();
     const QRect needed = QFontMetrics(font).boundingRect(room, flags, text_);
     return needed.width() <= room.width() && needed.height() <= room.height();
+}
+
+QRect FittedLabel::Room() const {
+    return contentsRect().marginsRemoved({margin(), margin(), margin(), margin()});
 }
 
 }  // namespace tolvex

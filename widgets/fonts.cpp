@@ -1,14 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/fonts.h"
 
+#include <QApplication>
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QStringList>
+#include <algorithm>
 
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int kBarPixels = 13;
 
 QStringList FixedFamilies() {
     return {u"ＭＳ ゴシック"_s, u"MS Gothic"_s, u"IPAGothic"_s, u"Noto Sans Mono CJK JP"_s};
@@ -43,6 +48,12 @@ QFont ListingFont(int points) {
 QFont WindowFont() {
     QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
     font.setFamilies(font.families() + Installed(WindowFamilies()));
+    return font;
+}
+
+QFont BarFont() {
+    QFont font = QApplication::font();
+    font.setPixelSize(std::min(QFontInfo(font).pixelSize(), kBarPixels));
     return font;
 }
 

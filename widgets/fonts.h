@@ -14,6 +14,10 @@ QFont ListingFont(int points);
 /// its chance to draw the kanji in its own shapes.
 QFont WindowFont();
 
+/// The same for the bars of the main window, never larger than the layout of its child windows was
+/// designed with: their places are fixed, and larger bars would push them out of sight.
+QFont BarFont();
+
 /// False: Japanese texts will show as boxes.
 bool JapaneseFontFound();
 

@@ -21,8 +21,12 @@ Frame::Frame(const QString& name, const QString& caption, QWidget* parent)
 void Frame::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const int line = kCaptionHeight / 2;
-    painter.setPen(palette().color(QPalette::Mid));
-    painter.drawRect(0, line, width() - 1, height() - line - 1);
+    // Filled: a line drawn along the edge falls outside at scale factors between whole numbers.
+    const QColor border = palette().color(QPalette::Mid);
+    painter.fillRect(0, line, width(), 1, border);
+    painter.fillRect(0, height() - 1, width(), 1, border);
+    painter.fillRect(0, line, 1, height() - line, border);
+    painter.fillRect(width() - 1, line, 1, height() - line, border);
     const QRect text(kCaptionLeft, 0, fontMetrics().horizontalAdvance(title()) + 4, kCaptionHeight);
     painter.fillRect(text, palette().color(QPalette::Window));
     painter.setPen(palette().color(QPalette::WindowText));

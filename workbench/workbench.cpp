@@ -19,7 +19,7 @@ Workbench::Workbench(const Parts& parts)
                      .settings = parts.settings,
                      .person = person,
                      .state = state}),
-      listings({.folders = parts.folders.listings, .windows = person.windows, .state = state}),
+      listings({.folders = parts.folders.listings, .person = person, .state = state}),
       files({.listings = listings,
              .settings = parts.settings,
              .person = person,

@@ -27,6 +27,7 @@ QString HexBytes(const QByteArray& bytes) {
 
 QString FaultName(FaultKind kind) {
     const auto row = std::ranges::find(kFaults, kind, &FaultRow::kind);
+    Q_ASSERT(row != std::end(kFaults));
     return QString::fromLatin1(row->name);
 }
 

@@ -38,6 +38,7 @@ std::span<const ChipModel> ChipModels() {
 }
 
 const ChipModel* FindChipModel(QStringView text) {
+    static_assert(std::size(kModels) == 10, "one digit is the list index");
     if (text.size() == 1 && text[0] >= u'0' && text[0] <= u'9') {
         return &kModels[text[0].unicode() - u'0'];
     }

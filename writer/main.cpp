@@ -3,20 +3,19 @@
 // board at hand.
 #include <QCoreApplication>
 #include <QFile>
-#include <algorithm>
-#include <csignal>
+#include <clocale>
 #include <cstdio>
 #include <utility>
 
 #include "writer/chip_state_file.h"
 #include "writer/paced_board.h"
 #include "writer/pseudo_terminal.h"
+#include "writer/stop_signals.h"
 #include "writer/trace_replay.h"
 #include "writer/writer_options.h"
 
 #ifdef Q_OS_UNIX
-#include <signal.h>
-#include <sys/select.h>
+#include <langinfo.h>
 #endif
 #ifdef Q_OS_LINUX
 #include <sys/prctl.h>
@@ -40,49 +39,8 @@ namespace {
 
 using Instant = PacedBoard::Instant;
 
-// A signal handler reaches nothing else.
-volatile std::sig_atomic_t stopAsked = 0;
-
-/// While this lives, the signals that end a program only set `stopAsked`, and they arrive nowhere
-/// but in `Wait`.
-class StopSignals {
-  public:
-    StopSignals() {
-        sigset_t stopping;
-        ::sigemptyset(&stopping);
-        struct sigaction action {};
-        action.sa_handler = [](int) { stopAsked = 1; };
-        for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
-            ::sigaddset(&stopping, number);
-            ::sigaction(number, &action, nullptr);
-        }
-        ::signal(SIGPIPE, SIG_IGN);
-        ::sigprocmask(SIG_BLOCK, &stopping, &open_);
-        for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
-            ::sigdelset(&open_, number);
-        }
-    }
-
-    /// Until bytes come at `descriptor`, a signal arrives, or the time is up; no time = for ever.
-    /// True when there are bytes.
-    bool Wait(int descriptor, std::optional<Instant> time) const {
-        fd_set readable;
-        FD_ZERO(&readable);
-        FD_SET(descriptor, &readable);
-        timespec limit{};
-        if (time) {
-            const Instant positive = std::max(*time, Instant::zero());
-            const auto seconds = std::chrono::floor<std::chrono::seconds>(positive);
-            limit.tv_sec = static_cast<time_t>(seconds.count());
-            limit.tv_nsec = static_cast<long>((positive - seconds).count());
-        }
-        return ::pselect(descriptor + 1, &readable, nullptr, nullptr, time ? &limit : nullptr,
-                         &open_) > 0;
-    }
-
-  private:
-    sigset_t open_;
-};
+/// Longer than any time-out of the PC.
+constexpr std::chrono::seconds kFarewell{10};
 
 Instant Now() {
     return std::chrono::steady_clock::now().time_since_epoch();
@@ -101,7 +59,7 @@ class WriterProgram {
                 return Fail(reason, 1);
             }
         }
-        const QString reason = options_.replay.isEmpty() ? ServeChip() : Serve(replay_);
+        const QString reason = options_.replay.isEmpty() ? ServeChip() : ServeTrace();
         const QString unsaved = SaveState();
         for (const QString& failure : {reason, unsaved}) {
             if (!failure.isEmpty()) {
@@ -145,17 +103,7 @@ class WriterProgram {
         return failed ? u"log file %1: %2"_s.arg(options_.log, log_.errorString()) : QString();
     }
 
-    QString OpenTerminal() {
-        QString reason = terminal_.Open();
-        if (reason.isEmpty() && !options_.link.isEmpty()) {
-            reason = link_.Lead(options_.link, terminal_.Path());
-        }
-        if (reason.isEmpty()) {
-            std::printf("ready %s\n", qUtf8Printable(terminal_.Path()));
-            std::fflush(stdout);
-        }
-        return reason;
-    }
+    QString OpenTerminal() { return OpenForClients(terminal_, link_, options_.link); }
 
     QString SaveState() const {
         return chip_ && !options_.state.isEmpty() ? SaveChip(*chip_, options_.state) : QString();
@@ -166,33 +114,61 @@ class WriterProgram {
         for (const WriterOptions::PlannedFault& fault : options_.faults) {
             writer.SetFault(fault.command, fault.kind);
         }
-        PacedBoard board(writer, options_.baud);
+        PacedBoard board(writer, options_.baud, options_.latency);
         return Serve(board);
     }
 
-    static QString Departure(const PacedBoard&) { return {}; }
-    static QString Departure(const TraceReplay& replay) { return replay.Departure(); }
-
-    /// Until a signal asks for the end, the terminal can't be had again after a hang-up, or the PC
-    /// does something else than in the replayed session.
-    template <typename Board>
-    QString Serve(Board& board) {
-        QString reason;
-        while (!stopAsked && reason.isEmpty()) {
-            const auto due = board.NextDue();
-            const auto time = due ? std::optional(*due - Now()) : std::nullopt;
-            if (signals_.Wait(terminal_.Descriptor(), time)) {
-                board.Send(terminal_.Read(), Now() - std::exchange(lag_, Instant::zero()));
-            }
-            reason = Deliver(board.Run(Now()));
-            if (reason.isEmpty()) {
-                reason = Departure(board);
+    /// The trace, and then as long as the PC needs to take the last reply and to close, or to give
+    /// up waiting for one that never came.
+    QString ServeTrace() {
+        const QString reason = Serve(replay_);
+        terminal_.LetGo();
+        const Instant end = Now() + kFarewell;
+        while (!signals_.Asked() && reason.isEmpty() && terminal_.Descriptor() >= 0 &&
+               Now() < end) {
+            if (signals_.Wait(terminal_.Descriptor(), end - Now())) {
+                const QByteArray bytes = terminal_.Read();
+                if (bytes.isEmpty()) {
+                    break;
+                }
+                replay_.Send(bytes, Now());
+                return replay_.Departure();
             }
         }
         return reason;
     }
 
-    QString Deliver(const PacedBoard::Events& events) {
+    static bool Ended(const PacedBoard&) { return false; }
+    static bool Ended(const TraceReplay& replay) { return replay.Ended(); }
+    static QString Departure(const PacedBoard&) { return {}; }
+    static QString Departure(const TraceReplay& replay) { return replay.Departure(); }
+
+    /// Until a signal asks for the end, the terminal can't be had again after a hang-up, or the PC
+    /// does something else than in the replayed session or has come to its end.
+    template <typename Board>
+    QString Serve(Board& board) {
+        QString reason;
+        while (!signals_.Asked() && reason.isEmpty() && !Ended(board)) {
+            const auto due = board.NextDue();
+            const auto time = due ? std::optional(*due - Now()) : std::nullopt;
+            if (signals_.Wait(terminal_.Descriptor(), time)) {
+                board.Send(terminal_.Read(), Now() - std::exchange(lag_, Instant::zero()));
+            }
+            const PacedBoard::Events events = board.Run(Now());
+            Deliver(events);
+            reason = Departure(board);
+            if (events.hangUp) {
+                // The far end goes away for whoever has the terminal open, and is plugged in again.
+                terminal_.Close();
+                if (reason.isEmpty() && !Ended(board)) {
+                    reason = OpenTerminal();
+                }
+            }
+        }
+        return reason;
+    }
+
+    void Deliver(const PacedBoard::Events& events) {
         for (const BoardReply& command : events.commands) {
             if (log_.isOpen()) {
                 log_.write(command.LogLine().toUtf8() + '\n');
@@ -202,8 +178,6 @@ class WriterProgram {
             terminal_.Write(events.bytes);
             lag_ = Now() - events.lastByte;
         }
-        // The far end goes away for whoever has the terminal open, and is plugged in again.
-        return events.hangUp ? OpenTerminal() : QString();
     }
 
     WriterOptions options_;
@@ -224,6 +198,13 @@ class WriterProgram {
 #endif
 
 int main(int argc, char** argv) {
+#ifdef Q_OS_UNIX
+    // Qt wants UTF-8 and says so in every run under LANG=C.
+    std::setlocale(LC_ALL, "");
+    if (qstrcmp(::nl_langinfo(CODESET), "UTF-8") != 0) {
+        qputenv("LC_ALL", "C.UTF-8");
+    }
+#endif
     QCoreApplication application(argc, argv);
     const tolvex::ParsedOptions parsed = tolvex::ParseOptions(QCoreApplication::arguments());
     if (!parsed.options) {

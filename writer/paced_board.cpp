@@ -20,8 +20,8 @@ WireLine::Instant WireLine::Arrival(Instant now) {
     return busyUntil_;
 }
 
-PacedBoard::PacedBoard(SimulatedWriter& writer, int baud)
-    : writer_(writer), baud_(baud), toBoard_(baud), toPc_(baud) {}
+PacedBoard::PacedBoard(SimulatedWriter& writer, int baud, std::chrono::milliseconds latency)
+    : writer_(writer), baud_(baud), latency_(latency), toBoard_(baud), toPc_(baud) {}
 
 void PacedBoard::Send(QByteArrayView bytes, Instant now) {
     for (const char byte : bytes) {
@@ -68,11 +68,17 @@ PacedBoard::Events PacedBoard::Run(Instant now) {
 void PacedBoard::Answer(const BoardReply& reply, Instant at) {
     const Instant start = at + reply.delay;
     for (const char byte : reply.bytes) {
-        pcBound_.push_back({toPc_.Arrival(start), static_cast<std::uint8_t>(byte)});
+        const Instant handedOver = HandedOver(toPc_.Arrival(start));
+        pcBound_.push_back({handedOver, static_cast<std::uint8_t>(byte)});
     }
     if (reply.hangUp) {
         pcBound_.push_back({toPc_.Arrival(start), 0, true});
     }
+}
+
+PacedBoard::Instant PacedBoard::HandedOver(Instant arrival) const {
+    return latency_ == Instant::zero() ? arrival
+                                       : (arrival + latency_ - Instant(1)) / latency_ * latency_;
 }
 
 }  // namespace tolvex

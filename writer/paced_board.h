@@ -43,8 +43,9 @@ class PacedBoard {
         bool hangUp = false;         ///< the far end has gone; what was under way is lost
     };
 
-    /// `writer` is not owned and outlives this.
-    PacedBoard(SimulatedWriter& writer, int baud);
+    /// `writer` is not owned and outlives this. Between it and the PC stands an adapter that hands
+    /// over what has come once in each `latency`; 0 = at once.
+    PacedBoard(SimulatedWriter& writer, int baud, std::chrono::milliseconds latency = {});
 
     /// The PC sends.
     void Send(QByteArrayView bytes, Instant now);
@@ -59,9 +60,11 @@ class PacedBoard {
         bool hangUp = false;  // in place of a byte
     };
     void Answer(const BoardReply& reply, Instant at);
+    Instant HandedOver(Instant arrival) const;
 
     SimulatedWriter& writer_;
     int baud_;
+    Instant latency_;
     WireLine toBoard_;
     WireLine toPc_;
     std::deque<Arriving> boardBound_;

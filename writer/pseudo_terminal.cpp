@@ -4,46 +4,97 @@
 #ifdef Q_OS_UNIX
 
 #include <fcntl.h>
-#include <stdlib.h>
 #include <termios.h>
 #include <unistd.h>
+
+#ifdef Q_OS_MACOS
+#include <util.h>
+#else
+#include <pty.h>
+#endif
 
 #include <QFile>
 #include <QFileInfo>
 #include <cerrno>
 #include <cstdio>
+#include <utility>
 
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+#ifdef F_OFD_SETLK
+/// A board marks its terminal by a lock, which goes with the process however that ends.
+struct flock BoardMark(short kind) {
+    struct flock mark {};
+    mark.l_type = kind;
+    mark.l_whence = SEEK_SET;
+    return mark;
+}
+#endif
+
+void Mark([[maybe_unused]] int terminal) {
+#ifdef F_OFD_SETLK
+    struct flock mark = BoardMark(F_RDLCK);
+    ::fcntl(terminal, F_OFD_SETLK, &mark);
+#endif
+}
+
+bool IsMarked([[maybe_unused]] int terminal) {
+#ifdef F_OFD_SETLK
+    struct flock mark = BoardMark(F_WRLCK);
+    return ::fcntl(terminal, F_OFD_GETLK, &mark) != 0 || mark.l_type != F_UNLCK;
+#else
+    return true;
+#endif
+}
+
+/// A pseudo-terminal that is gone, or that some other program has by now.
+bool LeftByABoard(const QString& terminal) {
+    if (!terminal.startsWith(u"/dev/pts/"_s) && !terminal.startsWith(u"/dev/ttys"_s)) {
+        return false;
+    }
+    const int descriptor =
+        ::open(QFile::encodeName(terminal).constData(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor < 0) {
+        return errno == ENOENT || errno == EIO;
+    }
+    const bool marked = IsMarked(descriptor);
+    ::close(descriptor);
+    return !marked;
+}
+
+}  // namespace
+
 QString PseudoTerminal::Open() {
     Close();
-    master_ = ::posix_openpt(O_RDWR | O_NOCTTY);
-    if (master_ < 0 || ::grantpt(master_) != 0 || ::unlockpt(master_) != 0) {
+    termios line{};
+    line.c_cflag = CREAD;
+    ::cfmakeraw(&line);
+    ::cfsetspeed(&line, B19200);
+    if (::openpty(&master_, &slave_, nullptr, &line, nullptr) != 0) {
         return u"no pseudo-terminal: "_s + qt_error_string(errno);
     }
-    const char* name = ::ptsname(master_);
-    path_ = QFile::decodeName(name);
-    slave_ = ::open(name, O_RDWR | O_NOCTTY);
-    termios line{};
-    if (slave_ < 0 || ::tcgetattr(slave_, &line) != 0) {
-        return path_ + u": "_s + qt_error_string(errno);
-    }
-    ::cfmakeraw(&line);
-    ::tcsetattr(slave_, TCSANOW, &line);
+    path_ = QFile::decodeName(::ttyname(slave_));
     ::fcntl(master_, F_SETFL, ::fcntl(master_, F_GETFL) | O_NONBLOCK);
     ::fcntl(master_, F_SETFD, FD_CLOEXEC);
     ::fcntl(slave_, F_SETFD, FD_CLOEXEC);
+    Mark(slave_);
     return {};
 }
 
 void PseudoTerminal::Close() {
-    for (int* descriptor : {&slave_, &master_}) {
-        if (*descriptor >= 0) {
-            ::close(*descriptor);
-            *descriptor = -1;
-        }
+    LetGo();
+    if (master_ >= 0) {
+        ::close(std::exchange(master_, -1));
+    }
+}
+
+void PseudoTerminal::LetGo() {
+    if (slave_ >= 0) {
+        ::close(std::exchange(slave_, -1));
     }
 }
 
@@ -74,22 +125,35 @@ TerminalLink::~TerminalLink() {
 
 QString TerminalLink::Lead(const QString& link, const QString& terminal) {
     const QFileInfo present(link);
-    if (present.exists() && !present.isSymLink()) {
+    if (present.isSymLink()) {
+        const QString target = present.symLinkTarget();
+        if (target != terminal_ && !LeftByABoard(target)) {
+            return u"%1 leads to %2 already"_s.arg(link, target);
+        }
+        QFile::remove(link);
+    } else if (present.exists()) {
         return u"%1 is in the way: it is no symbolic link"_s.arg(link);
     }
-    const QByteArray target = QFile::encodeName(terminal);
-    const QByteArray name = QFile::encodeName(link);
-    const QByteArray fresh = name + ".new";
-    ::unlink(fresh.constData());
-    if (::symlink(target.constData(), fresh.constData()) != 0 ||
-        std::rename(fresh.constData(), name.constData()) != 0) {
-        const QString reason = qt_error_string(errno);
-        ::unlink(fresh.constData());
-        return u"%1: %2"_s.arg(link, reason);
+    // Fails if something else has taken the place meanwhile.
+    if (::symlink(QFile::encodeName(terminal).constData(), QFile::encodeName(link).constData()) !=
+        0) {
+        return u"%1: %2"_s.arg(link, qt_error_string(errno));
     }
     link_ = link;
     terminal_ = terminal;
     return {};
+}
+
+QString OpenForClients(PseudoTerminal& terminal, TerminalLink& link, const QString& path) {
+    QString reason = terminal.Open();
+    if (reason.isEmpty() && !path.isEmpty()) {
+        reason = link.Lead(path, terminal.Path());
+    }
+    if (reason.isEmpty()) {
+        std::printf("ready %s\n", qUtf8Printable(terminal.Path()));
+        std::fflush(stdout);
+    }
+    return reason;
 }
 
 }  // namespace tolvex

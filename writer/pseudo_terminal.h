@@ -23,6 +23,8 @@ class PseudoTerminal {
     /// Empty when it worked, else the reason.
     QString Open();
     void Close();
+    /// From now on `Read` finds the terminal readable and empty once the last client has left.
+    void LetGo();
     /// To wait on; -1 while closed.
     int Descriptor() const { return master_; }
     QString Path() const { return path_; }
@@ -47,13 +49,17 @@ class TerminalLink {
     TerminalLink(const TerminalLink&) = delete;
     TerminalLink& operator=(const TerminalLink&) = delete;
 
-    /// Replaces a symbolic link in one step, but refuses to replace anything else. Empty when it
-    /// worked, else the reason.
+    /// Replaces only what a board has left behind: a link to a pseudo-terminal at which there is
+    /// no board any more. Empty when it worked, else the reason.
     QString Lead(const QString& link, const QString& terminal);
 
   private:
     QString link_, terminal_;
 };
+
+/// Opens the terminal, leads `link` to it from `path` unless that is empty, and says "ready" and
+/// the terminal's path on the standard output. Empty when it worked, else the reason.
+QString OpenForClients(PseudoTerminal& terminal, TerminalLink& link, const QString& path);
 
 }  // namespace tolvex
 

@@ -121,8 +121,7 @@ QByteArray SimulatedWriter::HardwareVersion() {
 }
 
 QByteArray SimulatedWriter::SelectDevice() {
-    deviceCode_ = Argument(0);
-    return Done();
+    return Done();  // it works with every chip alike
 }
 
 QByteArray SimulatedWriter::EnterProgramming() {

@@ -37,8 +37,6 @@ class SimulatedWriter {
     int CommandCount() const { return commands_; }
     bool InProgrammingMode() const { return programming_; }
     bool LedIsOn() const { return led_; }
-    /// As given with the last 'T'.
-    std::optional<std::uint8_t> DeviceCode() const { return deviceCode_; }
 
   private:
     struct Command {
@@ -87,7 +85,6 @@ class SimulatedWriter {
     int address_ = 0;
     bool programming_ = false;
     bool led_ = false;
-    std::optional<std::uint8_t> deviceCode_;
     int commands_ = 0;
     QMap<std::uint8_t, int> occurrences_;
     QList<Fault> faults_;

@@ -30,6 +30,8 @@ class TraceReplay {
     /// As of a paced board.
     std::optional<Instant> NextDue() const;
     PacedBoard::Events Run(Instant now);
+    /// Nothing is left to play.
+    bool Ended() const { return next_ >= events_.size() && due_.empty(); }
     /// Where the PC left the record; empty as long as it follows it.
     QString Departure() const { return departure_; }
 

@@ -10,10 +10,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kFastestBaud = 4'000'000;
+constexpr int kSlowestAdapter = 255;  // ms, what FTDI adapters can be set to
 
 QList<QCommandLineOption> KnownOptions() {
     return {
-        {u"link"_s, u"Make PATH a symbolic link to the terminal; removed at the end."_s, u"PATH"_s},
+        {u"link"_s,
+         u"Make PATH a symbolic link to the terminal, removed at the end. What is there already is "
+         u"replaced only if it is the link of a board that has ended."_s,
+         u"PATH"_s},
         {u"device"_s,
          u"The chip in the socket: its name, part number or list index. Default: that of the state "
          "file, else AT90S1200."_s,
@@ -21,9 +25,15 @@ QList<QCommandLineOption> KnownOptions() {
         {u"empty"_s, u"No chip in the socket."_s},
         {u"firmware"_s, u"Firmware version that the board reports."_s, u"VERSION"_s, u"3.9"_s},
         {u"baud"_s, u"Speed of the line; 0 is as fast as it goes."_s, u"BAUD"_s, u"19200"_s},
+        {u"latency"_s,
+         u"Answer like an adapter that hands over what has come once in MS milliseconds; 16 is "
+         u"usual, 0 is none."_s,
+         u"MS"_s, u"0"_s},
         {u"state"_s, u"Keep the chip in FILE from run to run."_s, u"FILE"_s},
         {u"log"_s, u"Write a line a command to FILE."_s, u"FILE"_s},
-        {u"replay"_s, u"Play the board's side of the session in FILE, made with --trace."_s,
+        {u"replay"_s,
+         u"Play the board's side of the session in FILE, made with tolvex-cli --trace, and end "
+         u"with it. With --baud 0 the replies come at once instead of at their time."_s,
          u"FILE"_s},
         {u"fault"_s,
          u"Spoil the reply to command K, counted from 1: silent, short, wrong, long, late, "
@@ -50,6 +60,33 @@ bool IsVersion(const QString& text) {
 }
 
 /// Empty when all is well, else what is wrong.
+QString WrongUse(const QCommandLineParser& parser) {
+    for (const QString& name : parser.optionNames()) {
+        const QStringList values = parser.values(name);
+        if (values.contains(QString())) {
+            return u"--%1 needs a value"_s.arg(name);
+        }
+        if (values.size() > 1 && name != u"fault"_s) {
+            return u"--%1 was given twice"_s.arg(name);
+        }
+        static const QStringList kWithReplay = {u"replay"_s, u"link"_s, u"baud"_s};
+        if (parser.isSet(u"replay"_s) && !kWithReplay.contains(name)) {
+            return u"--replay doesn't go with --"_s + name;
+        }
+    }
+    const bool chip = parser.isSet(u"device"_s) || parser.isSet(u"state"_s);
+    return parser.isSet(u"empty"_s) && chip ? u"--empty goes with neither --device nor --state"_s
+                                            : QString();
+}
+
+/// A whole number from 0 to `most`.
+std::optional<int> Number(const QString& text, int most) {
+    bool isNumber = false;
+    const int number = text.toInt(&isNumber);
+    return isNumber && number >= 0 && number <= most ? std::optional(number) : std::nullopt;
+}
+
+/// Empty when all is well, else what is wrong.
 QString Read(const QCommandLineParser& parser, WriterOptions& options) {
     options.link = parser.value(u"link"_s);
     options.state = parser.value(u"state"_s);
@@ -60,24 +97,20 @@ QString Read(const QCommandLineParser& parser, WriterOptions& options) {
     if (!IsVersion(options.firmware)) {
         return u"--firmware is a digit, a point and a digit, such as 3.9"_s;
     }
-    bool isNumber = false;
-    options.baud = parser.value(u"baud"_s).toInt(&isNumber);
-    if (!isNumber || options.baud < 0 || options.baud > kFastestBaud) {
+    const auto baud = Number(parser.value(u"baud"_s), kFastestBaud);
+    if (!baud) {
         return u"--baud is a number from 0 to %1"_s.arg(kFastestBaud);
     }
+    options.baud = *baud;
+    const auto latency = Number(parser.value(u"latency"_s), kSlowestAdapter);
+    if (!latency) {
+        return u"--latency is a number from 0 to %1"_s.arg(kSlowestAdapter);
+    }
+    options.latency = std::chrono::milliseconds(*latency);
     if (parser.isSet(u"device"_s)) {
         options.device = FindChipModel(parser.value(u"device"_s));
         if (!options.device) {
             return u"--device: no such chip: "_s + parser.value(u"device"_s);
-        }
-    }
-    if (options.empty && (options.device || !options.state.isEmpty())) {
-        return u"--empty goes with neither --device nor --state"_s;
-    }
-    for (const QString& other :
-         {u"device"_s, u"empty"_s, u"firmware"_s, u"state"_s, u"log"_s, u"fault"_s}) {
-        if (parser.isSet(u"replay"_s) && parser.isSet(other)) {
-            return u"--replay doesn't go with --"_s + other;
         }
     }
     for (const QString& text : parser.values(u"fault"_s)) {
@@ -107,7 +140,8 @@ ParsedOptions ParseOptions(const QStringList& arguments) {
         return {std::nullopt, u"unknown argument: "_s + parser.positionalArguments().first(), 2};
     }
     WriterOptions options;
-    const QString wrong = Read(parser, options);
+    const QString use = WrongUse(parser);
+    const QString wrong = use.isEmpty() ? Read(parser, options) : use;
     if (!wrong.isEmpty()) {
         return {std::nullopt, wrong, 2};
     }

@@ -4,6 +4,7 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <chrono>
 #include <optional>
 
 #include "writer/board_reply.h"
@@ -23,6 +24,7 @@ struct WriterOptions {
     bool empty = false;                 ///< no chip in the socket
     QString firmware;                   ///< digit, point, digit
     int baud = 19200;                   ///< 0 = as fast as it goes
+    std::chrono::milliseconds latency;  ///< of the adapter; 0 = none
     QString state;                      ///< empty = none
     QString log;                        ///< empty = none
     QString replay;                     ///< a recorded session; empty = a board with a chip

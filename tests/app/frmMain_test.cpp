@@ -3,46 +3,23 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QComboBox>
-#include <QDropEvent>
-#include <QFile>
-#include <QLineEdit>
-#include <QMdiSubWindow>
+#include <QDate>
+#include <QDir>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QPlainTextEdit>
-#include <QPushButton>
-#include <QRadioButton>
+#include <QTest>
+#include <QToolButton>
 
 #include "tests/app/window_bench.h"
-#include "widgets/twips.h"
 
 namespace tolvex {
 namespace {
 
 using namespace Qt::StringLiterals;
-using testing::Chosen;
 using testing::WindowBench;
 
-const QString kBlink = QStringLiteral(TOLVEX_SOURCE_DIR "/samples/blink.hex");
-
-QMdiSubWindow* Child(WindowBench& b, const char* name) {
-    for (QMdiSubWindow* window : b.program.Window().Area().subWindowList()) {
-        if (window->widget()->objectName() == QString::fromLatin1(name)) {
-            return window;
-        }
-    }
-    return nullptr;
-}
-
-QRect Twips(int left, int top, int width, int height) {
-    return {PixelsFromTwips(left), PixelsFromTwips(top), PixelsFromTwips(width),
-            PixelsFromTwips(height)};
-}
-
-TEST(Menus, StandAsAPersonReadsThem) {
+TEST(MainWindow, MenusStandAsAPersonReadsThem) {
     // "-" a separator; in brackets what is hidden.
     const QString expected =
         u"ファイル(&F): コード/データファイルを開く(&O) Ctrl+O|コードファイルを開く|"
@@ -72,256 +49,227 @@ TEST(Menus, StandAsAPersonReadsThem) {
     EXPECT_EQ(seen.toStdString(), expected.toStdString());
 }
 
-TEST(Menus, ItemsDoWhatTheySay) {
+TEST(MainWindow, ToolbarAndStatusBarStandAsAPersonReadsThem) {
     WindowBench b;
     b.Start();
-    frmMain& window = b.program.Window();
-    struct Toggle {
-        const char* item;
-        QWidget* bar;
-    };
-    for (const Toggle& c :
-         {Toggle{"mnuViewToolbar", &window.Tools()}, {"mnuViewStatusBar", &window.Panels()}}) {
-        b.Item(c.item)->trigger();
-        EXPECT_TRUE(c.bar->isHidden() && !b.Item(c.item)->isChecked()) << c.item;
-        window.SetStatusText(1, u"while hidden"_s);
-        b.Item(c.item)->trigger();
-        EXPECT_TRUE(!c.bar->isHidden() && b.Item(c.item)->isChecked()) << c.item;
-        EXPECT_EQ(b.Panel(1), u"while hidden"_s);
+    QStringList seen;
+    for (QAction* action : b.program.Window().Tools().actions()) {
+        QWidget* widget = b.program.Window().Tools().widgetForAction(action);
+        const auto* button = qobject_cast<QToolButton*>(widget);
+        seen << (button == nullptr
+                     ? u"gap %1"_s.arg(widget->width())
+                     : button->objectName() + u' ' + button->text() + u' ' + button->toolTip());
+        EXPECT_TRUE(button == nullptr || !button->icon().isNull()) << seen.last().toStdString();
     }
-    b.Item("mnuHelpSub")->trigger();
-    EXPECT_EQ(b.help.shown, b.folders.program + u"tolvex.hlp"_s);
-    b.Item("mnuHelpContents")->trigger();
-    EXPECT_EQ(b.person.calls.last(),
-              u"box Information Tolvex Version 1.40.25|ﾍﾙﾌﾟの目次を表示できません。 "
-              "このﾌﾟﾛｼﾞｪｸﾄに関連付けられたﾍﾙﾌﾟが存在しません。"_s);
-    b.AnswerDialogs({u"Command_cancel"_s, u"Command1"_s, u"cmdOK"_s});
-    b.Item("mmuCominucation")->trigger();
-    EXPECT_EQ(b.Panel(1), u"ライター接続確認が終了していません。"_s);
-    b.Item("mmuIndex")->trigger();
-    b.Item("mnuHelpAbout")->trigger();
-    EXPECT_EQ(b.dialogsSeen,
-              (QStringList{u"通信ポート選択"_s, u"ボードの修正"_s, u"バージョン情報"_s}));
-    b.port.Open();
-    b.Item("mmuLEDon")->trigger();
-    EXPECT_TRUE(b.board.LedIsOn());
-    b.Item("mmuLEDoff")->trigger();
-    EXPECT_FALSE(b.board.LedIsOn());
+    EXPECT_EQ(seen.join(u'\n').toStdString(),
+              u"Open 開く コード/データファイルを開く\n"
+              "Save 保存 コード/データファイルを名前をつけて保存\ngap 8\n"
+              "ReLoad ReLoad HEXファイルの再ロード\ngap 8\n"
+              "Program Program プログラム/EEPROMデータメモリのプログラム\n"
+              "Read Read プログラム/EEPROMデータメモリのリード\n"
+              "Verify Verify プログラム/EEPROMデータメモリのベリファイ\n"
+              "Erase Erase プログラム/EEPROMデータメモリ Lock/Fuseビット消去\ngap 24\n"
+              "Clear ﾊﾞｯﾌｧｸﾘｱ PCバッファクリア\ngap 24\nComSelect COM選択 "_s.toStdString());
+
+    auto* first = b.Find<FittedLabel>("Panel1");
+    EXPECT_EQ(first->accessibleName(), u"メッセージ"_s);
+    b.program.Window().SetStatusText(1, u"短い"_s);
+    EXPECT_TRUE(first->toolTip().isEmpty() && first->accessibleName() == u"短い");
+    const QString text = u"とても長いメッセージ。"_s.repeated(40);
+    b.program.Window().SetStatusText(1, text);
+    EXPECT_TRUE(first->text().endsWith(u'…') && first->toolTip() == text);
+    EXPECT_LE(first->fontMetrics().horizontalAdvance(first->text()), first->width() - 8);
+    EXPECT_EQ(b.Panel(4), QDate::currentDate().toString(u"yyyy/MM/dd"_s));
 }
 
-TEST(StatusBar, OnlyAPanelThatBeginsWithComOpensThePortDialog) {
-    WindowBench b;
-    b.Start();
-    b.program.Window().SetStatusText(1, u"ライタを検出しました。 COM1"_s);
-    Q_EMIT b.program.Window().Panels().PanelClicked(1);
-    Q_EMIT b.program.Window().Panels().PanelClicked(5);
-    b.program.Window().SetStatusText(5, u"COM:1"_s);
-    b.AnswerDialogs({u"Command_cancel"_s});
-    Q_EMIT b.program.Window().Panels().PanelClicked(5);
-    EXPECT_EQ(b.dialogsSeen, (QStringList{u"通信ポート選択"_s}));
+/// Everything that a command can show or do.
+QString Outcome(WindowBench& b) {
+    QStringList seen = b.person.calls + b.dialogsSeen;
+    seen << b.help.shown.section(u'/', -1) << b.Message() << (b.board.LedIsOn() ? u"lit"_s : u""_s);
+    seen << (b.program.Window().Tools().isHidden() ? u"no toolbar"_s : u""_s);
+    seen << (b.program.Window().Panels().isHidden() ? u"no status bar"_s : u""_s);
+    seen << b.Panel(1);
+    seen.removeAll(QString());
+    return seen.join(u'|');
 }
 
-TEST(MainJob, OpensProgramsAndVerifiesByItsButtons) {
+constexpr char kNothingOpen[] = "指定されたファイルを開くことができませんでした。";
+constexpr char kOpenBoth[] =
+    "open dialog コードファイル ＆ データファイルを開く|"
+    "指定されたファイルを開くことができませんでした。";
+constexpr char kNoHelp[] =
+    "box Information Tolvex Version 1.40.25|ﾍﾙﾌﾟの目次を表示できません。 "
+    "このﾌﾟﾛｼﾞｪｸﾄに関連付けられたﾍﾙﾌﾟが存在しません。";
+
+TEST(MainWindow, EachCommandDoesWhatItSays) {
+    // A menu item, a button or a key; the button pressed in the window that comes up; what is seen.
+    const char* const cases[][3] = {
+        {"mnuFileOpen", "", kOpenBoth},
+        {"mnuFileOpenCode", "", "open dialog コードファイル(*.hex)を開く"},
+        {"mnuFileOpenData", "", "open dialog データファイル(*.eep)を開く"},
+        {"Ctrl+O", "", kOpenBoth},
+        {"Open", "", kOpenBoth},
+        {"mnuFileSave", "", "ファイルがオープンされていません．|ファイルがオープンされていません"},
+        {"mnuFileSaveAs", "", "save dialog コードファイル ＆ データファイルの保存"},
+        {"mnuFileSaveAsCode", "", "save dialog コードファイル(*.hex)の保存"},
+        {"mnuFileSaveAsData", "", "save dialog データファイル(*.eep)の保存"},
+        {"Ctrl+S", "", "save dialog コードファイル ＆ データファイルの保存"},
+        {"Save", "", "save dialog コードファイル ＆ データファイルの保存"},
+        {"mnuReLoad", "", kNothingOpen},
+        {"ReLoad", "", kNothingOpen},
+        {"mmuCominucation", "Command_cancel",
+         "通信ポート選択|ライター接続確認が終了していません。"},
+        {"ComSelect", "Command_cancel", "通信ポート選択|ライター接続確認が終了していません。"},
+        {"mmuLEDon", "", "lit"},
+        {"mmuLEDoff", "", ""},
+        {"mnuViewToolbar", "", "no toolbar"},
+        {"mnuViewStatusBar", "", "no status bar"},
+        {"mnuViewOptions", "", "box Information Tolvex|ｵﾌﾟｼｮﾝ ﾀﾞｲｱﾛｸﾞのｺｰﾄﾞをここに記述します !"},
+        {"mmuIndex", "Command1", "ボードの修正"},
+        {"mnuHelpContents", "", kNoHelp},
+        {"mnuHelpSearch", "", kNoHelp},
+        {"mnuHelpSub", "", "tolvex.hlp"},
+        {"mnuHelpAbout", "cmdOK", "バージョン情報"},
+        {"Clear", "", "バッファーをクリアしました。"},
+        {"Read", "", "リード終了しました。"},
+        {"Verify", "", "ベリファイ　FLASH : OK / EEPROM : OK|ベリファイ終了しました。"},
+        {"Erase", "", "Lock bit & Flash & EEPROM メモリクリアー完了。"},
+        {"cmdFuseRead", "", "Lock/Fuse bit リードが完了しました。|ライタを検出しました。 COM1"},
+        {"cmdFuseWrite", "", "Lock/Fuse bit ライトが完了しました。|ライタを検出しました。 COM1"},
+    };
+    for (const auto& [name, answer, outcome] : cases) {
+        WindowBench b(3);
+        b.Start();
+        b.port.Open();
+        if (QByteArray(name) == "mmuLEDoff") {
+            b.program.Bench().commands.LedOn();
+        }
+        b.AnswerDialogs(QString::fromUtf8(answer).split(u' ', Qt::SkipEmptyParts));
+        if (QByteArray(name).startsWith("Ctrl")) {
+            QTest::keyClick(&b.program.Window(), name[5], Qt::ControlModifier);
+            QApplication::processEvents();
+        } else {
+            b.Item(name) != nullptr ? b.Choose(name) : b.Click(name);
+        }
+        EXPECT_EQ(Outcome(b).toStdString(), outcome) << name;
+    }
+}
+
+TEST(MainWindow, APanelThatBeginsWithComOpensThePortDialog) {
+    const std::tuple<int, const char16_t*, Qt::MouseButton, bool> cases[] = {
+        {5, u"COM:1", Qt::LeftButton, true},
+        {5, u"COM:1", Qt::NoButton, true},  // by keyboard
+        {5, u"COM:1", Qt::RightButton, false},
+        {5, u"", Qt::LeftButton, false},
+        {1, u"ライタを検出しました。 COM1", Qt::LeftButton, false}};
+    for (const auto& [number, text, button, opens] : cases) {
+        WindowBench b;
+        b.Start();
+        b.program.Window().SetStatusText(number, QString::fromUtf16(text));
+        b.AnswerDialogs(opens ? QStringList{u"Command_cancel"_s} : QStringList());
+        auto* panel = b.Find<QWidget>(qPrintable(u"Panel%1"_s.arg(number)));
+        if (button == Qt::NoButton) {
+            b.program.Window().Panels().FocusFirst();
+            for (int i = 1; i < number; ++i) {
+                QTest::keyClick(b.program.Window().focusWidget(), Qt::Key_Right);
+            }
+            QTest::keyClick(b.program.Window().focusWidget(), Qt::Key_Space);
+        } else {
+            QTest::mouseClick(panel, button);
+        }
+        QApplication::processEvents();
+        EXPECT_EQ(b.dialogsSeen.size(), opens ? 1 : 0) << number << button;
+    }
+}
+
+TEST(MainWindow, F6GoesRoundByKeyboard) {
     WindowBench b;
     b.Start();
-    b.person.fileAnswers = {Chosen(kBlink)};
-    b.Click("Open");
-    EXPECT_EQ(Child(b, "frmProgram")->windowTitle(), u"Program : "_s + kBlink);
+    b.Child("frmEEprom")->close();
+    b.program.Window().Panels().hide();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    const auto seen = [&b] {
+        QWidget* focus = b.program.Window().focusWidget();
+        return focus == b.program.Window().menuBar()
+                   ? b.program.Window().menuBar()->activeAction()->text()
+                   : focus->objectName();
+    };
+    b.Find<QWidget>("txtPrg")->setFocus();
+    QStringList round;
+    for (int i = 0; i < 4; ++i) {
+        QTest::keyClick(&b.program.Window(), Qt::Key_F6);
+        round << seen();
+    }
+    EXPECT_EQ(round.join(u' ').toStdString(),
+              u"ファイル(&F) Open Combo_device txtPrg"_s.toStdString());
+    QTest::keyClick(&b.program.Window(), Qt::Key_F6, Qt::ShiftModifier);
+    QTest::keyClick(&b.program.Window(), Qt::Key_F6, Qt::ShiftModifier);
+    EXPECT_EQ(seen(), u"Open"_s);
+    QTest::keyClick(b.Find<QWidget>("Open"), Qt::Key_Space);
+    QApplication::processEvents();
+    EXPECT_EQ(b.person.fileRequests.size(), 1);
+    EXPECT_EQ(seen(), u"Open"_s);
+    QTest::keyClick(&b.program.Window(), Qt::Key_F6, Qt::ShiftModifier);
+    QTest::keyClick(b.program.Window().menuBar(), Qt::Key_Escape);
+    EXPECT_EQ(seen(), u"Open"_s);  // where it was before the menus
+}
+
+TEST(MainWindow, ProgramsAndVerifiesByItsButtons) {
+    WindowBench b;
+    b.Start();
+    b.OpenSample();
+    EXPECT_TRUE(b.Child("frmProgram")->windowTitle().endsWith(u"samples/blink.hex"));
+    EXPECT_TRUE(b.Child("frmEEprom")->windowTitle().endsWith(u"samples/blink.eep"));
     EXPECT_TRUE(b.Find<QPlainTextEdit>("txtPrg")->toPlainText().startsWith(u"0000: E0"_s));
-    bool busySeen = false;
-    b.clock.OnYield([&] {
-        busySeen = true;
-        EXPECT_FALSE(b.program.Window().Tools().isEnabled());
-        EXPECT_FALSE(b.Item("mnuFileOpen")->isEnabled() || b.Item("mnuReLoad")->isEnabled());
-        EXPECT_FALSE(b.Find<QComboBox>("Combo_device")->isEnabled());
-        EXPECT_FALSE(b.Find<QPushButton>("cmdFuseWrite")->isEnabled());
-        EXPECT_FALSE(b.Find<QPushButton>("CmdWrite")->isEnabled());
-        EXPECT_TRUE(b.Item("mnuFileExit")->isEnabled() && b.Item("mnuViewToolbar")->isEnabled());
-    });
     b.Click("Program");
-    EXPECT_TRUE(busySeen);
-    EXPECT_TRUE(b.program.Window().Tools().isEnabled());
     EXPECT_EQ(b.Panel(1), u"プログラム終了しました。"_s);
-    EXPECT_EQ(b.Find<FittedLabel>("txtMsg")->WholeText(),
-              u"ベリファイ　FLASH : OK / EEPROM : OK"_s);
+    EXPECT_EQ(b.Message(), u"ベリファイ　FLASH : OK / EEPROM : OK"_s);
     EXPECT_EQ(b.chip.ReadFlashHigh(0), 0xE0);
-    EXPECT_EQ(b.chip.ReadEeprom(0), 0x32);
-    EXPECT_EQ(Child(b, "frmVerify"), nullptr);
-
+    EXPECT_EQ(b.Child("frmVerify"), nullptr);
     b.Click("Cmd_okm");
     b.Find<QLineEdit>("txtAddress")->setText(u"3f"_s);
     b.Find<QLineEdit>("txtData")->setText(u"a5"_s);
     b.Click("CmdWrite");
+    b.Find<QLineEdit>("txtData")->setText(u""_s);
+    b.Click("CmdRead");
+    EXPECT_EQ(b.Find<QLineEdit>("txtData")->text(), u"A5"_s);
     b.Click("Verify");
-    ASSERT_NE(Child(b, "frmVerify"), nullptr);
+    ASSERT_NE(b.Child("frmVerify"), nullptr);
+    EXPECT_EQ(b.program.Window().Area().activeSubWindow(), b.Child("frmVerify"));
     EXPECT_TRUE(b.Find<QPlainTextEdit>("rtVerify")
                     ->toPlainText()
                     .contains(u"EEPROM Address(byte) = 003F  Original Data = A5   NG Data = FF"_s));
 }
 
-TEST(MainJob, ADroppedFileOpensAsIfChosen) {
+TEST(MainWindow, ThePortDialogOffersWhatIsThere) {
     WindowBench b;
+    QDir(b.folder.path()).mkpath(u"ports"_s);
+    QFile::link(u"/dev/null"_s, b.folder.filePath(u"ports/com7"_s));
+    b.settings.values[u"ComNox"_s] = u"7"_s;
     b.Start();
-    for (const QString& path : {u"/etc/hostname"_s, kBlink}) {
-        QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(path)});
-        QDragEnterEvent enter(QPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&b.program.Window(), &enter);
-        EXPECT_EQ(enter.isAccepted(), path == kBlink);
-        QDropEvent drop(QPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&b.program.Window(), &drop);
-    }
-    EXPECT_EQ(Child(b, "frmProgram")->windowTitle(), u"Program : "_s + kBlink);
-    EXPECT_EQ(b.Panel(1), u"ファイルをオープンしました。"_s);
-}
-
-TEST(ChildWindows, ComeBackToTheirPlaceFromAnyState) {
-    struct Case {
-        const char* what;
-        void (*make)(QMdiSubWindow*);
-        bool isNew;
-    };
-    const Case cases[] = {
-        {"moved", [](QMdiSubWindow* w) { w->setGeometry(300, 300, 200, 100); }, false},
-        {"minimised", [](QMdiSubWindow* w) { w->showMinimized(); }, false},
-        {"maximised", [](QMdiSubWindow* w) { w->showMaximized(); }, false},
-        {"closed", [](QMdiSubWindow* w) { w->close(); }, true},
-    };
-    for (const Case& c : cases) {
-        WindowBench b;
-        b.Start();
-        for (const char* name : {"frmProgram", "frmEEprom", "frmSetting"}) {
-            c.make(Child(b, name));
-            QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        }
-        b.Item("mmuWindowReDrow")->trigger();
-        EXPECT_EQ(Child(b, "frmProgram")->geometry(), Twips(50, 50, 6900, 4000)) << c.what;
-        EXPECT_EQ(Child(b, "frmEEprom")->geometry(), Twips(50, 4100, 6900, 2000)) << c.what;
-        EXPECT_EQ(Child(b, "frmSetting")->geometry(), Twips(7000, 50, 4100, 6050)) << c.what;
-        EXPECT_TRUE(b.Find<QComboBox>("Combo_device")->isVisible()) << c.what;
-        EXPECT_EQ(b.Find<QPlainTextEdit>("txtPrg")->toPlainText() == u"Program Memoey"_s, c.isNew);
-        b.Click("Clear");  // whoever shows a listing brings its window up to date
-        EXPECT_TRUE(b.Find<QPlainTextEdit>("txtPrg")->toPlainText().startsWith(u"0000: FFFF"_s));
-    }
-}
-
-TEST(Layout, EveryTextOfTheSettingsWindowIsWhole) {
-    for (int device = 0; device < 10; ++device) {
-        WindowBench b(device);
-        b.Start();
-        QWidget* setting = Child(b, "frmSetting")->widget();
-        for (QWidget* widget : setting->findChildren<QWidget*>()) {
-            if (!widget->isVisible() || widget->objectName().isEmpty() ||
-                widget->objectName().startsWith(u"qt_"_s)) {
-                continue;
-            }
-            const QRect place(widget->mapTo(setting, QPoint()), widget->size());
-            EXPECT_TRUE(setting->rect().contains(place)) << widget->objectName().toStdString();
-            for (QWidget* other : widget->parentWidget()->findChildren<QWidget*>(
-                     QString(), Qt::FindDirectChildrenOnly)) {
-                const bool label = qobject_cast<QLabel*>(widget) != nullptr;
-                EXPECT_TRUE(other == widget || label || !other->isVisible() ||
-                            qobject_cast<QLabel*>(other) != nullptr ||
-                            !other->geometry().intersects(widget->geometry()))
-                    << widget->objectName().toStdString();
-            }
-            if (qobject_cast<QLabel*>(widget) != nullptr) {
-                EXPECT_GE(widget->width(), widget->sizeHint().width())
-                    << widget->objectName().toStdString();
-                EXPECT_GE(widget->height(), QFontMetrics(widget->font()).ascent())
-                    << widget->objectName().toStdString();
-            }
-        }
-        const auto* list = b.Find<QComboBox>("Combo_device");
-        const QFontMetrics metrics(list->font());
-        EXPECT_LT(metrics.horizontalAdvance(list->currentText()) + 24, list->width());
-    }
-}
-
-TEST(Layout, EveryControlHasANameToBeSpoken) {
-    WindowBench b;
-    b.Start();
-    for (QWidget* widget : b.program.Window().findChildren<QWidget*>()) {
-        if (widget->focusPolicy() != Qt::NoFocus && !widget->objectName().isEmpty() &&
-            !widget->objectName().startsWith(u"qt_"_s)) {
-            const bool named =
-                !widget->accessibleName().isEmpty() || widget->focusProxy() != nullptr;
-            EXPECT_TRUE(named) << widget->objectName().toStdString();
-        }
-    }
-}
-
-TEST(StartUp, AFirstStartShowsBothDialogsOnce) {
-    WindowBench b;
-    b.settings.values.clear();
-    b.AnswerDialogs({u"Command1"_s, u"Command_cancel"_s});
-    b.Start();
-    EXPECT_EQ(b.dialogsSeen, (QStringList{u"ボードの修正"_s, u"通信ポート選択"_s}));
-    EXPECT_EQ(b.settings.values, (QMap<QString, QString>{{u"Index_First_Flag"_s, u"1"_s},
-                                                         {u"Index_Com_Flag"_s, u"1"_s},
-                                                         {u"device"_s, u"0"_s}}));
-    EXPECT_EQ(b.program.Window().windowTitle(), u"Tolvex Version 1.40.25"_s);
-    EXPECT_TRUE(b.port.Wire().isEmpty());
-
-    b.Item("mnuFileExit")->trigger();
-    WindowBench again;
-    again.settings.values = b.settings.values;
-    again.Start();  // a modal dialog would never return
-    EXPECT_TRUE(again.dialogsSeen.isEmpty());
-}
-
-TEST(StartUp, GeometryRoundTripsAndDamageFallsBack) {
-    WindowBench b;
-    b.settings.values[u"MainLeft"_s] = u"-30000"_s;
-    b.settings.values[u"PgmWidth"_s] = u"6000"_s;
-    b.settings.values[u"EEpTop"_s] = u"somewhere"_s;
-    b.settings.values[u"SetLeft"_s] = u"6900"_s;
-    b.Start();
-    EXPECT_EQ(b.program.Window().x(), -2000);
-    EXPECT_EQ(Child(b, "frmProgram")->geometry(), Twips(50, 50, 6000, 4000));
-    EXPECT_EQ(Child(b, "frmEEprom")->geometry(), Twips(50, 4100, 6900, 2000));
-    Child(b, "frmEEprom")->close();
-    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    b.settings.values[u"EEpTop"_s] = u"4321"_s;
-    b.program.Window().close();
-    EXPECT_EQ(b.settings.values[u"MainLeft"_s], u"-30000"_s);
-    EXPECT_EQ(b.settings.values[u"MainWidth"_s], u"11295"_s);  // whole pixels
-    EXPECT_EQ(b.settings.values[u"PgmWidth"_s], u"6000"_s);
-    EXPECT_EQ(b.settings.values[u"EEpTop"_s], u"4321"_s);
-    EXPECT_EQ(b.settings.values[u"SetLeft"_s], u"6900"_s);
-    EXPECT_TRUE(b.ListingFiles().isEmpty());
-}
-
-TEST(ShutDown, MinimisedSavesNothing) {
-    WindowBench b;
-    b.Start();
-    const auto before = b.settings.values;
-    b.program.Window().showMinimized();
-    b.Item("mnuFileExit")->trigger();
-    EXPECT_EQ(b.settings.values, before);
-    EXPECT_TRUE(b.ListingFiles().isEmpty());
-}
-
-TEST(ShutDown, InTheMiddleOfAChainLeavesNoFileAndNoWindow) {
-    for (const int yields : {1, 5, 12, 20}) {
-        WindowBench b;
-        b.Start();
-        b.person.fileAnswers = {Chosen(kBlink)};
-        b.Click("Open");
-        b.board.SetFaultFrom(14, FaultKind::Silent);  // every command would wait for its time-out
-        int count = 0;
-        b.clock.OnYield([&] {
-            if (++count == yields) {
-                b.program.Window().close();
-            }
-        });
-        b.Click("Program");
-        EXPECT_TRUE(b.clock.Ended()) << yields;
-        EXPECT_FALSE(b.port.IsOpen());
-        EXPECT_TRUE(b.ListingFiles().isEmpty());
-        EXPECT_FALSE(b.program.Window().isVisible());
-        EXPECT_EQ(b.Find<QDialog>("frmMsg"), nullptr);
-    }
+    b.DuringDialog([&b](QWidget& dialog) {
+        auto* list = dialog.findChild<QComboBox*>(u"Combo_com"_s);
+        EXPECT_EQ(list->count(), 21);
+        EXPECT_EQ(list->itemText(0), u"????"_s);
+        EXPECT_EQ(list->currentText(), u"COM7"_s);
+        EXPECT_EQ(list->itemData(7, Qt::ToolTipRole).toString(),
+                  b.folder.filePath(u"ports/com7"_s));
+        EXPECT_EQ(dialog.focusWidget(), list);
+        list->setCurrentIndex(0);
+    });
+    b.AnswerDialogs({u"Command_ok"_s, u"Command_cancel"_s});  // "????" keeps it open
+    b.Click("ComSelect");
+    EXPECT_EQ(b.person.calls,
+              QStringList{u"box Stop ポートオープン失敗|COM? のオープンに失敗しました。\r"
+                          "ポート番号を再設定してください。"_s});
+    EXPECT_TRUE(b.program.Bench().state.errorFlag.Failed());
+    b.DuringDialog(
+        [](QWidget& dialog) { dialog.findChild<QComboBox*>(u"Combo_com"_s)->setCurrentIndex(12); });
+    b.AnswerDialogs({u"Command_ok"_s});
+    b.Click("ComSelect");
+    EXPECT_EQ(b.settings.values[u"ComNox"_s], u"12"_s);
+    EXPECT_EQ(b.Panel(5), u"COM:12"_s);
+    EXPECT_EQ(b.Panel(1), u"ライタを検出しました。 COM12"_s);
 }
 
 }  // namespace

@@ -40,6 +40,32 @@ void WindowBench::Click(const char* button) {
     auto* found = Find<QAbstractButton>(button);
     ASSERT_NE(found, nullptr) << button;
     found->click();
+    QApplication::processEvents();
+}
+
+void WindowBench::Choose(const char* item) {
+    ASSERT_NE(Item(item), nullptr) << item;
+    Item(item)->trigger();
+    QApplication::processEvents();
+}
+
+void WindowBench::OpenSample() {
+    person.fileAnswers = {Chosen(QStringLiteral(TOLVEX_SOURCE_DIR "/samples/blink.hex"))};
+    Click("Open");
+}
+
+QMdiSubWindow* WindowBench::Child(const char* name) {
+    for (QMdiSubWindow* window : program.Window().Area().subWindowList()) {
+        if (window->widget()->objectName() == QString::fromLatin1(name)) {
+            return window;
+        }
+    }
+    return nullptr;
+}
+
+QString WindowBench::Message() {
+    const auto* text = Find<FittedLabel>("txtMsg");
+    return text == nullptr ? QString() : text->WholeText();
 }
 
 void WindowBench::AnswerDialogs(const QStringList& buttons) {
@@ -53,8 +79,12 @@ void WindowBench::AnswerDialogs(const QStringList& buttons) {
             return;
         }
         dialogsSeen << dialog->windowTitle();
-        AnswerDialogs(buttons.mid(1));
+        if (const auto look = std::exchange(look_, nullptr)) {
+            look(*dialog);
+        }
         dialog->findChild<QPushButton*>(buttons.first())->click();
+        QApplication::sendPostedEvents();  // what the button does is queued
+        AnswerDialogs(buttons.mid(1));
     });
 }
 

@@ -28,12 +28,21 @@ class WindowBench {
         return program.Window().findChild<Widget*>(QString::fromLatin1(name));
     }
     QAction* Item(const char* name) { return Find<QAction>(name); }
+    QMdiSubWindow* Child(const char* name);
+    /// Clicks a button or chooses a menu item, and waits for what it does.
     void Click(const char* button);
+    void Choose(const char* item);
+    /// Opens the sample, whose code and data both fit every chip.
+    void OpenSample();
+    /// What the message dialog says now; null while there is none.
+    QString Message();
     QString Panel(int panel) { return program.Window().Panels().PanelText(panel); }
     QStringList ListingFiles() const { return QDir(folder.path()).entryList(QDir::Files); }
 
     /// Answers the next modal windows, in order, by clicking the named button in each.
     void AnswerDialogs(const QStringList& buttons);
+    /// Runs on the next modal window before it is answered.
+    void DuringDialog(std::function<void(QWidget&)> look) { look_ = std::move(look); }
     QStringList dialogsSeen;  ///< the captions of those that came
 
     VirtualClock clock;
@@ -52,6 +61,9 @@ class WindowBench {
     } help;
 
     WindowProgram program;
+
+  private:
+    std::function<void(QWidget&)> look_;
 };
 
 }  // namespace tolvex::testing

@@ -30,6 +30,8 @@ class CliBench {
         settings.values[QStringLiteral("device")] = QString::number(chipIndex);
         facts.exists = true;
         facts.permitted = true;
+        qunsetenv("TOLVEX_PORT");
+        qunsetenv("TOLVEX_DEVICE");
     }
 
     /// The exit status; `Out`, `Err` and `Json` tell of this run alone.
@@ -38,11 +40,11 @@ class CliBench {
         error_.setData({});
         out_.open(QIODevice::WriteOnly);
         error_.open(QIODevice::WriteOnly);
-        Console console(out_, error_, terminal);
+        Console console(out_, error_, [this] { return columns; });
         const int status = RunCommandLine(
             QStringList{QStringLiteral("tolvex-cli")} + arguments,
             {behind ? *behind : port, [] { return QStringLiteral("busy"); }, clock, settings,
-             comPorts, console, stopAsked, [this](const QString&) { return facts; }});
+             comPorts, console, signal, [this](const QString&) { return facts; }});
         out_.close();
         error_.close();
         return status;
@@ -53,9 +55,20 @@ class CliBench {
     QString Out() const { return QString::fromUtf8(out_.data()); }
     QString Err() const { return QString::fromUtf8(error_.data()); }
     QJsonObject Json() const { return QJsonDocument::fromJson(out_.data()).object(); }
-    QString ErrorCode() const { return Json()["error"_L1]["code"_L1].toString(); }
+    std::string ErrorCode() const { return Json()["error"_L1]["code"_L1].toString().toStdString(); }
 
     QString Path(const QString& name) const { return folder.filePath(name); }
+    /// Fills the chip with what no file here holds.
+    void Fill() const {
+        ChipContents contents = chip->Contents();
+        for (qsizetype i = 0; i < contents.flash.size(); ++i) {
+            contents.flash[i] = static_cast<char>(i * 7 + i / 256);
+        }
+        for (qsizetype i = 0; i < contents.eeprom.size(); ++i) {
+            contents.eeprom[i] = static_cast<char>(i * 3);
+        }
+        chip->SetContents(contents);
+    }
     /// Writes a file and gives its path.
     QString File(const QString& name, const QByteArray& text) const {
         QFile file(Path(name));
@@ -76,8 +89,9 @@ class CliBench {
     QTemporaryDir folder;
     ComPorts comPorts;
     SerialPort* behind = nullptr;  ///< stands between the tool and `port` if there is one
-    bool terminal = false;
-    std::function<bool()> stopAsked = [] { return false; };
+    int columns = 0;               ///< of the terminal
+    /// Also the place to meddle with the board while a command runs.
+    std::function<int()> signal = [] { return 0; };
     PortFacts facts;
 
   private:

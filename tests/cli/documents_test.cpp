@@ -4,8 +4,8 @@
 
 #include <QRegularExpression>
 
+#include "cli/choices.h"
 #include "cli/command.h"
-#include "cli/device_choice.h"
 #include "device/catalogue.h"
 #include "tests/cli/cli_bench.h"
 
@@ -20,8 +20,7 @@ TEST(Documents, NameEveryCommandAndOption) {
     const QString manual = Source(u"docs/man/tolvex.scd"_s);
     const QString completion = Source(u"packaging/bash_completion"_s);
     const QString guide = Source(u"docs/cli.md"_s);
-    for (const auto& command : AllCommands()) {
-        const CommandFace& face = command->Face();
+    for (const CommandRow& face : CommandRows()) {
         SCOPED_TRACE(face.name.toStdString());
         EXPECT_TRUE(manual.contains(u"\n*%1*"_s.arg(face.name)));
         EXPECT_TRUE(guide.contains(u'`' + face.name));
@@ -47,6 +46,60 @@ TEST(Documents, NameEveryChip) {
     }
     EXPECT_TRUE(manual.contains(parts.join(u", "_s) + u'.'));
     EXPECT_TRUE(completion.contains(parts.join(u' ')));
+}
+
+/// The words in backquotes in the first column of the table below `heading`.
+QStringList Listed(const QString& heading) {
+    QStringList words;
+    const QString part = Source(u"docs/cli.md"_s).section(heading, 1).section(u"\n#"_s, 0, 0);
+    for (const QString& line : part.split(u'\n')) {
+        static const QRegularExpression kWord(u"`(\\w+)`"_s);
+        for (const auto& match : kWord.globalMatch(line.section(u'|', 1, 1))) {
+            words << match.captured(1);
+        }
+    }
+    words.sort();
+    return words;
+}
+
+TEST(Documents, TellEveryCodeOfTheJson) {
+    QStringList codes;
+    static const QRegularExpression kCode(u"\\{\"(\\w+)\", k"_s);
+    for (const auto& match : kCode.globalMatch(Source(u"cli/exit_status.h"_s))) {
+        codes << match.captured(1);
+    }
+    codes.sort();
+    EXPECT_EQ(Listed(u"\n### Error codes"_s).join(u' ').toStdString(),
+              codes.join(u' ').toStdString());
+}
+
+TEST(Documents, TellEveryKeyOfTheJson) {
+    CliBench bench(4);
+    const QString code = bench.File(u"a.hex"_s, HexRecord(0, "\x01\x02") + kHexEnd);
+    const QString bad = bench.File(u"b.hex"_s, "bad");
+    const QString folder = bench.Path(u"backup"_s);
+    QStringList keys;
+    for (const QStringList& arguments : {QStringList{u"program"_s, code, u"--backup"_s, folder},
+                                         {u"program"_s, bad},
+                                         {u"verify"_s, code},
+                                         {u"erase"_s},
+                                         {u"fuses"_s, u"LOCK=write"_s},
+                                         {u"check"_s, bad},
+                                         {u"detect"_s},
+                                         {u"ports"_s},
+                                         {u"devices"_s},
+                                         {u"doctor"_s},
+                                         {u"--version"_s},
+                                         {u"--help"_s}}) {
+        bench.RunJson(arguments);
+        keys += bench.Json().keys();
+    }
+    bench.facts.exists = false;
+    bench.RunJson({u"doctor"_s});
+    keys += bench.Json().keys();
+    keys.removeDuplicates();
+    keys.sort();
+    EXPECT_EQ(Listed(u"\n### Keys"_s).join(u' ').toStdString(), keys.join(u' ').toStdString());
 }
 
 }  // namespace

@@ -1,108 +1,47 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include <QFile>
+#include <QDir>
 
 #include "device/catalogue.h"
-#include "device/used_extent.h"
+#include "tests/support/real_files.h"
 #include "tests/support/test_bench.h"
 
 namespace tolvex {
 namespace {
 
 using namespace Qt::StringLiterals;
-using testing::DetectionWire;
-using testing::Recorder;
 using testing::TestBench;
 
 const QString kVerified = u"ベリファイ　FLASH : OK / EEPROM : OK"_s;
+const QString kDetected = u"S,V,v,T 11 00,"_s;
 
-QByteArray ReportOf(const TestBench& b) {
-    QFile report(b.folders.listings.first() + u"avrvfy.txt"_s);
-    return report.open(QIODevice::ReadOnly) ? report.readAll() : QByteArray();
+/// Three words, "940C 1234 FFEE" in a listing, and two EEPROM bytes.
+void FillAFewCells(MemoryImages& images) {
+    images.flash[0] = 0x94;
+    images.flash[1] = 0x0C;
+    images.flash[2] = 0x12;
+    images.flash[3] = 0x34;
+    images.flash[5] = 0xEE;
+    images.eeprom[0] = 0x5A;
+    images.eeprom[2] = 0xA5;
 }
 
-/// The wire of programming `words` words and every used EEPROM byte, from the device check on.
-QStringList ProgramWire(const TestBench& b, int words) {
-    const MemoryImages& images = b.bench.state.images;
-    QStringList wire{u"P"_s, u"s"_s, u"L"_s, u"P"_s, u"A 00 00"_s};
-    for (int cell = 0; cell < 2 * words; cell += 2) {
-        wire << u"c "_s + HexByte(images.flash[static_cast<std::size_t>(cell) + 1])
-             << u"C "_s + HexByte(images.flash[static_cast<std::size_t>(cell)]);
-    }
-    wire << u"L"_s << u"P"_s;
-    for (int address = 0; address < b.bench.state.device.eepromBytes; ++address) {
-        const int data = images.eeprom[static_cast<std::size_t>(address)];
-        if (data != kErased) {
-            wire << u"A %1 %2"_s.arg(HexByte(address / 256), HexByte(address % 256))
-                 << u"D "_s + HexByte(data);
-        }
-    }
-    return wire << u"L"_s;
-}
+const QString kProgramWire =
+    u"P,s,L,P,A 00 00,c 0C,C 94,c 34,C 12,c EE,C FF,L,"
+    "P,A 00 00,D 5A,A 00 02,D A5,L,"_s;
+const QString kVerifyWire = u"P,A 00 00,R,R,R,L,P,A 00 00,d,A 00 01,d,A 00 02,d,L"_s;
 
-QStringList VerifyWire(int words, int bytes) {
-    QStringList wire{u"P"_s, u"A 00 00"_s};
-    wire << QStringList(words, u"R"_s) << u"L"_s << u"P"_s;
-    for (int address = 0; address < bytes; ++address) {
-        wire << u"A %1 %2"_s.arg(HexByte(address / 256), HexByte(address % 256)) << u"d"_s;
-    }
-    return wire << u"L"_s;
-}
-
-/// Fails at the first difference instead of printing thousands of commands.
-void ExpectWire(const QStringList& wire, const QStringList& expected, const std::string& what) {
-    for (int i = 0; i < std::min(wire.size(), expected.size()); ++i) {
-        ASSERT_EQ(wire[i], expected[i]) << what << ", command " << i;
-    }
-    EXPECT_EQ(wire.size(), expected.size()) << what;
-}
-
-/// Between two progress texts the bar only moves on.
-void ExpectProgressNeverRunsBackwards(const Recorder& person) {
-    double maximum = -1;
-    double value = -1;
-    for (const Recorder::Progress& step : person.progress) {
-        if (step.maximum == maximum && step.value != 0) {
-            EXPECT_GE(step.value, value);
-        }
-        maximum = step.maximum;
-        value = step.value;
-        EXPECT_EQ(step.visible, value != maximum);
-    }
-}
-
-TEST(ProgramOperation, EveryChipEndsUpHoldingTheImages) {
-    for (int index = 0; index < static_cast<int>(Catalogue().size()); ++index) {
-        TestBench b(index);
-        const std::string name = b.bench.state.device.name.toStdString();
-        b.FillImages(static_cast<unsigned>(index + 1));
-        b.bench.toolbar.Click(u"Program");
-
-        const int words =
-            LastUsedWord(b.bench.state.images.flash, b.bench.state.device.flashWords) + 1;
-        const int bytes =
-            LastUsedByte(b.bench.state.images.eeprom, b.bench.state.device.eepromBytes) + 1;
-        ExpectWire(b.Wire(),
-                   DetectionWire(b.bench.state.device.deviceCode) +
-                       QStringList{u"s"_s, u"P"_s, u"e"_s, u"L"_s} + ProgramWire(b, words) +
-                       VerifyWire(words, bytes),
-                   name);
-        EXPECT_EQ(b.chip->Contents().flash, b.FlashOfImages()) << name;
-        EXPECT_EQ(b.chip->Contents().eeprom, b.EepromOfImages()) << name;
-        EXPECT_EQ(b.person.message, kVerified) << name;
-        EXPECT_EQ(b.person.panels[1], u"プログラム終了しました。"_s) << name;
-        ExpectProgressNeverRunsBackwards(b.person);
-    }
-}
-
-TEST(ProgramOperation, TellsEveryStepInOrder) {
+TEST(ProgramOperation, GoesOverTheWireAndTellsEveryStepInOrder) {
     TestBench b;
-    b.bench.state.images.flash[20] = 0x12;
-    b.bench.state.images.eeprom[3] = 0x34;
-    b.bench.toolbar.Click(u"Program");
+    FillAFewCells(b.bench.state.images);
+    const auto start = b.clock.Now();
+    const ChainResult result = b.bench.toolbar.Click(u"Program");
+    EXPECT_TRUE(result.ended && result.program->Verified());
+    EXPECT_EQ(b.Wire().join(u','), kDetected + u"s,P,e,L,"_s + kProgramWire + kVerifyWire);
+    EXPECT_GT(b.clock.Now() - start, std::chrono::milliseconds(1600)) << "1 s, and 0.1 s a 'L'";
     const QString closed = u"close message"_s;
-    const QStringList expected = {
+    const QStringList seen = {
         // clang-format off
         u"status 1: "_s, u"progress: ライタと通信中！"_s,
         u"status 1: ｺﾏﾝﾄﾞ送信 : Select device command T , 0x11"_s,
@@ -114,240 +53,257 @@ TEST(ProgramOperation, TellsEveryStepInOrder) {
         u"status 1: "_s + kVerified, u"message OK: "_s + kVerified, u"status 1: プログラム終了しました。"_s,
         // clang-format on
     };
-    EXPECT_EQ(b.person.Seen(), expected);
+    EXPECT_EQ(b.person.Seen(), seen);
+    EXPECT_EQ(b.person.calls.filter(u"listing"_s).join(u", "),
+              u"eeprom listing, flash listing, eeprom listing"_s);
     EXPECT_FALSE(b.person.calls.contains(u"verify report"_s));
+}
+
+TEST(ProgramOperation, EveryChipEndsUpHoldingTheImages) {
+    for (int index = 0; index < static_cast<int>(Catalogue().size()); ++index) {
+        TestBench b(index);
+        b.FillImages(static_cast<unsigned>(index + 1));
+        b.bench.toolbar.Click(u"Program");
+        EXPECT_EQ(b.chip->Contents().flash, b.FlashOfImages()) << index;
+        EXPECT_EQ(b.chip->Contents().eeprom, b.EepromOfImages()) << index;
+        EXPECT_EQ(b.person.message, kVerified) << index;
+        testing::Recorder::Progress last{};
+        for (const auto& step : b.person.progress) {  // within a phase the bar only moves on
+            EXPECT_TRUE(step.maximum != last.maximum || step.value == 0 ||
+                        step.value >= last.value);
+            last = step;
+        }
+        EXPECT_EQ(last.value, last.maximum) << index;
+    }
 }
 
 TEST(ProgramOperation, WritesAndVerifiesAsFarAsTheImagesReach) {
     const struct {
-        const char* what;
-        QList<int> flashCells, eepromCells;
+        QList<std::size_t> flashCells, eepromCells;
         int wordsWritten, wordsVerified, bytesVerified;
-    } cases[] = {
-        {"the first word alone takes the second along", {0}, {}, 2, 1, 1},
-        {"low byte of word 9", {19}, {}, 10, 10, 1},
-        {"EEPROM only", {}, {5}, 0, 1, 6},
-        {"first EEPROM byte alone", {}, {0}, 0, 1, 1},
-        {"last cells", {1023}, {63}, 512, 512, 64},
-        {"beyond the chip does not count", {0, 1024}, {63, 64}, 2, 1, 64},
-    };
+    } cases[] = {{{0}, {}, 2, 1, 1},  // the first word alone takes the second along
+                 {{}, {5}, 0, 1, 6},
+                 {{1023}, {63}, 512, 512, 64},
+                 {{0, 1024}, {63, 64}, 2, 1, 64}};  // what lies beyond the chip does not count
     for (const auto& c : cases) {
         TestBench b;
-        for (const int cell : c.flashCells) {
-            b.bench.state.images.flash[static_cast<std::size_t>(cell)] = 0;
+        for (const std::size_t cell : c.flashCells) {
+            b.bench.state.images.flash[cell] = 0;
         }
-        for (const int cell : c.eepromCells) {
-            b.bench.state.images.eeprom[static_cast<std::size_t>(cell)] = 0;
+        for (const std::size_t cell : c.eepromCells) {
+            b.bench.state.images.eeprom[cell] = 0;
         }
-        ASSERT_TRUE(b.bench.detection.WriterCheck());
-        b.Forget();
-        EXPECT_TRUE(b.bench.program.ProgramChip().Verified());
-        ExpectWire(b.Wire(),
-                   ProgramWire(b, c.wordsWritten) + VerifyWire(c.wordsVerified, c.bytesVerified),
-                   c.what);
-        EXPECT_EQ(b.person.message, kVerified) << c.what;
+        EXPECT_TRUE(b.bench.toolbar.Click(u"Program").program->Verified());
+        EXPECT_EQ(b.Wire().filter(u"C "_s).size(), c.wordsWritten);
+        EXPECT_EQ(b.Wire().count(u"R"_s), c.wordsVerified);
+        EXPECT_EQ(b.Wire().count(u"d"_s), c.bytesVerified);
     }
-}
-
-TEST(ProgramOperation, BlankImagesSendNothing) {
-    TestBench b;
-    b.bench.toolbar.Click(u"Program");
-    EXPECT_EQ(b.Wire(), DetectionWire(0x11) + (QStringList{u"s"_s, u"P"_s, u"e"_s, u"L"_s}));
-    EXPECT_EQ(b.person.message, u"Lock bit & プログラム/EEPROMデータ メモリクリアー完了。"_s);
-    EXPECT_EQ(b.person.panels[1], u"プログラム終了しました。"_s);
-}
-
-void ExpectInOrder(const QStringList& calls, const QStringList& expected, const char* what) {
-    qsizetype at = 0;
-    for (const QString& call : expected) {
-        at = calls.indexOf(call, at);
-        ASSERT_GE(at, 0) << what << ": " << call.toStdString();
-        ++at;
-    }
-}
-
-TEST(ProgramOperation, FaultsAreToldAndTheRestStillRuns) {
-    const QString failed = u"status 1: ｺﾐﾆｭｹｰｼｮﾝ失敗 : "_s;
-    const QString flashFailed = u"message OK: Flashメモリ ライト失敗"_s;
-    const QString eepromFailed = u"message OK: EEROMメモリ ライト失敗"_s;
-    const QString verifyFailed = u"message OK: ベリファイ　通信エラー"_s;
-    const QString eepromBegins = u"progress: EEPROM Data Memory Programming !"_s;
-    const QString verifyBegins = u"progress: Flash Program Memory Verifying !"_s;
-    const struct {
-        const char* what;
-        char letter;
-        int occurrence;
-        FaultKind fault;
-        QStringList seen;  ///< must appear in this order among what the person sees
-    } cases[] = {
-        // clang-format off
-        {"erase refused", 'e', 1, FaultKind::Wrong,
-         {failed + u"Chip Erase e"_s, u"status 1: Flash & EEPROM メモリクリアー失敗"_s,
-          u"message OK: Flash & EEPROM メモリクリアー失敗"_s, u"progress: Flash Program Memory Programming !"_s}},
-        {"device check silent", 's', 2, FaultKind::Silent,
-         {failed + u"Read Signature bytes s"_s, u"status 1: プログラミングを中止しました。"_s}},
-        {"low byte wrong", 'c', 3, FaultKind::Wrong,
-         {failed + u"Low byte Write Data Memory c"_s, u"status 1: Flashメモリ ライト失敗"_s, flashFailed,
-          eepromBegins, verifyBegins}},
-        {"high byte silent", 'C', 5, FaultKind::Silent,
-         {failed + u"Hi byte Write Program Memory C"_s, flashFailed, eepromBegins}},
-        {"EEPROM byte wrong", 'D', 1, FaultKind::Wrong,
-         {failed + u"Write Data Memory D"_s, u"status 1: EEPROMメモリ ライト失敗"_s, eepromFailed, verifyBegins}},
-        {"verify: word short", 'R', 2, FaultKind::Short,
-         {failed + u"Read Program Memory R"_s, u"status 1: Flash メモリ ベリファイ失敗"_s,
-          u"message OK: Flash メモリ ベリファイ失敗"_s, u"progress: EEPROM Data Memory Verifying !"_s}},
-        {"verify: byte silent", 'd', 1, FaultKind::Silent, {failed + u"Read Data Memory d"_s, verifyFailed}},
-        {"hang-up in the Flash", 'c', 4, FaultKind::HangUp,
-         {failed + u"Low byte Write Program Memory c"_s, flashFailed, eepromFailed, verifyFailed}},
-        // clang-format on
-    };
-    for (const auto& c : cases) {
-        TestBench b;
-        b.FillImages(7);
-        b.board.SetLetterFault(c.letter, c.fault, c.occurrence);
-        const auto start = b.clock.Now();
-        b.bench.toolbar.Click(u"Program");
-        ExpectInOrder(b.person.Seen(),
-                      c.seen + QStringList(u"status 1: プログラム終了しました。"_s), c.what);
-        for (const QString& text : {flashFailed, eepromFailed}) {  // neither blames the other
-            EXPECT_EQ(b.person.Seen().contains(text), c.seen.contains(text)) << c.what;
-        }
-        // One time-out at the most, and none at all after a hang-up.
-        EXPECT_LT(b.clock.Now() - start, std::chrono::seconds(8)) << c.what;
-    }
+    TestBench blank;
+    EXPECT_TRUE(blank.bench.toolbar.Click(u"Program").program->nothingToWrite);
+    EXPECT_EQ(blank.Wire().join(u','), kDetected + u"s,P,e,L"_s);
+    EXPECT_EQ(blank.person.message, u"Lock bit & プログラム/EEPROMデータ メモリクリアー完了。"_s);
 }
 
 TEST(VerifyOperation, ReportsEveryDifferingCell) {
-    TestBench b(8);
-    b.FillImages(5);
-    ASSERT_TRUE(b.bench.detection.WriterCheck());
-    b.bench.program.ProgramChip();
-    b.Forget();
-    b.bench.state.images.flash[0x1000] = 0x94;  // word 0x0800
-    b.bench.state.images.flash[0x1001] = 0x0C;
-    b.bench.state.images.eeprom[0x1FF] = 0x0A;
-    ChipContents contents = b.chip->Contents();
-    contents.flash[0x1000] = '\x0D';  // in the chip the low byte comes first
-    contents.flash[0x1001] = '\x94';
-    contents.eeprom[0x1FF] = '\x0B';
-    b.chip->SetContents(contents);
-
-    b.bench.toolbar.Click(u"Verify");
-    const QByteArray expected =
-        "Flash Program memory address verify\r\n\r\n"
-        "Flash  Address(word) = 0800  Original Data = 940C   NG Data = 940D\r\n"
-        "\r\nEEPROM data memory address verify\r\n\r\n"
-        "EEPROM Address(byte) = 01FF  Original Data = 0A   NG Data = 0B\r\n";
-    EXPECT_EQ(ReportOf(b), expected);
-    EXPECT_EQ(b.person.verifyReport, QString::fromLatin1(expected).remove(u'\r'));
-    ExpectWire(b.Wire(),
-               DetectionWire(0x21) + QStringList{u"P"_s, u"s"_s, u"L"_s} + VerifyWire(4096, 512),
-               "whole chip");
-    ExpectInOrder(b.person.calls,
-                  {u"verify report"_s, u"status 1: ベリファイ　FLASH : NG / EEPROM : NG"_s,
-                   u"message OK: ベリファイ　FLASH : NG / EEPROM : NG"_s,
-                   u"status 1: ベリファイ終了しました。"_s},
-                  "report before summary");
-}
-
-TEST(VerifyOperation, SummaryNamesTheMemoryThatDiffers) {
-    const struct {
-        std::uint8_t flash, eeprom;
-        QString text;
-    } cases[] = {{kErased, kErased, kVerified},
-                 {0, kErased, u"ベリファイ　FLASH : NG / EEPROM : OK"_s},
-                 {kErased, 0, u"ベリファイ　FLASH : OK / EEPROM : NG"_s}};
-    for (const auto& c : cases) {
-        TestBench b;
-        b.bench.state.images.flash[1023] = c.flash;
-        b.bench.state.images.eeprom[63] = c.eeprom;
-        b.bench.toolbar.Click(u"Verify");
-        EXPECT_EQ(b.person.message, c.text);
-        EXPECT_EQ(b.person.calls.contains(u"verify report"_s), c.text != kVerified);
-        EXPECT_TRUE(ReportOf(b).startsWith("Flash Program memory address verify\r\n\r\n"));
+    for (const bool inFlash : {false, true}) {
+        TestBench b(8);
+        if (inFlash) {
+            b.bench.state.images.flash[0x1000] = 0x94;  // word 0x0800
+            b.bench.state.images.flash[0x1001] = 0x0C;
+            b.chip->ProgramFlashLow(0x800, 0x0D);
+            b.chip->ProgramFlashHigh(0x800, 0x94);
+        } else {
+            b.bench.state.images.eeprom[0x1FF] = 0x0A;
+        }
+        EXPECT_FALSE(b.bench.toolbar.Click(u"Verify").verify->Matches());
+        const QByteArray report =
+            inFlash ? "Flash Program memory address verify\r\n\r\n"
+                      "Flash  Address(word) = 0800  Original Data = 940C   NG Data = 940D\r\n"
+                      "\r\nEEPROM data memory address verify\r\n\r\n"
+                    : "Flash Program memory address verify\r\n\r\n"
+                      "\r\nEEPROM data memory address verify\r\n\r\n"
+                      "EEPROM Address(byte) = 01FF  Original Data = 0A   NG Data = FF\r\n";
+        EXPECT_EQ(testing::Bytes(b.folder.filePath(u"avrvfy.txt"_s)), report);
+        EXPECT_EQ(b.person.verifyReport, QString::fromLatin1(report).remove(u'\r'));
+        EXPECT_EQ(b.Wire().count(u"R"_s), 4096) << "the whole chip";
+        EXPECT_EQ(b.Wire().count(u"d"_s), 512);
+        const QString text = inFlash ? u"ベリファイ　FLASH : NG / EEPROM : OK"_s
+                                     : u"ベリファイ　FLASH : OK / EEPROM : NG"_s;
+        EXPECT_EQ(b.person.calls.last(4).join(u", "),
+                  u"verify report, status 1: %1, message OK: %1, status 1: "
+                  "ベリファイ終了しました。"_s.arg(text));
     }
 }
 
-TEST(VerifyOperation, FailuresEndItAtTheirPlace) {
-    TestBench flash;  // the last word is compared with the one before
-    flash.board.SetLetterFault('R', FaultKind::Silent, 512);
-    flash.bench.toolbar.Click(u"Verify");
-    ExpectInOrder(flash.person.Seen(),
-                  {u"message OK: Flash メモリ ベリファイ失敗"_s, u"message OK: "_s + kVerified},
-                  "a Flash failure still ends with a summary");
-
-    TestBench eeprom;
-    eeprom.board.SetLetterFault('d', FaultKind::Silent, 64);
-    eeprom.bench.toolbar.Click(u"Verify");
-    EXPECT_EQ(eeprom.person.message, u"ベリファイ　通信エラー"_s);
-    EXPECT_FALSE(eeprom.person.calls.contains(u"verify report"_s));
-
-    TestBench empty;
-    empty.board.SetChip(nullptr);
-    empty.bench.toolbar.Click(u"Verify");
-    EXPECT_FALSE(empty.Wire().contains(u"R"_s));
-    ExpectInOrder(
-        empty.person.Seen(),
-        {u"message OK: デバイスが、ソケットにセットされていません。"_s,
-         u"status 1: ベリファイを中止しました。"_s, u"status 1: ベリファイ終了しました。"_s},
-        "empty socket");
-}
-
 TEST(ReadOperation, FillsTheImagesAndLeavesTheRest) {
-    TestBench source(2);
-    source.FillImages(9);
     TestBench b(2);
-    ChipContents contents = b.chip->Contents();
-    contents.flash = source.FlashOfImages();
-    contents.eeprom = source.EepromOfImages();
-    b.chip->SetContents(contents);
+    b.FillImages(9);
+    b.chip->SetContents({b.FlashOfImages(), b.EepromOfImages(), 0xFF, 0xFF});
+    b.bench.state.images = {};
     b.bench.state.images.flash[2048] = 0x77;
     b.bench.state.images.eeprom[128] = 0x66;
-    b.bench.toolbar.Click(u"Read");
-    EXPECT_EQ(b.FlashOfImages(), source.FlashOfImages());
-    EXPECT_EQ(b.EepromOfImages(), source.EepromOfImages());
+    EXPECT_TRUE(b.bench.toolbar.Click(u"Read").read->Complete());
+    EXPECT_EQ(b.FlashOfImages(), b.chip->Contents().flash);
+    EXPECT_EQ(b.EepromOfImages(), b.chip->Contents().eeprom);
     EXPECT_EQ(b.bench.state.images.flash[2048], 0x77);
     EXPECT_EQ(b.bench.state.images.eeprom[128], 0x66);
-    ExpectWire(b.Wire(),
-               DetectionWire(0x21) + QStringList{u"P"_s, u"s"_s, u"L"_s} + VerifyWire(1024, 128),
-               "a read reads what a verify reads");
+    EXPECT_EQ(b.Wire().mid(4, 6).join(u','), u"P,s,L,P,A 00 00,R"_s);
+    EXPECT_EQ(b.Wire().mid(9 + 1024, 4).join(u','), u"L,P,A 00 00,d"_s);
     EXPECT_EQ(b.person.panels[1], u"リード終了しました。"_s);
     EXPECT_EQ(b.person.calls.filter(u"listing"_s).join(u", "), u"flash listing, eeprom listing"_s);
 }
 
-TEST(ReadOperation, FailuresEndTheirPhase) {
+/// What a chain did to both memories: "FE" = all of it, "F" = the EEPROM failed.
+QString Done(const ChainResult& r) {
+    const auto [flash, eeprom] =
+        r.program ? std::pair(r.program->flashWritten, r.program->eepromWritten)
+        : r.read  ? std::pair(r.read->flashRead, r.read->eepromRead)
+                  : std::pair(r.verify->flashCompared, r.verify->eepromCompared);
+    const bool whole = r.program ? r.program->Verified()
+                       : r.read  ? r.read->Complete()
+                                 : r.verify->Matches();
+    EXPECT_EQ(whole, flash && eeprom);
+    return QString(flash ? u"F"_s : u""_s) + (eeprom ? u"E"_s : u""_s);
+}
+
+TEST(ChipOperations, FaultsAreToldAndWhatFailedDoesNotCountAsDone) {
+    const QString failed = u"status 1: ｺﾐﾆｭｹｰｼｮﾝ失敗 : "_s, ok = u"message OK: "_s;
     const struct {
-        const char* what;
+        QString key;
         char letter;
         int occurrence;
         FaultKind fault;
-        QStringList seen;
-        std::string lastOnWire;
+        QString done, last;
+        QStringList seen;  ///< in this order, others in between
     } cases[] = {
         // clang-format off
-        {"a word without reply ends it where it stands", 'R', 101, FaultKind::Silent,
-         {u"progress: Flash Program Memory Reading !"_s,
-          u"status 1: ｺﾐﾆｭｹｰｼｮﾝ失敗 : Read Program Memory R"_s, u"status 1: リード終了しました。"_s}, "R"},
-        {"Flash address refused", 'A', 1, FaultKind::Wrong,
-         {u"status 1: Flashメモリ リード失敗"_s, u"message OK: Flashメモリ リード失敗"_s,
-          u"progress: EEPROM Data Memory Reading !"_s, u"close message"_s}, "L"},
-        {"EEPROM address refused", 'A', 2, FaultKind::Wrong,
-         {u"status 1: EEPROMメモリ リード失敗"_s, u"message OK: EEROMメモリ リード失敗"_s}, "L"},
-        {"device check silent", 's', 1, FaultKind::Silent, {u"status 1: リードを中止しました。"_s}, "L"},
+        {u"Program"_s, 'e', 1, FaultKind::Wrong, u"FE"_s, u"L"_s,
+         {failed + u"Chip Erase e"_s, u"status 1: Flash & EEPROM メモリクリアー失敗"_s,
+          ok + u"Flash & EEPROM メモリクリアー失敗"_s, ok + kVerified}},
+        {u"Program"_s, 's', 2, FaultKind::Silent, u""_s, u"L"_s,
+         {failed + u"Read Signature bytes s"_s, u"status 1: プログラミングを中止しました。"_s, u"status 1: プログラム終了しました。"_s}},
+        {u"Program"_s, 'c', 3, FaultKind::Wrong, u"E"_s, u"L"_s,
+         {failed + u"Low byte Write Data Memory c"_s, u"status 1: Flashメモリ ライト失敗"_s, ok + u"Flashメモリ ライト失敗"_s,
+          u"progress: EEPROM Data Memory Programming !"_s, u"close message"_s, ok + kVerified}},
+        {u"Program"_s, 'D', 1, FaultKind::Silent, u"F"_s, u"L"_s,
+         {failed + u"Write Data Memory D"_s, u"status 1: EEPROMメモリ ライト失敗"_s, ok + u"EEROMメモリ ライト失敗"_s, ok + kVerified}},
+        {u"Program"_s, 'c', 2, FaultKind::HangUp, u""_s, u"c 34"_s,
+         {failed + u"Low byte Write Program Memory c"_s, ok + u"Flashメモリ ライト失敗"_s, ok + u"EEROMメモリ ライト失敗"_s,
+          ok + u"Flash メモリ ベリファイ失敗"_s, ok + u"ベリファイ　通信エラー"_s}},
+        {u"Verify"_s, 'R', 512, FaultKind::Silent, u"E"_s, u"L"_s,  // the last word goes by the one before
+         {u"status 1: Flash メモリ ベリファイ失敗"_s, ok + u"Flash メモリ ベリファイ失敗"_s, ok + kVerified}},
+        {u"Verify"_s, 'd', 64, FaultKind::Silent, u"F"_s, u"L"_s,
+         {u"status 1: ベリファイ　通信エラー"_s, ok + u"ベリファイ　通信エラー"_s, u"status 1: ベリファイ終了しました。"_s}},
+        {u"Verify"_s, 'P', 1, FaultKind::Wrong, u""_s, u"L"_s,
+         {u"status 1: 返答ﾃﾞｰﾀﾐｽ : Enter programming Mode P ?"_s, u"status 1: ベリファイを中止しました。"_s}},
+        {u"Read"_s, 'R', 101, FaultKind::Silent, u""_s, u"R"_s,  // ends it where it stands
+         {u"progress: Flash Program Memory Reading !"_s, failed + u"Read Program Memory R"_s, u"status 1: リード終了しました。"_s}},
+        {u"Read"_s, 'A', 1, FaultKind::Wrong, u"E"_s, u"L"_s,
+         {u"status 1: Flashメモリ リード失敗"_s, ok + u"Flashメモリ リード失敗"_s, u"progress: EEPROM Data Memory Reading !"_s, u"close message"_s}},
+        {u"Read"_s, 'A', 2, FaultKind::Wrong, u"F"_s, u"L"_s,
+         {u"status 1: EEPROMメモリ リード失敗"_s, ok + u"EEROMメモリ リード失敗"_s}},
+        {u"Read"_s, 's', 1, FaultKind::Silent, u""_s, u"L"_s, {u"status 1: リードを中止しました。"_s}},
         // clang-format on
     };
     for (const auto& c : cases) {
+        SCOPED_TRACE((c.key + u' ' + QLatin1Char(c.letter)).toStdString());
         TestBench b;
+        if (c.key == u"Program") {
+            FillAFewCells(b.bench.state.images);
+        } else if (c.key == u"Read") {
+            b.bench.state.images.flash.fill(0x33);
+        }
         b.board.SetLetterFault(c.letter, c.fault, c.occurrence);
-        b.bench.state.images.flash.fill(0x33);
-        b.bench.toolbar.Click(u"Read");
-        ExpectInOrder(b.person.Seen(), c.seen, c.what);
-        EXPECT_EQ(b.Wire().last().toStdString(), c.lastOnWire) << c.what;
-        if (c.letter == 'R') {
+        const auto start = b.clock.Now();
+        EXPECT_EQ(Done(b.bench.toolbar.Click(c.key)), c.done);
+        qsizetype at = 0;
+        for (const QString& text : c.seen) {
+            at = b.person.Seen().indexOf(text, at) + 1;
+            ASSERT_GT(at, 0) << text.toStdString();
+        }
+        EXPECT_EQ(b.Wire().last(), c.last);
+        // One time-out at the most, and none at all after a hang-up.
+        EXPECT_LT(b.clock.Now() - start, std::chrono::seconds(8));
+        if (c.last == u"R") {
             EXPECT_EQ(b.bench.state.images.flash[199], kErased);
             EXPECT_EQ(b.bench.state.images.flash[200], 0x33);
         }
     }
+}
+
+TEST(ChipOperations, AListingThatCannotBeWrittenLeavesProgrammingModeAndIsTold) {
+    const std::pair<QString, QString> cases[] = {
+        {u"Program"_s, u"avrhex.txt"_s}, {u"Program"_s, u"avrvfy.txt"_s},
+        {u"Erase"_s, u"avreep.txt"_s},   {u"Read"_s, u"avrhex.txt"_s},
+        {u"Verify"_s, u"avrvfy.txt"_s},  {u"Clear"_s, u"avreep.txt"_s}};
+    for (const auto& [key, name] : cases) {
+        TestBench b;
+        FillAFewCells(b.bench.state.images);
+        QFile::remove(b.folder.filePath(name));
+        ASSERT_TRUE(QDir(b.folder.path()).mkdir(name));  // nothing can be written there
+        EXPECT_FALSE(b.bench.toolbar.Click(key).ended);
+        EXPECT_FALSE(b.board.InProgrammingMode()) << key.toStdString();
+        const QString told = u"リストファイルを書き込めないため、処理を途中で終了しました。"_s;
+        EXPECT_EQ(b.person.message, told) << key.toStdString();
+        EXPECT_EQ(b.person.panels[1], told);
+    }
+}
+
+TEST(ToolbarSequences, EraseClearsTheChipAndTheListsOrSaysThatItFailed) {
+    for (const char failing : {' ', 'P', 'L'}) {
+        TestBench b(7);
+        b.chip->ProgramFlashLow(3, 0);
+        b.chip->ProgramLock(0xF9);  // so that the signature is asked for five times
+        b.board.SetLetterFault(failing, FaultKind::Wrong);
+        const auto startUp = b.person.options;
+        for (int& entry : b.person.options) {
+            entry = 1 - entry;
+        }
+        auto moved = b.person.options;
+        b.bench.toolbar.Click(u"Erase");
+        EXPECT_EQ(b.Wire().join(u','), u"S,V,v,T 22 00,s,s,s,s,s,P,e,L"_s);
+        if (failing == ' ') {
+            EXPECT_EQ(b.chip->ReadFlashLow(3), kErased);
+            EXPECT_FALSE(b.chip->WriteProtected());
+            EXPECT_EQ(b.person.options, startUp);
+            EXPECT_EQ(b.person.panels[1], u"Lock bit & Flash & EEPROM メモリクリアー完了。"_s);
+            EXPECT_EQ(b.person.calls.filter(u"listing"_s), QStringList(u"eeprom listing"_s));
+        } else {
+            moved[OptionList::LockBit] = 2;  // selected by the check that found the protection
+            EXPECT_EQ(b.person.options, moved);
+            EXPECT_EQ(b.person.panels[1], u"Flash & EEPROM メモリクリアー失敗"_s);
+            EXPECT_EQ(b.person.message, u"Flash & EEPROM メモリクリアー失敗"_s);
+        }
+    }
+}
+
+TEST(ToolbarSequences, ClearWorksWithoutAWriter) {
+    TestBench b(3);
+    b.FillImages(1);
+    const auto startUp = std::exchange(b.person.options, {});
+    b.bench.toolbar.Click(u"Clear");
+    EXPECT_TRUE(b.port.Calls().isEmpty());
+    EXPECT_EQ(b.bench.state.images.flash, MemoryImages().flash);
+    EXPECT_EQ(b.bench.state.images.eeprom, MemoryImages().eeprom);
+    EXPECT_EQ(b.person.options, startUp);
+    EXPECT_EQ(b.person.calls.filter(u"listing"_s).join(u", "), u"flash listing, eeprom listing"_s);
+    EXPECT_EQ(b.person.panels[1], u"バッファーをクリアしました。"_s);
+}
+
+TEST(ToolbarSequences, FileButtonsRunTheMenusCommands) {
+    TestBench b;
+    b.bench.toolbar.Click(u"Open");
+    b.bench.toolbar.Click(u"Save");
+    b.bench.toolbar.Click(u"ReLoad");
+    EXPECT_EQ(b.person.calls.filter(u"dialog"_s).join(u", "),
+              u"open dialog コードファイル ＆ データファイルを開く, "
+              "save dialog コードファイル ＆ データファイルの保存"_s);
+    EXPECT_FALSE(b.bench.state.names.ReloadFlag);
+    b.bench.toolbar.Click(u"ComSelect");
+    EXPECT_EQ(b.portDialogs, 1);
+    b.person.calls.clear();
+    b.bench.toolbar.Click(u"program");
+    EXPECT_EQ(b.person.calls.join(u", "), u"status 1: "_s) << "no such key";
 }
 
 }  // namespace

@@ -3,55 +3,46 @@
 
 #include <gtest/gtest.h>
 
-#include "device/catalogue.h"
 #include "tests/support/test_bench.h"
-#include "writer/chip_models.h"
 
 namespace tolvex {
 namespace {
 
 using namespace Qt::StringLiterals;
 using testing::TestBench;
-
-TEST(Catalogue, AgreesWithTheChipsThatTheBoardKnows) {
-    int index = 0;
-    for (const DeviceRecord& record : Catalogue()) {
-        const ChipModel* model = FindChipModel(QString::number(index++));
-        ASSERT_NE(model, nullptr);
-        EXPECT_EQ(record.name, model->name);
-        EXPECT_EQ(record.flashWords, model->flashWords);
-        EXPECT_EQ(record.eepromBytes, model->eepromBytes);
-        EXPECT_EQ(FlashWordsOfSizeCode(SimulatedChip(*model).ReadSignature()[1]),
-                  record.flashWords);
-    }
-    EXPECT_EQ(index, 10);
-}
+using L = OptionList;
 
 TEST(DeviceSelection, SetsSizesCodeAndOptions) {
-    using L = OptionList;
+    const QList<L> fuses[] = {{}, {L::FSTRT}, {L::RCEN}, {L::BODLEVEL, L::BODEN, L::CKSEL}};
     const struct {
-        int index;
+        QString name;
         std::uint8_t code;
-        QList<L> shown;
         int words, bytes;
-    } cases[] = {
-        {0, 0x11, {L::LockBit}, 512, 64},
-        {3, 0x11, {L::LockBit, L::FSTRT}, 1024, 128},
-        {5, 0x11, {L::LockBit, L::RCEN}, 1024, 128},
-        {7, 0x22, {L::LockBit, L::BODEN, L::BODLEVEL, L::CKSEL}, 2048, 256},
-        {9, 0x22, {L::LockBit, L::FSTRT}, 4096, 512},
-    };
-    TestBench b(4);  // each choice comes after another one, and must undo what that showed
+        QList<L> fuses;
+    } cases[] = {{u"AT90S1200 (外部ｸﾛｯｸ)"_s, 0x11, 512, 64, fuses[0]},
+                 {u"AT90S1200A(内部RCｸﾛｯｸ1MHz)"_s, 0x11, 512, 64, fuses[0]},
+                 {u"AT90S2313"_s, 0x21, 1024, 128, fuses[0]},
+                 {u"AT90S2323"_s, 0x11, 1024, 128, fuses[1]},
+                 {u"AT90S2333"_s, 0x22, 1024, 128, fuses[3]},
+                 {u"AT90S2343"_s, 0x11, 1024, 128, fuses[2]},
+                 {u"AT90S4414"_s, 0x21, 2048, 256, fuses[0]},
+                 {u"AT90S4433"_s, 0x22, 2048, 256, fuses[3]},
+                 {u"AT90S8515"_s, 0x21, 4096, 512, fuses[0]},
+                 {u"AT90S8535"_s, 0x22, 4096, 512, fuses[1]}};
+    TestBench b(7);
+    EXPECT_EQ(b.person.devices.size(), std::size(cases));
+    int index = 0;
     for (const auto& c : cases) {
-        b.bench.selection.SelectDevice(c.index);
-        EXPECT_EQ(b.settings.values[u"device"_s], QString::number(c.index));
-        EXPECT_EQ(b.bench.state.device.deviceCode, c.code);
+        b.bench.selection.SelectDevice(index);  // undoes what the one before showed
+        EXPECT_EQ(b.person.devices[index], c.name);
+        EXPECT_EQ(b.settings.values[u"device"_s], QString::number(index++));
+        EXPECT_EQ(b.bench.state.device.deviceCode, c.code) << index;
         EXPECT_EQ(b.person.flashSize, u"Programメモリサイズ : %1 word"_s.arg(c.words));
         EXPECT_EQ(b.person.eepromSize, u"EEPROM メモリサイズ : %1 byte"_s.arg(c.bytes));
-        for (const OptionList list : kOptionLists) {
-            EXPECT_EQ(b.person.optionShown[list], c.shown.contains(list)) << c.index;
+        for (const L list : kOptionLists) {
+            EXPECT_EQ(b.person.optionShown[list], list == L::LockBit || c.fuses.contains(list));
         }
-        EXPECT_EQ(b.person.fuseReadEnabled, c.shown.size() > 1) << c.index;
+        EXPECT_EQ(b.person.fuseReadEnabled, !c.fuses.isEmpty()) << index;
         EXPECT_EQ(b.person.flashListing.count(u'\n'), c.words / 8);
         EXPECT_EQ(b.person.eepromListing.count(u'\n'), c.bytes / 16);
     }
@@ -66,22 +57,24 @@ TEST(DeviceSelection, StartsWithTheStoredDeviceAndAllListsFilled) {
     EXPECT_EQ(b.settings.values[u"device"_s], u"0"_s) << "damaged: the first";
     b.settings.values[u"device"_s] = u"8"_s;
     b.bench.selection.FillDeviceLists();
-    EXPECT_EQ(b.person.devices.size(), 10);
     EXPECT_EQ(b.person.markedDevice, 8);
-    EXPECT_EQ(b.bench.state.device.name, u"AT90S8515"_s);
-    EXPECT_EQ(b.person.optionEntries[OptionList::CKSEL].value(6), u"4ms + 1K CK"_s);
-    EXPECT_EQ(b.person.optionEntries[OptionList::LockBit],
-              (QStringList{u"書込み & ベリファイ 禁止"_s, u"書込み禁止"_s, u"プロテクトなし"_s}));
-    EXPECT_EQ(b.person.options[OptionList::RCEN], 0);
-    EXPECT_EQ(b.person.options[OptionList::BODLEVEL], 1);
     EXPECT_TRUE(b.person.patchPanelShown);
-
+    EXPECT_EQ(
+        b.person.optionEntries[L::CKSEL].join(u'|'),
+        u"4ms + 6 CK|6 CK|64ms + 16K CK|4ms + 16K CK|16K CK|64ms + 1K CK|4ms + 1K CK|1K CK"_s);
+    EXPECT_EQ(b.person.optionEntries[L::LockBit].join(u'|'),
+              u"書込み & ベリファイ 禁止|書込み禁止|プロテクトなし"_s);
+    EXPECT_EQ(b.person.optionEntries[L::BODLEVEL].join(u'|'), u"4.0V|2.7V"_s);
+    for (const L list : {L::FSTRT, L::RCEN, L::BODEN}) {
+        EXPECT_EQ(b.person.optionEntries[list].join(u'|'), u"Enable|Disable"_s);
+    }
+    EXPECT_EQ(b.person.options.values(), (QList<int>{1, 0, 1, 1, 2, 2})) << "as in kOptionLists";
     // A new chip's fuses are preset, no other list.
-    b.person.options = {{OptionList::CKSEL, 7}, {OptionList::LockBit, 0}, {OptionList::FSTRT, 0}};
+    b.person.options = {{L::CKSEL, 7}, {L::LockBit, 0}, {L::FSTRT, 0}};
     b.bench.selection.SelectDevice(7);
-    EXPECT_EQ(b.person.options[OptionList::CKSEL], 2);
-    EXPECT_EQ(b.person.options[OptionList::LockBit], 0);
-    EXPECT_EQ(b.person.options[OptionList::FSTRT], 0);
+    EXPECT_EQ(b.person.options[L::CKSEL], 2);
+    EXPECT_EQ(b.person.options[L::LockBit], 0);
+    EXPECT_EQ(b.person.options[L::FSTRT], 0);
 }
 
 }  // namespace

@@ -25,30 +25,29 @@ class MessageWindowTest : public ::testing::Test {
 };
 
 TEST_F(MessageWindowTest, BarAndButtonShareTheLowerBand) {
+    const auto bar = [this](int value, int maximum) {
+        messages.SetProgress(true, 0, value, maximum);
+        return BarShown();
+    };
+    const auto show = [this](MessageMode mode) {
+        messages.ShowMessage(mode, u"text"_s);
+        return std::pair(BarShown(), ButtonShown());
+    };
     messages.SetProgress(true, 0, 0, 9);
     EXPECT_FALSE(Window()->isVisible());
-    messages.ShowMessage(MessageMode::Progress, u"running"_s);
-    EXPECT_TRUE(Window()->isVisible() && BarShown() && !ButtonShown());
-    messages.SetProgress(true, 0, 9, 9);
-    EXPECT_FALSE(BarShown());  // gone at the last step
-    messages.SetProgress(true, 0, 3, 9);
-    messages.ShowMessage(MessageMode::Message, u"failed"_s);
-    EXPECT_TRUE(ButtonShown() && !BarShown());
-    messages.ShowMessage(MessageMode::Progress, u"next phase"_s);
-    EXPECT_FALSE(ButtonShown() || BarShown());  // not back until the next step
-    messages.SetProgress(true, 0, 4, 9);
-    EXPECT_TRUE(BarShown());
-    messages.ShowMessage(MessageMode::Message, u"failed again"_s);
-    messages.SetProgress(true, 0, 0, 9);  // an operation prepares its bar before its text
-    EXPECT_FALSE(BarShown());
-    messages.ShowMessage(MessageMode::Progress, u"verifying"_s);
-    EXPECT_TRUE(BarShown());
+    EXPECT_EQ(show(MessageMode::Progress), std::pair(true, false));
+    EXPECT_FALSE(bar(9, 9));  // gone at the last step
+    EXPECT_TRUE(bar(3, 9));
+    EXPECT_EQ(show(MessageMode::Message), std::pair(false, true));
+    EXPECT_EQ(show(MessageMode::Progress), std::pair(false, false));  // until the next step
+    EXPECT_TRUE(bar(4, 9));
+    show(MessageMode::Message);
+    EXPECT_FALSE(bar(0, 9));  // an operation prepares its bar before its text
+    EXPECT_EQ(show(MessageMode::Progress), std::pair(true, false));
     messages.SetProgress(false, 0, 0, 0);
     EXPECT_FALSE(BarShown());
-    messages.SetProgress(true, 0, 0, 0);  // a phase of one step
-    EXPECT_FALSE(BarShown());
-    messages.SetProgress(true, 0, 5, 0);
-    EXPECT_TRUE(BarShown());
+    EXPECT_FALSE(bar(0, 0));  // a phase of one step
+    EXPECT_TRUE(bar(5, 0));
     EXPECT_EQ(placements, 1);
 }
 
@@ -71,11 +70,25 @@ TEST_F(MessageWindowTest, OnlyAMessageOrALeftOverCanBeClosed) {
     EXPECT_EQ(Window(), nullptr);
 }
 
+TEST_F(MessageWindowTest, TheProgressOfAMinimisedProgramWaitsForItsWindow) {
+    parent.showMinimized();
+    messages.ShowMessage(MessageMode::Progress, u"running"_s);
+    EXPECT_FALSE(Window()->isVisible());
+    parent.showNormal();
+    EXPECT_TRUE(Window()->isVisible());
+    messages.CloseMessage();
+    parent.showMinimized();
+    messages.ShowMessage(MessageMode::Progress, u"running"_s);
+    messages.ShowMessage(MessageMode::Message, u"result"_s);
+    EXPECT_TRUE(Window()->isVisible());
+    EXPECT_EQ(Window()->focusWidget()->objectName(), u"Cmd_okm"_s);
+}
+
 TEST_F(MessageWindowTest, TheLongestMessageIsWhole) {
     for (const QString& text :
          {u"デバイス選択と、ソケット上のデバイスが一致しません。\r\n購入直後のデバイスを使用する場"
-          u"合"
-          "は、チップイレース(<消 Erase>ボタン)を実行してください。"_s,
+          u"合は、"
+          "チップイレース(<消 Erase>ボタン)を実行してください。"_s,
           u"ライタと通信ができませんでした。\r\nPCとライタの接続を確認後、メニューバーの\r\n"
           "[通信チェック] [COMポート選択]を実行して下さい。\r\n"_s}) {
         messages.ShowMessage(MessageMode::Message, text);
@@ -83,6 +96,10 @@ TEST_F(MessageWindowTest, TheLongestMessageIsWhole) {
         EXPECT_EQ(Window()->size(), QSize(383, 120));
         EXPECT_TRUE(label->toolTip().isEmpty());  // it would hold a text that had to be cut
         EXPECT_FALSE(label->WholeText().endsWith(u'\n'));
+        for (const QString& spoken : {Window()->accessibleName(), Window()->accessibleDescription(),
+                                      label->accessibleName()}) {
+            EXPECT_EQ(spoken, label->WholeText());  // heard as it is read
+        }
     }
 }
 

@@ -11,6 +11,7 @@ namespace {
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 using testing::TestBench;
+using Centiseconds = std::chrono::duration<int, std::centi>;
 
 /// A bench whose port is open and whose chip is in programming mode.
 struct OpenBench : TestBench {
@@ -27,64 +28,50 @@ struct OpenBench : TestBench {
     std::array<std::uint8_t, 3> signature{};
 };
 
-/// A command, what it puts on the wire in which writes, and its texts.
+/// A command, its writes, and its texts.
 struct CommandCase {
     char letter;
+    std::chrono::seconds timeOut;
     void (*run)(OpenBench&);
     QList<QByteArray> writes;
-    const char16_t* noReply;
-    const char16_t* wrongReply;  ///< null: no reply is wrong
-    std::chrono::seconds timeOut;
+    QString noReply;     ///< behind "ｺﾐﾆｭｹｰｼｮﾝ失敗 : "
+    QString wrongReply;  ///< empty: no reply is wrong; "=": the same text as without a reply
 };
 
 // clang-format off
 const CommandCase kCases[] = {
-    {'S', [](OpenBench& b) { b.writer.ReadSoftwareId(b.text, b.flag); }, {"S"},
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Software ID Read S", nullptr, 2s},
-    {'V', [](OpenBench& b) { b.writer.ReadSoftwareVersion(b.text, b.flag); }, {"V"},
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Software Ver Read V", nullptr, 2s},
-    {'v', [](OpenBench& b) { b.writer.ReadHardwareVersion(b.text, b.flag); }, {"v"},
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Hardware Ver Read v", nullptr, 2s},
-    {'T', [](OpenBench& b) { b.writer.SelectDeviceCode(0x22, b.flag); }, {"T", QByteArray("\x22\0", 2)},
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Select device command T", u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : select device command T", 5s},
-    {'P', [](OpenBench& b) { b.writer.EnterProgrammingMode(b.flag); }, {"P"},
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Enter programming Mode P", u"返答ﾃﾞｰﾀﾐｽ : Enter programming Mode P ?", 5s},
-    {'L', [](OpenBench& b) { b.writer.LeaveProgrammingMode(b.flag); }, {"L"},
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Leave programming Mode L", u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Leave programming Mode L", 5s},
-    {'s', [](OpenBench& b) { b.writer.ReadSignature(b.signature, b.flag); }, {"s"},
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Read Signature bytes s", nullptr, 5s},
-    {'A', [](OpenBench& b) { b.writer.SetAddress(0x1234, b.flag); }, {"A", "\x12", "\x34"},
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Address Select A", u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Address Select A", 5s},
-    {'R', [](OpenBench& b) { b.writer.ReadProgramWord(b.high, b.low, b.flag); }, {"R"},
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Read Program Memory R", nullptr, 5s},
-    {'c', [](OpenBench& b) { b.writer.WriteProgramWord(0x94, 0x0C, b.flag); }, {"c", "\x0C"},
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Low byte Write Program Memory c",
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Low byte Write Data Memory c", 5s},
-    {'C', [](OpenBench& b) { b.writer.WriteProgramWord(0x94, 0x0C, b.flag); }, {"c", "\x0C", "C", "\x94"},
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Hi byte Write Program Memory C",
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Hi byte Write Data Memory C", 5s},
-    {'d', [](OpenBench& b) { b.writer.ReadDataByte(b.low, b.flag); }, {"d"},
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Read Data Memory d", nullptr, 5s},
-    {'D', [](OpenBench& b) { b.writer.WriteDataByte(0x5A, b.flag); }, {"D", "\x5A"},
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Write Data Memory D", u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Write Data Memory D", 5s},
-    {'e', [](OpenBench& b) { b.writer.ChipErase(b.flag); }, {"e"},
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Chip Erase e", u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Chip Erase e", 5s},
-    {'f', [](OpenBench& b) { b.writer.WriteFuseBits(0xBE, b.flag); }, {"f", "\xBE"},
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Write Fuse bit f", u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Write Fuse bit f", 5s},
-    {'l', [](OpenBench& b) { b.writer.WriteLockBits(0xFD, b.flag); }, {"l", "\xFD"},
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Write Lock bit l", u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Write Lock bit l", 5s},
-    {'F', [](OpenBench& b) { b.writer.ReadLockFuseBits(b.low, b.flag); }, {"F"},
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Read Lock & Fuse bit F", nullptr, 5s},
-    {'r', [](OpenBench& b) { b.writer.ReadFuseBits(b.low, b.flag); }, {"r"},
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Read Fuse bit r", nullptr, 5s},
-    {'x', [](OpenBench& b) { b.writer.LedOn(); }, {"x"},
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : LED on x", u"返答ﾃﾞｰﾀﾐｽ : LED on x ?", 1s},
-    {'y', [](OpenBench& b) { b.writer.LedOff(); }, {"y"},
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : LED off y", u"返答ﾃﾞｰﾀﾐｽ : LED off y ?", 1s},
+    {'S', 2s, [](OpenBench& b) { b.writer.ReadSoftwareId(b.text, b.flag); }, {"S"}, u"Software ID Read S"_s, u""_s},
+    {'V', 2s, [](OpenBench& b) { b.writer.ReadSoftwareVersion(b.text, b.flag); }, {"V"}, u"Software Ver Read V"_s, u""_s},
+    {'v', 2s, [](OpenBench& b) { b.writer.ReadHardwareVersion(b.text, b.flag); }, {"v"}, u"Hardware Ver Read v"_s, u""_s},
+    {'T', 5s, [](OpenBench& b) { b.writer.SelectDeviceCode(0x0D, b.flag); }, {"T", QByteArray("\x0D\0", 2)}, u"Select device command T"_s,
+     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : select device command T"_s},
+    {'P', 5s, [](OpenBench& b) { b.writer.EnterProgrammingMode(b.flag); }, {"P"}, u"Enter programming Mode P"_s,
+     u"返答ﾃﾞｰﾀﾐｽ : Enter programming Mode P ?"_s},
+    {'L', 5s, [](OpenBench& b) { b.writer.LeaveProgrammingMode(b.flag); }, {"L"}, u"Leave programming Mode L"_s, u"="_s},
+    {'s', 5s, [](OpenBench& b) { b.writer.ReadSignature(b.signature, b.flag); }, {"s"}, u"Read Signature bytes s"_s, u""_s},
+    {'A', 5s, [](OpenBench& b) { b.writer.SetAddress(0x1234, b.flag); }, {"A", "\x12", "\x34"}, u"Address Select A"_s, u"="_s},
+    {'R', 5s, [](OpenBench& b) { b.writer.ReadProgramWord(b.high, b.low, b.flag); }, {"R"}, u"Read Program Memory R"_s, u""_s},
+    {'c', 5s, [](OpenBench& b) { b.writer.WriteProgramWord(0x94, 0x0C, b.flag); }, {"c", "\x0C"}, u"Low byte Write Program Memory c"_s,
+     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Low byte Write Data Memory c"_s},
+    {'C', 5s, [](OpenBench& b) { b.writer.WriteProgramWord(0x94, 0x0C, b.flag); }, {"c", "\x0C", "C", "\x94"}, u"Hi byte Write Program Memory C"_s,
+     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Hi byte Write Data Memory C"_s},
+    {'d', 5s, [](OpenBench& b) { b.writer.ReadDataByte(b.low, b.flag); }, {"d"}, u"Read Data Memory d"_s, u""_s},
+    {'D', 5s, [](OpenBench& b) { b.writer.WriteDataByte(0x5A, b.flag); }, {"D", "\x5A"}, u"Write Data Memory D"_s, u"="_s},
+    {'e', 5s, [](OpenBench& b) { b.writer.ChipErase(b.flag); }, {"e"}, u"Chip Erase e"_s, u"="_s},
+    {'f', 5s, [](OpenBench& b) { b.writer.WriteFuseBits(0xBE, b.flag); }, {"f", "\xBE"}, u"Write Fuse bit f"_s, u"="_s},
+    {'l', 5s, [](OpenBench& b) { b.writer.WriteLockBits(0xFD, b.flag); }, {"l", "\xFD"}, u"Write Lock bit l"_s, u"="_s},
+    {'F', 5s, [](OpenBench& b) { b.writer.ReadLockFuseBits(b.low, b.flag); }, {"F"}, u"Read Lock & Fuse bit F"_s, u""_s},
+    {'r', 5s, [](OpenBench& b) { b.writer.ReadFuseBits(b.low, b.flag); }, {"r"}, u"Read Fuse bit r"_s, u""_s},
+    {'x', 1s, [](OpenBench& b) { b.writer.LedOn(); }, {"x"}, u"LED on x"_s,
+     u"返答ﾃﾞｰﾀﾐｽ : LED on x ?"_s},
+    {'y', 1s, [](OpenBench& b) { b.writer.LedOff(); }, {"y"}, u"LED off x"_s,
+     u"返答ﾃﾞｰﾀﾐｽ : LED off x ?"_s},
 };
 // clang-format on
 
-TEST(SerialCommands, PutTheirBytesOnTheWireAndPauseAfterTheSlowOnes) {
+const QString kNoReply = u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : "_s;
+
+TEST(SerialCommands, PutTheirBytesOnTheWireAndPauseAroundTheSlowOnes) {
     for (const CommandCase& c : kCases) {
         for (const std::int16_t before : {std::int16_t{0}, std::int16_t{1}}) {
             OpenBench b;
@@ -94,70 +81,96 @@ TEST(SerialCommands, PutTheirBytesOnTheWireAndPauseAfterTheSlowOnes) {
             ASSERT_GE(b.port.writes.size(), c.writes.size());
             EXPECT_EQ(b.port.writes.first(c.writes.size()), c.writes) << c.letter;
             EXPECT_EQ(b.flag.value, before) << c.letter << ": a success leaves the flag alone";
-            if (c.writes.size() == 1 || c.letter == 'f' || c.letter == 'l') {
-                EXPECT_EQ(b.clock.Now() - start >= 100ms, QByteArray("Lfl").contains(c.letter))
-                    << c.letter;
+            const auto pause = QByteArray("Lfl").contains(c.letter) ? 100ms : 0ms;
+            EXPECT_EQ(std::chrono::floor<Centiseconds>(b.clock.Now() - start), pause) << c.letter;
+            EXPECT_EQ(
+                b.person.calls.contains(u"status 1: ｺﾏﾝﾄﾞ送信 : Select device command T , 0xD"_s),
+                c.letter == 'T');
+        }
+    }
+}
+
+TEST(SerialCommands, AMissingOrWrongReplyIsToldWithTheCommandsOwnText) {
+    for (const CommandCase& c : kCases) {
+        for (const FaultKind fault : {FaultKind::Silent, FaultKind::Wrong}) {
+            OpenBench b;
+            b.board.SetLetterFault(c.letter, fault);
+            const auto start = b.clock.Now();
+            c.run(b);
+            const bool silent = fault == FaultKind::Silent;
+            const bool same = silent || c.wrongReply == u"=";
+            EXPECT_EQ(b.flag.Failed(), silent || !c.wrongReply.isEmpty()) << c.letter;
+            if (b.flag.Failed()) {
+                EXPECT_EQ(b.person.panels[1], same ? kNoReply + c.noReply : c.wrongReply);
+            }
+            // The pause before an argument comes on top, the one after 'L' only after a reply.
+            const auto wait = silent ? c.timeOut : std::chrono::seconds(0);
+            const auto pause = QByteArray(silent ? "fl" : "fLl").contains(c.letter) ? 100ms : 0ms;
+            EXPECT_EQ(std::chrono::floor<Centiseconds>(b.clock.Now() - start), wait + pause)
+                << c.letter;
+            EXPECT_TRUE(b.port.IsOpen()) << c.letter;
+            if (c.letter == 'c') {
+                EXPECT_EQ(b.Wire().last(), silent ? u"c 0C" : u"C 94") << "the other half";
             }
         }
     }
 }
 
-TEST(SerialCommands, NoReplyTimesOutWithTheCommandsOwnText) {
-    for (const CommandCase& c : kCases) {
+TEST(SerialCommands, AReplyAtTheDeadlineCountsALaterOneIsNobodys) {
+    for (const auto delay : {5000ms, 5001ms}) {
         OpenBench b;
-        b.board.SetLetterFault(c.letter, FaultKind::Silent);
-        const auto start = b.clock.Now();
-        c.run(b);
-        const auto waited = b.clock.Now() - start;
-        EXPECT_EQ(b.person.panels[1], QString::fromUtf16(c.noReply));
-        EXPECT_TRUE(b.flag.Failed()) << c.letter;
-        EXPECT_GE(waited, c.timeOut) << c.letter;
-        // The pause before an argument may come on top, a pause after the command may not.
-        EXPECT_LT(waited, c.timeOut + 150ms) << c.letter;
-        EXPECT_TRUE(b.port.IsOpen()) << c.letter;
+        b.writer.WriteDataByte(0x5A, b.flag);
+        b.port.DelayReplies(delay);
+        b.writer.ReadDataByte(b.low, b.flag);
+        EXPECT_EQ(b.flag.Failed(), delay > 5s);
+        EXPECT_EQ(b.low, delay > 5s ? 0x34 : 0x5A) << "a failure leaves the result as it was";
+        b.port.DelayReplies(0ms);
+        b.bench.connection.WaitSeconds(1);  // now it has come
+        b.flag.Clear();
+        EXPECT_TRUE(b.writer.ReadProgramWord(b.high, b.low, b.flag));
+        EXPECT_EQ(b.high, 0xFF);
     }
 }
 
-TEST(SerialCommands, AWrongReplyIsJudgedWhereACarriageReturnIsDue) {
-    for (const CommandCase& c : kCases) {
-        OpenBench b;
-        b.board.SetLetterFault(c.letter, FaultKind::Wrong);
-        b.person.panels.clear();
-        c.run(b);
-        EXPECT_EQ(b.flag.Failed(), c.wrongReply != nullptr) << c.letter;
-        if (c.wrongReply != nullptr) {
-            EXPECT_EQ(b.person.panels[1], QString::fromUtf16(c.wrongReply));
-        }
-    }
-}
-
-TEST(SerialCommands, ALongReplyCountsByItsFirstBytesAShortOneLeavesTheResultAsItWas) {
+TEST(SerialCommands, ALongReplyCountsByItsFirstBytesAShortOneNotAtAll) {
     OpenBench b;
-    for (const char letter : {'R', 'd', 'V'}) {
-        b.board.SetLetterFault(letter, FaultKind::Short, 1);
-    }
-    EXPECT_FALSE(b.writer.ReadProgramWord(b.high, b.low, b.flag));
-    b.writer.ReadDataByte(b.low, b.flag);
-    b.writer.ReadSoftwareVersion(b.text, b.flag);
-    EXPECT_EQ(b.high, 0x12);
-    EXPECT_EQ(b.low, 0x34);
-    EXPECT_EQ(b.text, u"as it was"_s);
-    EXPECT_TRUE(b.writer.SoftwareVersion().isEmpty());
-
-    b.flag.Clear();
+    b.board.SetLetterFault('V', FaultKind::Short, 1);
     b.board.SetLetterFault('V', FaultKind::Long, 2);
     b.writer.ReadSoftwareVersion(b.text, b.flag);
+    EXPECT_TRUE(b.flag.Failed() && b.writer.SoftwareVersion().isEmpty());
+    EXPECT_EQ(b.text, u"as it was"_s);
+    b.writer.ReadSoftwareVersion(b.text, b.flag);
     EXPECT_EQ(b.text, u"3.9"_s);
-    EXPECT_FALSE(b.flag.Failed());
+    EXPECT_EQ(b.writer.SoftwareVersion(), u"3.9"_s);
+
+    // Byte by byte, as over a real line.
+    testing::SimulatedPort port(b.board, b.clock);
+    SerialConnection connection(port, b.clock);
+    connection.ConfigurePort(7);
+    ASSERT_TRUE(connection.OpenPort() && connection.PortNumber() == 7);
+    EXPECT_TRUE(connection.Exchange({.letter = 'S', .need = 7, .timeOut = 1s}));
+    EXPECT_EQ(connection.RxBuffer(), "AVR ISP");
+    const int yields = b.clock.Yields();
+    EXPECT_TRUE(connection.Exchange({.letter = 'S', .need = 0, .timeOut = 1s}));
+    connection.WaitSeconds(0);
+    EXPECT_EQ(b.clock.Yields(), yields) << "nothing to wait for costs no yield";
 }
 
-TEST(SerialCommands, ALowByteWithoutReplyKeepsTheHighByteBackAWrongReplyDoesNot) {
-    for (const FaultKind fault : {FaultKind::Silent, FaultKind::Wrong}) {
-        OpenBench b;
-        b.board.SetLetterFault('c', fault);
-        b.writer.WriteProgramWord(0x94, 0x0C, b.flag);
-        EXPECT_EQ(b.Wire().join(u", "), fault == FaultKind::Silent ? u"c 0C" : u"c 0C, C 94");
-    }
+TEST(SerialCommands, ABrokenPortAndTheShutdownEndEveryWaitAtOnce) {
+    OpenBench b;
+    b.board.SetLetterFault('d', FaultKind::HangUp);
+    b.writer.ReadDataByte(b.low, b.flag);
+    b.writer.ReadDataByte(b.low, b.flag);
+    EXPECT_TRUE(b.flag.Failed() && !b.port.IsOpen());
+    EXPECT_EQ(b.person.panels[1], kNoReply + u"Read Data Memory d"_s);
+    b.port.Open();
+    b.port.DelayReplies(9s);
+    b.clock.At(b.clock.Now() + 80ms, [&b] { b.clock.End(); });
+    b.writer.EnterProgrammingMode(b.flag);
+    b.bench.connection.WaitSeconds(1);
+    EXPECT_LE(b.clock.Now(), 300ms);
+    b.port.Close();
+    EXPECT_FALSE(b.bench.connection.OpenPort());
 }
 
 }  // namespace

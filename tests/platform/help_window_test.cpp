@@ -4,9 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAccessible>
+#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScreen>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTreeWidget>
@@ -84,14 +88,39 @@ TEST_F(HelpWindowTest, SearchGoesOnFromMatchToMatchAndStartsAgain) {
     EXPECT_EQ(SearchFor(u"pins"_s), QString());
 }
 
-TEST_F(HelpWindowTest, AFileThatCannotBeReadIsReportedOnThePage) {
-    for (const QString& path : {folder.filePath(u"gone.hlp"_s), folder.path()}) {
-        window.Load(path);
-        EXPECT_EQ(page.toPlainText(), u"ヘルプファイルを開くことができません。\n"_s + path);
+TEST_F(HelpWindowTest, OpensAgainAtTheBeginningAndReadsWhatHasChanged) {
+    const QString file = folder.filePath(u"help"_s);
+    Q_EMIT contents.itemActivated(contents.topLevelItem(0)->child(1), 0);
+    EXPECT_EQ(TopLine(), u"ライタ"_s);
+    const int revision = page.document()->revision();
+    window.Load(file);
+    EXPECT_EQ(page.document()->revision(), revision);  // not read again: that takes its time
+    EXPECT_EQ(TopLine(), u"Tolvex の使い方"_s);
+    EXPECT_FALSE(window.findChild<QAbstractButton*>(u"cmdBack"_s)->isEnabled());
+    testing::PutFile(file, "# new\n");
+    QFile changed(file);
+    EXPECT_TRUE(changed.open(QIODevice::ReadWrite) &&
+                changed.setFileTime(QDateTime::currentDateTime().addSecs(9),
+                                    QFileDevice::FileModificationTime));
+    window.Load(file);
+    EXPECT_EQ(page.toPlainText(), u"new"_s);
+    EXPECT_EQ(contents.topLevelItemCount(), 1);
+    for (int i = 0; i < 2; ++i) {
+        window.Load(folder.filePath(u"gone.hlp"_s));
+        EXPECT_EQ(page.toPlainText(),
+                  u"ヘルプファイルを開くことができません。\n"_s + folder.filePath(u"gone.hlp"_s));
         EXPECT_EQ(contents.topLevelItemCount(), 0);
-        SearchFor(u"needle"_s);
-        Press(u"cmdHome"_s);
     }
+    window.Load(file);
+    EXPECT_EQ(page.toPlainText(), u"new"_s);
+    EXPECT_LE(window.width(), QGuiApplication::primaryScreen()->availableSize().width() - 24);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&window)->role(), QAccessible::Window);
+    window.activateWindow();
+    QApplication::processEvents();
+    QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(window.focusWidget()->objectName(), u"txtSearch"_s);
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_FALSE(window.isVisible());
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -20,62 +21,48 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-TEST(ComPorts, NumbersWithoutALinkMeanTheSystemsDevices) {
-    const std::pair<int, QString> cases[] = {
-        // clang-format off
-        {-1, u""_s}, {0, u""_s}, {1, u"/dev/ttyS0"_s}, {4, u"/dev/ttyS3"_s}, {5, u"/dev/ttyUSB0"_s},
-        {12, u"/dev/ttyUSB7"_s}, {13, u"/dev/ttyACM0"_s}, {20, u"/dev/ttyACM7"_s}, {21, u""_s},
-        // clang-format on
-    };
-    QTemporaryDir config;
+TEST(ComPorts, NumbersMeanTheSystemsDevicesUnlessALinkLeadsElsewhere) {
+    const std::pair<int, QString> cases[] = {{0, u""_s},
+                                             {1, u"/dev/ttyS0"_s},
+                                             {4, u"/dev/ttyS3"_s},
+                                             {5, u"/dev/ttyUSB0"_s},
+                                             {12, u"/dev/ttyUSB7"_s},
+                                             {13, u"/dev/ttyACM0"_s},
+                                             {20, u"/dev/ttyACM7"_s},
+                                             {21, u""_s}};
     for (const auto& [number, path] : cases) {
-        EXPECT_EQ(ComPorts(config.path()).DevicePath(number), path) << number;
         EXPECT_EQ(ComPorts(u"/missing/folder/"_s).DevicePath(number), path) << number;
     }
-}
-
-TEST(ComPorts, ALinkWinsEvenWhenItLeadsNowhere) {
-    for (const auto& [target, present] :
-         {std::pair{u"/dev/null"_s, true}, {u"/dev/none"_s, false}, {u"../gone"_s, false}}) {
-        QTemporaryDir config;
-        ASSERT_TRUE(QDir(config.path()).mkdir(u"ports"_s));
-        const QString link = config.filePath(u"ports/com3"_s);
-        ASSERT_TRUE(QFile::link(target, link));
-        const QList<ComPort> all = ComPorts(config.path() + u'/').All();
-        ASSERT_EQ(all.size(), kComPortCount);
-        EXPECT_EQ(all[1].devicePath, u"/dev/ttyS1"_s);
-        EXPECT_EQ(all[2].number, 3);
-        EXPECT_EQ(all[2].devicePath, link);
-        EXPECT_EQ(all[2].present, present) << target.toStdString();
+    QTemporaryDir config;
+    ASSERT_TRUE(QDir(config.path()).mkdir(u"ports"_s));
+    const QString link = config.filePath(u"ports/com"_s);
+    ASSERT_TRUE(QFile::link(u"/dev/null"_s, link + u'3'));
+    ASSERT_TRUE(QFile::link(u"../gone"_s, link + u'4'));
+    ComPorts ports(config.path() + u'/');
+    const QList<ComPort> all = ports.All();
+    ASSERT_EQ(all.size(), kComPortCount);
+    EXPECT_EQ(all[1].devicePath, u"/dev/ttyS1"_s);
+    for (const int index : {2, 3}) {
+        EXPECT_EQ(all[index].number, index + 1);
+        EXPECT_EQ(all[index].devicePath, link + QString::number(index + 1));
+        EXPECT_EQ(all[index].present, index == 2) << "the other leads nowhere";
     }
+    ports.Assign(3, u"/dev/mine"_s);
+    EXPECT_EQ(ports.DevicePath(3), u"/dev/mine"_s);
 }
 
-TEST(ProgramFolder, TakesTheListingsOrTheUsersFolderDoes) {
+TEST(ProgramFolder, IsEnteredAndComesFirstForTheListings) {
     const QString before = QDir::currentPath();
-    QTemporaryDir folder;
-    const QString program = folder.path(), user = folder.filePath(u"deep/user"_s);
-    // Nobody can create files in /proc, whatever its permission bits say to root.
-    const struct {
-        QString program, user, listings;
-        bool isCurrent, canWrite;
-    } cases[] = {
-        {u"/proc/gone"_s, u"/proc/neither"_s, u"/proc/neither/"_s, false, false},
-        {program, user, program + u'/', true, true},
-        {program + u'/', user, program + u'/', true, true},
-        {u"/proc"_s, user, user + u'/', true, true},
-    };
-    for (const auto& c : cases) {
-        const ProgramFolder found = EnterProgramFolder(c.program, c.user);
-        EXPECT_EQ(found.appDir.listings, QStringList(c.listings));
-        EXPECT_TRUE(found.appDir.program.endsWith(u'/') && !found.appDir.program.endsWith(u"//"_s));
-        EXPECT_EQ(found.isCurrent, c.isCurrent);
-        EXPECT_EQ(found.canWriteListings, c.canWrite);
-        EXPECT_EQ(QDir::currentPath(), c.isCurrent ? QDir(c.program).canonicalPath() : before);
+    const QTemporaryDir folder;
+    const QString user = folder.filePath(u"user"_s);
+    for (const QString& program : {u"/proc/gone"_s, folder.path(), folder.path() + u'/'}) {
+        const AppDir found = EnterProgramFolder(program, user);
+        const bool there = QDir(program).exists();
+        EXPECT_EQ(found.program, there ? folder.path() + u'/' : u"/proc/gone/"_s);
+        EXPECT_EQ(found.listings, (QStringList{found.program, user + u'/'}));
+        EXPECT_EQ(QDir::currentPath(), there ? QDir(program).canonicalPath() : before);
     }
-    EXPECT_EQ(QDir(program).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-              QStringList(u"deep"_s))
-        << "the trial left something behind";
-    EXPECT_TRUE(QDir(user).exists());
+    EXPECT_FALSE(QDir(user).exists()) << "made when it is needed";
     QDir::setCurrent(before);
 }
 
@@ -104,64 +91,52 @@ TEST(SingleInstance, IsFirstUnlessAnotherRuns) {
     }
 }
 
-struct SettingsFileTest : ::testing::Test {
-    QTemporaryDir folder;
-    QString path = folder.filePath(u"new/Tolvex.conf"_s);
-};
-
-TEST_F(SettingsFileTest, EveryTextComesBackExactly) {
-    const QString texts[] = {
-        // clang-format off
-        u""_s, u"-7.5"_s, u"a, b ,c"_s, u" blanks "_s, u"C:\\temp\\new"_s, u"@home"_s, u"@Invalid()"_s, u","_s,
-        u"say \"ja\"; #1 = %41"_s, u"/家/ﾌｫﾙﾀﾞ"_s, u"line\nbreak\ttab"_s, u"true"_s, u"[Settings]"_s,
-        // clang-format on
-    };
-    for (const QString& text : texts) {
-        SettingsFile(path).SaveSetting(u"OPEN_DIR"_s, text);
-        // Moved aside, so that it is read from the disk and not from what the writer knew.
-        const QString copy = folder.filePath(u"copy.conf"_s);
-        QFile::remove(copy);
-        ASSERT_TRUE(QFile::copy(path, copy));
-        EXPECT_EQ(SettingsFile(copy).GetSetting(u"OPEN_DIR"_s, u"standard"_s), text)
-            << text.toStdString();
-    }
-}
-
-TEST_F(SettingsFileTest, DamageReadsAsDefaultsAndSavingKeepsTheOtherKeys) {
+TEST(SettingsFile, EveryTextComesBackExactlyAndDamageReadsAsTheDefault) {
     const std::pair<QByteArray, QString> cases[] = {
         // clang-format off
-        {"[Settings]\ndevice=/home/a,b\nComNox=3\n", u"/home/a,b"_s},  // comma without quotes
-        {"[Settings]\ndevice\nComNox=3\n", u"0"_s},
-        {"[Settings]\n\x01\xff\x80rubbish\nComNox=3\ndevice=5\n", u"5"_s},
-        {"[Settings]\nComNox=3\n[brok\n", u"0"_s},
-        {"[Settings]\ndevice=@Variant(\\0\\0\\0\\xff)\nComNox=3\n", u"0"_s},
-        {"[Settings]\ndevice=@Invalid()\nComNox=3\n", u"0"_s},
-        {"[Other]\ndevice=4\n[Settings]\nComNox=3\n", u"0"_s},
-        {"[Settings]\r\ndevice=5\r\nComNox=3\r\n", u"5"_s},
+        {"device=5\r\nComNox=3\r\n", u"5"_s}, {"device=/home/a,b\nComNox=3\n", u"/home/a,b"_s},
+        {"\x01\xff\x80rubbish\nComNox=3\ndevice=5\n", u"5"_s}, {"ComNox=3\n[brok\n", u"0"_s},
+        {"device\nComNox=3\n", u"0"_s}, {"device=@Variant(\\0\\0\\0\\xff)\nComNox=3\n", u"0"_s},
+        {"ComNox=3\n[Other]\ndevice=4\n", u"0"_s},
         // clang-format on
     };
+    QTemporaryDir folder;
+    const QString path = folder.filePath(u"Tolvex.conf"_s);
     for (const auto& [content, read] : cases) {
-        QDir(folder.path()).mkpath(u"new"_s);
-        testing::PutFile(path, content);
-        SettingsFile settings(path);
-        EXPECT_EQ(settings.GetSetting(u"device"_s, u"0"_s), read) << content.constData();
-        settings.SaveSetting(u"MainTop"_s, u"42"_s);
-        const QByteArray saved = testing::Bytes(path);
-        EXPECT_TRUE(saved.contains("ComNox=3") && saved.contains("MainTop=42"))
-            << content.constData() << '\n'
-            << saved.constData();
-        EXPECT_EQ(settings.GetSetting(u"device"_s, u"0"_s), read) << content.constData();
+        testing::PutFile(path, "[Settings]\n" + content);
+        {
+            SettingsFile settings(path);
+            EXPECT_EQ(settings.GetSetting(u"device"_s, u"0"_s), read) << content.constData();
+            settings.SaveSetting(u"OPEN_DIR"_s, u"/家/ﾌｫﾙﾀﾞ, say \"ja\"; #1 = %41"_s);
+        }
+        const QString copy = folder.filePath(u"copy.conf"_s);  // nothing is remembered of it
+        QFile::remove(copy);
+        ASSERT_TRUE(QFile::copy(path, copy));
+        const SettingsFile saved(copy);
+        EXPECT_EQ(saved.GetSetting(u"ComNox"_s, u"1"_s), u"3"_s) << content.constData();
+        EXPECT_EQ(saved.GetSetting(u"device"_s, u"0"_s), read) << content.constData();
+        EXPECT_EQ(saved.GetSetting(u"OPEN_DIR"_s, u""_s), u"/家/ﾌｫﾙﾀﾞ, say \"ja\"; #1 = %41"_s);
     }
 }
 
-TEST_F(SettingsFileTest, ASaveIsOnTheDiskBeforeItReturnsAndHoldsForThisRunWhereItCant) {
+TEST(SettingsFile, AStepsSavesAreOneWriteWhenItIsDoneAndHoldForThisRunWhereTheyCant) {
+    QTemporaryDir folder;
+    const QByteArray before = qgetenv("XDG_CONFIG_HOME");
+    qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
+    const QString path = folder.filePath(u"Tolvex/Tolvex.conf"_s);
+    ASSERT_EQ(SettingsPath(), path);
     SettingsFile settings(path);
     settings.SaveSetting(u"ComNox"_s, u"3"_s);
     settings.SaveSetting(u"device"_s, u"7"_s);
+    EXPECT_FALSE(QFileInfo::exists(path)) << "the step still runs";
+    EXPECT_EQ(settings.GetSetting(u"device"_s, u"0"_s), u"7"_s);
+    QCoreApplication::processEvents();
     EXPECT_EQ(testing::Bytes(path), "[Settings]\nComNox=3\ndevice=7\n");
     SettingsFile lost(u"/proc/no-such-folder/Tolvex.conf"_s);
     lost.SaveSetting(u"ComNox"_s, u"3"_s);
+    QCoreApplication::processEvents();
     EXPECT_EQ(lost.GetSetting(u"ComNox"_s, u"1"_s), u"3"_s);
+    before.isNull() ? qunsetenv("XDG_CONFIG_HOME") : qputenv("XDG_CONFIG_HOME", before);
 }
 
 }  // namespace

@@ -3,16 +3,53 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <stdlib.h>
-#include <termios.h>
+#include <linux/serial.h>
+#include <poll.h>
+#include <pty.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
+#include <cstdarg>
 #include <thread>
 
 #include "platform/event_loop_clock.h"
+#include "tests/support/real_files.h"
+
+namespace {
+
+/// What a serial driver knows and a pseudo-terminal lacks.
+struct Driver {
+    bool rts = false;
+    int flags = 0;
+} driver;
+
+}  // namespace
+
+/// Stands before the C library's and plays the driver.
+extern "C" int ioctl(int descriptor, unsigned long request, ...) noexcept {
+    va_list list;
+    va_start(list, request);
+    void* argument = va_arg(list, void*);
+    va_end(list);
+    int* const flags = request == TIOCGSERIAL || request == TIOCSSERIAL
+                           ? &static_cast<serial_struct*>(argument)->flags
+                           : nullptr;
+    if (request == TIOCGSERIAL) {
+        *flags = driver.flags;
+    } else if (request == TIOCSSERIAL) {
+        driver.flags = *flags;
+    } else if (request == TIOCMBIS || request == TIOCMBIC) {
+        driver.rts = (*static_cast<int*>(argument) & TIOCM_RTS) ? request == TIOCMBIS : driver.rts;
+    } else {
+        return static_cast<int>(::syscall(SYS_ioctl, descriptor, request, argument));
+    }
+    return 0;
+}
 
 namespace tolvex {
 namespace {
@@ -23,11 +60,18 @@ using namespace Qt::StringLiterals;
 /// Port COM3 leads to the far end `line`, a pseudo-terminal; COM4 leads nowhere.
 struct QtSerialPortTest : ::testing::Test {
     void SetUp() override {
-        ASSERT_TRUE(::grantpt(line) == 0 && ::unlockpt(line) == 0);
         ASSERT_TRUE(QDir(config.path()).mkdir(u"ports"_s));
-        const QString terminal = QString::fromLocal8Bit(::ptsname(line));
-        ASSERT_TRUE(QFile::link(terminal, config.filePath(u"ports/com3"_s)));
         ASSERT_TRUE(QFile::link(u"gone"_s, config.filePath(u"ports/com4"_s)));
+        PlugIn();
+    }
+    void PlugIn() {
+        int near = -1;
+        ASSERT_EQ(::openpty(&line, &near, nullptr, nullptr, nullptr), 0);
+        QFile::remove(com3);
+        ASSERT_TRUE(QFile::link(QString::fromLocal8Bit(::ttyname(near)), com3));
+        ::fchmod(near, 0666);
+        ::close(near);
+        driver = {};
         port.Configure({.number = 3});
         ASSERT_TRUE(port.Open());
     }
@@ -46,7 +90,8 @@ struct QtSerialPortTest : ::testing::Test {
     }
 
     QTemporaryDir config;
-    int line = ::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+    QString com3 = config.filePath(u"ports/com3"_s);
+    int line = -1;
     ComPorts ports{config.path()};
     EventLoopClock clock;
     QtSerialPort port{ports};
@@ -54,7 +99,7 @@ struct QtSerialPortTest : ::testing::Test {
 };
 
 TEST_F(QtSerialPortTest, EveryByteValuePassesBothWaysUnchanged) {
-    QByteArray all;
+    QByteArray all, received(300, 0);
     for (int value = 0; value < 256; ++value) {
         all.append(static_cast<char>(value));
     }
@@ -63,43 +108,102 @@ TEST_F(QtSerialPortTest, EveryByteValuePassesBothWaysUnchanged) {
     EXPECT_EQ(::cfgetospeed(&mode), static_cast<speed_t>(B19200));
     EXPECT_EQ(mode.c_cflag & (CSIZE | PARENB | CSTOPB | CRTSCTS), static_cast<tcflag_t>(CS8));
     ASSERT_TRUE(port.Write(all));
-    QByteArray received(300, 0);
     received.resize(::read(line, received.data(), 300));  // before any yield
     EXPECT_EQ(received, all);
-    Send(all);
-    ASSERT_TRUE(WaitForInput(256));
-    EXPECT_EQ(port.ReadAll(), all);
-
-    Send("late");
-    ASSERT_TRUE(WaitForInput(4));
-    Send("later");  // still in the system's hands
-    port.DiscardInput();
-    std::thread writer([this] {
+    std::thread writer([this, &all] {
         std::this_thread::sleep_for(5ms);  // the far end takes its time
-        Send("\r");
+        Send(all);
     });
     const EventClock::Instant begin = clock.Now();
-    EXPECT_TRUE(WaitForInput(1));
+    EXPECT_TRUE(WaitForInput(256));
+    writer.join();
+    EXPECT_EQ(port.ReadAll(), all);
     EXPECT_LT(clock.Now() - begin, 500ms) << "bytes end a rest before its deadline";
     EXPECT_LT(passes, 20);
-    writer.join();
+}
+
+TEST_F(QtSerialPortTest, SetsRtsAndBorrowsTheLowLatencyMode) {
+    EXPECT_TRUE(driver.rts);
+    EXPECT_EQ(driver.flags, int(ASYNC_LOW_LATENCY));
+    driver.flags |= ASYNC_SKIP_TEST;
+    port.Close();
+    EXPECT_EQ(driver.flags, int(ASYNC_SKIP_TEST)) << "put back";
+    driver.flags = ASYNC_LOW_LATENCY;  // by the person's own choice
+    ASSERT_TRUE(port.Open());
+    port.Close();
+    EXPECT_EQ(driver.flags, int(ASYNC_LOW_LATENCY));
+}
+
+TEST_F(QtSerialPortTest, KeepsDtrUpAndGivesABoardThatTheFirstOpeningResetTimeToStart) {
+    port.Close();
+    termios mode{};
+    ::tcgetattr(line, &mode);
+    mode.c_cflag |= HUPCL;  // as after plugging in
+    ::tcsetattr(line, TCSANOW, &mode);
+    pollfd board{line, POLLIN, 0};
+    ASSERT_TRUE(port.Open());
+    const EventClock::Instant reset = clock.Now();
+    for (const auto& [earliest, latest] : {std::pair(1700ms, 1950ms), std::pair(0ms, 50ms)}) {
+        port.Close();
+        ::tcgetattr(line, &mode);
+        EXPECT_EQ(mode.c_cflag & HUPCL, 0u);
+        ASSERT_TRUE(port.Open());
+        const EventClock::Instant since = earliest == 0ms ? clock.Now() : reset;
+        ASSERT_TRUE(port.Write("S"));
+        while (::poll(&board, 1, 0) == 0 && clock.Now() < since + 3s) {
+            clock.Yield(clock.Now() + 5ms);
+        }
+        EXPECT_GE(clock.Now() - since, earliest);
+        EXPECT_LE(clock.Now() - since, latest) << "the reply is awaited for two seconds";
+        char byte = 0;
+        EXPECT_TRUE(::read(line, &byte, 1) == 1 && byte == 'S');
+    }
+}
+
+TEST_F(QtSerialPortTest, AFloodIsBoundedAndTheNextReplyStillComes) {
+    for (int count = 0; count < 20; ++count) {
+        Send(QByteArray(1000, 'x'));
+        clock.Yield(clock.Now() + 10ms);
+    }
+    EXPECT_EQ(port.InputCount(), 4096);
+    Send("still in the system's hands");
+    port.DiscardInput();
+    ASSERT_TRUE(port.Write("P"));
+    Send("\r");
+    ASSERT_TRUE(WaitForInput(1));
     EXPECT_EQ(port.ReadAll(), "\r");
 }
 
-TEST_F(QtSerialPortTest, HangUpClosesThePortInOneYieldAndTheLoopRestsAgain) {
-    ::close(std::exchange(line, -1));
-    clock.Yield(clock.Now() + 1s);
-    EXPECT_FALSE(port.IsOpen());
-    EXPECT_FALSE(port.Write("S"));
-    EXPECT_TRUE(port.LastError().contains(u"ports/com3"_s)) << port.LastError().toStdString();
-    EXPECT_FALSE(WaitForInput(1));
-    EXPECT_LT(passes, 20);
+TEST_F(QtSerialPortTest, AHangUpClosesThePortAtOnceAndTheLoopRestsAgain) {
+    for (const bool byWrite : {false, true}) {
+        ::close(std::exchange(line, -1));
+        byWrite ? void(port.Write("S")) : clock.Yield(clock.Now() + 1s);
+        EXPECT_FALSE(port.IsOpen());
+        EXPECT_FALSE(port.Write("S"));
+        EXPECT_TRUE(port.LastError().contains(u"ports/com3"_s)) << port.LastError().toStdString();
+        EXPECT_FALSE(WaitForInput(1));
+        EXPECT_LT(passes, 20);
+        PlugIn();
+    }
 }
 
-TEST_F(QtSerialPortTest, AWriteNoticesAHangUpWithoutAYield) {
-    ::close(std::exchange(line, -1));
-    EXPECT_FALSE(port.Write("S"));
-    EXPECT_FALSE(port.IsOpen());
+TEST_F(QtSerialPortTest, ALockFileThatAKilledRunOfRootLeftIsNoHindrance) {
+    port.Close();
+    const pid_t ended = ::fork();
+    if (ended == 0) {
+        ::_exit(0);
+    }
+    ::waitpid(ended, nullptr, 0);
+    const QString lock = u"/var/lock/LCK.."_s + QString(com3).replace(u'/', u'_');
+    testing::PutFile(lock,
+                     u"%1\ntolvex\n%2\n"_s.arg(ended).arg(QSysInfo::machineHostName()).toUtf8());
+    testing::OpenToAll(config.path());
+    {
+        const testing::OrdinaryUser user;
+        EXPECT_TRUE(port.Open()) << port.LastError().toStdString();
+        port.Close();
+    }
+    QFile::remove(lock);
 }
 
 TEST_F(QtSerialPortTest, APortThatCannotBeOpenedStaysClosed) {

@@ -7,10 +7,13 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
 
 #include "tests/support/real_files.h"
+#include "widgets/modal.h"
 
 namespace tolvex {
 namespace {
@@ -78,6 +81,39 @@ TEST(WindowDialogs, FileDialogsShowTheRequestAndReturnWholeNames) {
             c.save ? dialogs.AskSaveFile(request) : dialogs.AskOpenFile(request);
         EXPECT_EQ(answer.path, folder.filePath(c.bareName)) << c.what;
         EXPECT_EQ(answer.bareName, c.bareName) << c.what;
+    }
+}
+
+TEST(WindowDialogs, BoxesBlockTheirOwnerAloneAndStandAboveWhatStaysOnTop) {
+    QWidget owner;
+    QWidget onTop(&owner, Qt::Window | Qt::WindowStaysOnTopHint);
+    owner.show();
+    WindowDialogs dialogs([&owner] { return &owner; });
+    const std::tuple<BoxIcon, QMessageBox::Icon, const char*> cases[] = {
+        {BoxIcon::None, QMessageBox::NoIcon, "Command_ok"},
+        {BoxIcon::Stop, QMessageBox::Critical, "Command_ok"},
+        {BoxIcon::Information, QMessageBox::Information, "Command_ok"},
+        {BoxIcon::Information, QMessageBox::Information, "Command_cancel"}};
+    for (const auto& [icon, shown, button] : cases) {
+        onTop.setVisible(icon != BoxIcon::None);
+        QTimer::singleShot(0, qApp, [&, wanted = shown, name = QString::fromUtf8(button)] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            EXPECT_EQ(box->icon(), wanted);
+            EXPECT_EQ(box->text(), u"a <b> c"_s);
+            EXPECT_EQ(box->textFormat(), Qt::PlainText);
+            EXPECT_EQ(box->parentWidget(), &owner);
+            EXPECT_EQ(box->windowModality(), Qt::WindowModal);  // the help can be used
+            EXPECT_EQ(box->windowFlags().testFlag(Qt::WindowStaysOnTopHint), onTop.isVisible());
+            EXPECT_EQ(ModalOwner(&owner), box);  // a further question blocks this one
+            box->findChild<QPushButton*>(name)->click();
+        });
+        if (icon == BoxIcon::Information) {
+            EXPECT_EQ(dialogs.AskOkCancel(u"title"_s, u"a <b> c"_s),
+                      QByteArray(button) == "Command_ok");
+        } else {
+            dialogs.ShowBox(icon, u"title"_s, u"a <b> c"_s);
+        }
     }
 }
 

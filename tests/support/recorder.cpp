@@ -8,18 +8,6 @@ namespace tolvex::testing {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QString Name(OptionList list) {
-    const QMap<OptionList, QString> names = {
-        {OptionList::FSTRT, u"FSTRT"_s},       {OptionList::RCEN, u"RCEN"_s},
-        {OptionList::BODLEVEL, u"BODLEVEL"_s}, {OptionList::BODEN, u"BODEN"_s},
-        {OptionList::CKSEL, u"CKSEL"_s},       {OptionList::LockBit, u"LockBit"_s}};
-    return names.value(list);
-}
-
-}  // namespace
-
 QStringList Recorder::Seen() const {
     static const QRegularExpression seen(u"^(status 1|message OK|progress|close message)"_s);
     return calls.filter(seen);
@@ -41,35 +29,16 @@ void Recorder::CloseMessage() {
 }
 
 void Recorder::SetProgress(bool on, double, double value, double maximum) {
-    const bool visible = on && value != maximum;
     if (on) {
+        const bool visible = value != maximum;
         progress << (maximum == 0 ? Progress{visible, 1, 1} : Progress{visible, value, maximum});
     }
 }
 
-void Recorder::SetFlashListing(const QString& text) {
-    flashListing = text;
-    calls << u"flash listing"_s;
-}
-
-void Recorder::SetEepromListing(const QString& text) {
-    eepromListing = text;
-    calls << u"eeprom listing"_s;
-}
-
-void Recorder::ShowVerifyReport(const QString& text) {
-    verifyReport = text;
-    calls << u"verify report"_s;
-}
-
-void Recorder::FillOptions(OptionList list, const QStringList& entries) {
-    optionEntries[list] = entries;
-    options[list] = -1;
-}
-
 void Recorder::SelectOption(OptionList list, int entry) {
     options[list] = entry;
-    calls << u"option %1 = %2"_s.arg(Name(list)).arg(entry);
+    static const char* const kNames[] = {"FSTRT", "RCEN", "BODLEVEL", "BODEN", "CKSEL", "LockBit"};
+    calls << QString::asprintf("option %s = %d", kNames[static_cast<int>(list)], entry);
 }
 
 FileDialogAnswer Recorder::Ask(const QString& dialog, const FileDialogRequest& request) {

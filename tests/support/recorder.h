@@ -55,13 +55,22 @@ class Recorder : public StatusPanels,
     void CloseMessage() override;
     void SetProgress(bool on, double minimum, double value, double maximum) override;
 
-    void SetFlashListing(const QString& text) override;
-    void SetEepromListing(const QString& text) override;
-    void ShowVerifyReport(const QString& text) override;
+    void SetFlashListing(const QString& text) override {
+        Keep("flash listing", flashListing, text);
+    }
+    void SetEepromListing(const QString& text) override {
+        Keep("eeprom listing", eepromListing, text);
+    }
+    void ShowVerifyReport(const QString& text) override {
+        Keep("verify report", verifyReport, text);
+    }
     void SetFlashCaption(const QString& caption) override { flashCaption = caption; }
     void SetEepromCaption(const QString& caption) override { eepromCaption = caption; }
 
-    void FillOptions(OptionList list, const QStringList& entries) override;
+    void FillOptions(OptionList list, const QStringList& entries) override {
+        optionEntries[list] = entries;
+        options[list] = -1;
+    }
     int SelectedOption(OptionList list) const override { return options.value(list, -1); }
     void SelectOption(OptionList list, int entry) override;
     void ShowOption(OptionList list, bool on) override { optionShown[list] = on; }
@@ -84,6 +93,10 @@ class Recorder : public StatusPanels,
     bool AskOkCancel(const QString& title, const QString& text) override;
 
   private:
+    void Keep(const char* call, QString& place, const QString& text) {
+        place = text;
+        calls << QLatin1StringView(call);
+    }
     FileDialogAnswer Ask(const QString& dialog, const FileDialogRequest& request);
 };
 

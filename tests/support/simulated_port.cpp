@@ -5,28 +5,18 @@ namespace tolvex::testing {
 
 using namespace Qt::StringLiterals;
 
-SimulatedPort::SimulatedPort(SimulatedWriter& writer, VirtualClock& clock, int baud)
-    : writer_(writer), clock_(clock), baud_(baud) {}
-
-void SimulatedPort::Configure(const PortSettings& settings) {
-    settings_ = settings;
-    calls_ << u"configure %1"_s.arg(settings.number);
-}
-
 bool SimulatedPort::Open() {
-    if (refuse_) {
-        calls_ << u"open refused"_s;
-        return false;
+    calls_ << (refuse_ ? u"open refused"_s : u"open"_s);
+    if (!refuse_) {
+        board_ = std::make_shared<PacedBoard>(writer_, baud_);
+        wakeAt_.reset();
+        input_.clear();
     }
-    calls_ << u"open"_s;
-    board_ = std::make_shared<PacedBoard>(writer_, baud_);
-    wakeAt_.reset();
-    input_.clear();
-    return true;
+    return !refuse_;
 }
 
-void SimulatedPort::Close() {
-    calls_ << u"close"_s;
+void SimulatedPort::Disconnect(const QString& how) {
+    calls_ << how;
     board_.reset();
     input_.clear();
 }
@@ -39,17 +29,12 @@ void SimulatedPort::DiscardInput() {
 }
 
 bool SimulatedPort::Write(QByteArrayView bytes) {
-    if (!IsOpen()) {
-        return false;
+    if (IsOpen()) {
+        writes.append(bytes.toByteArray());
+        board_->Send(bytes, clock_.Now());
+        Deliver();
     }
-    writes.append(bytes.toByteArray());
-    board_->Send(bytes, clock_.Now());
-    Deliver();
-    return true;
-}
-
-QByteArray SimulatedPort::ReadAll() {
-    return std::exchange(input_, {});
+    return IsOpen();
 }
 
 void SimulatedPort::ForgetTrace() {
@@ -63,24 +48,25 @@ void SimulatedPort::Deliver() {
     for (const BoardReply& command : events.commands) {
         wire_ << command.Sent();
     }
-    input_ += events.bytes;
+    if (delay_.count() == 0) {
+        input_ += events.bytes;
+    } else if (!events.bytes.isEmpty()) {
+        clock_.At(clock_.Now() + delay_, [this, bytes = events.bytes, of = std::weak_ptr(board_)] {
+            input_ += of.expired() ? QByteArray() : bytes;
+        });
+    }
     if (events.hangUp) {
-        calls_ << u"hang-up"_s;
-        board_.reset();
-        input_.clear();
+        Disconnect(u"hang-up"_s);
         return;
     }
     const auto due = board_->NextDue();
-    if (!due) {
-        return;
-    }
-    const auto wake = std::chrono::ceil<VirtualClock::Instant>(*due);
-    if (wakeAt_ && *wakeAt_ <= wake) {
+    const auto wake = std::chrono::ceil<VirtualClock::Instant>(due.value_or(PacedBoard::Instant{}));
+    if (!due || (wakeAt_ && *wakeAt_ <= wake)) {
         return;
     }
     wakeAt_ = wake;
-    clock_.At(wake, [this, board = std::weak_ptr(board_)] {
-        if (!board.expired()) {
+    clock_.At(wake, [this, of = std::weak_ptr(board_)] {
+        if (!of.expired()) {
             wakeAt_.reset();
             Deliver();
         }

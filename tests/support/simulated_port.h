@@ -17,18 +17,24 @@ namespace tolvex::testing {
 class SimulatedPort : public SerialPort {
   public:
     /// With 0 baud the reply is there as soon as the command is written.
-    SimulatedPort(SimulatedWriter& writer, VirtualClock& clock, int baud = 19200);
+    SimulatedPort(SimulatedWriter& writer, VirtualClock& clock, int baud = 19200)
+        : writer_(writer), clock_(clock), baud_(baud) {}
 
-    void Configure(const PortSettings& settings) override;
+    void Configure(const PortSettings& settings) override {
+        settings_ = settings;
+        calls_ << QStringLiteral("configure %1").arg(settings.number);
+    }
     int PortNumber() const override { return settings_.number; }
     bool Open() override;
-    void Close() override;
+    void Close() override { Disconnect(QStringLiteral("close")); }
     bool IsOpen() const override { return board_ != nullptr; }
     int InputCount() const override { return static_cast<int>(input_.size()); }
     void DiscardInput() override;
     bool Write(QByteArrayView bytes) override;
-    QByteArray ReadAll() override;
+    QByteArray ReadAll() override { return std::exchange(input_, {}); }
 
+    /// From now on every reply comes this much later.
+    void DelayReplies(std::chrono::milliseconds delay) { delay_ = delay; }
     /// Opening fails from now on, as for a port that is missing or busy.
     void RefuseOpen(bool refuse = true) { refuse_ = refuse; }
 
@@ -43,12 +49,14 @@ class SimulatedPort : public SerialPort {
 
   private:
     void Deliver();
+    void Disconnect(const QString& how);
 
     SimulatedWriter& writer_;
     VirtualClock& clock_;
     int baud_;
     PortSettings settings_;
     bool refuse_ = false;
+    std::chrono::milliseconds delay_{0};
     std::shared_ptr<PacedBoard> board_;  // lives while the port is open; with it go bytes under way
     std::optional<VirtualClock::Instant> wakeAt_;
     QByteArray input_;

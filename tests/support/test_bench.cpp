@@ -3,23 +3,14 @@
 
 #include <random>
 
-#include "device/catalogue.h"
 #include "writer/chip_models.h"
 
 namespace tolvex::testing {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-std::unique_ptr<SimulatedChip> NewChip(int deviceIndex) {
-    return std::make_unique<SimulatedChip>(*FindChipModel(QString::number(deviceIndex)));
-}
-
-}  // namespace
-
 TestBench::TestBench(int deviceIndex)
-    : chip(NewChip(deviceIndex)),
+    : chip(std::make_unique<SimulatedChip>(ChipModels()[static_cast<std::size_t>(deviceIndex)])),
       board(chip.get()),
       port(board, clock, 0),
       folders{folder.path() + u'/', {folder.path() + u'/'}},
@@ -55,10 +46,8 @@ void TestBench::FillImages(unsigned seed) {
 
 QByteArray TestBench::FlashOfImages() const {
     QByteArray bytes;
-    for (std::size_t cell = 0; cell < static_cast<std::size_t>(2 * bench.state.device.flashWords);
-         cell += 2) {
-        bytes += static_cast<char>(bench.state.images.flash[cell + 1]);  // a chip's low byte first
-        bytes += static_cast<char>(bench.state.images.flash[cell]);
+    for (int cell = 0; cell < 2 * bench.state.device.flashWords; ++cell) {  // low bytes first
+        bytes += static_cast<char>(bench.state.images.flash[static_cast<std::size_t>(cell ^ 1)]);
     }
     return bytes;
 }

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <map>
+#include <utility>
 
 #include "base/event_clock.h"
 
@@ -15,11 +17,27 @@ class VirtualClock : public EventClock {
     Instant Now() const override { return now_; }
     /// Runs what is due at the earliest scheduled moment up to `deadline`. Without any, time goes
     /// on to 1 us past the deadline, because whoever waits tests for strictly later.
-    void Yield(Instant deadline) override;
+    void Yield(Instant deadline) override {
+        ++yields_;
+        if (hook_ && !std::exchange(inHook_, true)) {
+            hook_();
+            inHook_ = false;
+        }
+        if (ended_) {
+            return;
+        }
+        const bool due = !events_.empty() && events_.begin()->first <= deadline;
+        now_ = std::max(now_, due ? events_.begin()->first : deadline + Instant(1));
+        for (const Instant moment = now_; !events_.empty() && events_.begin()->first <= moment;) {
+            events_.extract(events_.begin()).mapped()();
+        }
+    }
     bool Ended() const override { return ended_; }
 
     /// Runs `action` in the `Yield` that reaches `instant`; a moment already past counts as now.
-    void At(Instant instant, std::function<void()> action);
+    void At(Instant instant, std::function<void()> action) {
+        events_.emplace(std::max(instant, now_), std::move(action));
+    }
     /// Runs at the start of every `Yield`, as what a person clicks during a wait would. It may
     /// yield itself; it isn't called again from there.
     void OnYield(std::function<void()> hook) { hook_ = std::move(hook); }
@@ -27,13 +45,10 @@ class VirtualClock : public EventClock {
     int Yields() const { return yields_; }
 
   private:
-    void RunDue();
-
     Instant now_{0};
     std::multimap<Instant, std::function<void()>> events_;
     std::function<void()> hook_;
-    bool inHook_ = false;
-    bool ended_ = false;
+    bool inHook_ = false, ended_ = false;
     int yields_ = 0;
 };
 

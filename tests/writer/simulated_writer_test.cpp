@@ -3,13 +3,17 @@
 
 #include <gtest/gtest.h>
 
-#include <QStringList>
-#include <optional>
+#include <QTemporaryDir>
+
+#include "tests/support/real_files.h"
+#include "writer/chip_state_file.h"
+#include "writer/trace_replay.h"
 
 namespace tolvex {
 namespace {
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 /// Sends "A 00 10 d" (letters and hexadecimal bytes) and returns every reply but the plain "done".
 QString Talk(SimulatedWriter& board, const QString& line) {
@@ -35,32 +39,25 @@ TEST(SimulatedWriter, AnswersAsBoardAndChipDo) {
     const Dialogue cases[] = {
         // clang-format off
         {"identity", u"AT90S2313", u"S V v s x y"_s, u"41 56 52 20 49 53 50, 33 39, 31 30, 01 91 1E"_s},
-        {"letters it doesn't know", u"2", u"Z 1B"_s, u"3F, 3F"_s},
         {"never in programming mode", u"5", u"A 00 00 R c 00 C 00 d D 00 e f BE l F9 F r s"_s,
          u"3F, 3F, 3F, 3F, 3F, 3F, 3F, 3F, 3F, 3F, 03 91 1E"_s},
-        {"what was refused changed nothing", u"5", u"P L D 00 C 00 P d R"_s, u"3F, 3F, FF, FF FF"_s},
         {"empty socket", nullptr, u"s P A 00 00 c 00 C 00 R D 00 d e f A0 l F9 F r"_s,
          u"FF FF FF, FF FF, FF, FF, FF"_s},
         {"the address moves on after C and after R", u"2",
          u"P A 00 0F c 34 C 12 c 78 C 56 A 00 0F R R R"_s, u"12 34, 56 78, FF FF"_s},
-        {"Flash addresses wrap", u"AT90S1200", u"P A 02 01 c 34 A 00 01 R A FE 01 R"_s, u"FF 34, FF 34"_s},
         {"EEPROM addresses wrap", u"AT90S8515", u"P A 01 10 D 5A A 00 10 d A 03 10 d"_s, u"FF, 5A"_s},
         {"programming only clears bits", u"2", u"P c F0 c 3C C 12 D 0F D F1 A 00 00 R d"_s, u"12 30, 01"_s},
         {"erase sets all but the fuses", u"AT90S2333", u"P c 00 C 00 D 00 f A7 l F9 e A 00 00 R d r F"_s,
          u"FF FF, FF, E7, FF"_s},
         {"write protection swallows writes", u"AT90S2333", u"P D 77 l FD D 00 d C 00 f A0 A 00 00 R r F s"_s,
          u"77, FF FF, FA, FD, 05 91 1E"_s},
-        {"LB2 alone protects nothing", u"2", u"P l FB D 02 d"_s, u"02"_s},
         {"protection is tightened, not loosened", u"AT90S2333", u"P l FD l FF F l FB F"_s, u"FD, F9"_s},
         {"read-protected it answers addresses", u"AT90S8515", u"P l F9 s A 01 81 R d"_s,
          u"02 01 00, 03 02, 82"_s},
-        {"erase ends protection", u"2", u"P l F9 e D 44 d s"_s, u"44, 01 91 1E"_s},
         {"fuses go both ways, other instructions are ignored", u"AT90S4433",
          u"P f A0 r f BF r f E5 r f 00 r l 00 l D9 F"_s, u"E0, FF, FF, FF, FF"_s},
         {"FSTRT on, write-protected", u"AT90S2323", u"P f BE l FD F"_s, u"7E"_s},
         {"RCEN off, read-protected", u"AT90S2343", u"P f BF l F9 F"_s, u"3F"_s},
-        {"fuse and lock apart", u"AT90S4433", u"P f A7 l FD r F"_s, u"E7, FD"_s},
-        {"bits that can't be read back", u"AT90S8515", u"P f A0 l FD F r"_s, u"FF, FF"_s},
         // clang-format on
     };
     for (const Dialogue& c : cases) {
@@ -71,6 +68,77 @@ TEST(SimulatedWriter, AnswersAsBoardAndChipDo) {
         SimulatedWriter board(chip ? &*chip : nullptr);
         EXPECT_EQ(Talk(board, c.sent).toStdString(), c.told.toStdString()) << c.what;
     }
+}
+
+TEST(ChipStateFile, DamageIsReportedAndTheRestComesBack) {
+    QTemporaryDir dir;
+    const QString path = dir.filePath(u"state.json"_s);
+    SimulatedChip chip(*FindChipModel(u"AT90S2333"));
+    chip.ProgramFlashLow(0, 0x0C);
+    chip.ProgramFlashHigh(1023, 0x94);
+    chip.ProgramEeprom(127, 0x5A);
+    chip.ProgramFuses(0xA6);
+    chip.ProgramLock(0xFD);
+    ASSERT_EQ(SaveChip(chip, path), QString());
+    const LoadedChip back = LoadChip(path);
+    ASSERT_TRUE(back.chip) << back.error.toStdString();
+    EXPECT_EQ(back.chip->Contents(), chip.Contents());
+
+    const QByteArray whole = testing::Bytes(path);
+    EXPECT_TRUE(whole.contains("\"flash\": \"0CFFFF")) << "low byte first";
+    const std::tuple<QByteArray, QByteArray, QString> cases[] = {
+        {"S2333", "S9999", u"\"device\" names no known chip"_s},
+        {"0CFF", "", u"\"flash\" is not 4096 hexadecimal digits"_s},
+        {"FF5A", "FF A", u"\"eeprom\" is not 256 hexadecimal digits"_s},
+        {"\"E6\"", "5", u"\"fuse\" is not 2 hexadecimal digits"_s},
+        {"}", "", u"unterminated object"_s}};
+    for (const auto& [from, to, reason] : cases) {
+        testing::PutFile(path, QByteArray(whole).replace(from, to));
+        EXPECT_EQ(LoadChip(path).error, u"state file %1: %2"_s.arg(path, reason));
+    }
+    EXPECT_FALSE(LoadChip(dir.filePath(u"missing"_s)).chip);
+    EXPECT_TRUE(SaveChip(chip, dir.filePath(u"no such folder/x"_s)).startsWith(u"state file "_s));
+}
+
+struct TraceReplayTest : ::testing::Test {
+    QString Load(const QByteArray& text) {
+        testing::PutFile(folder_.filePath(u"trace"_s), text);
+        return replay_.Load(folder_.filePath(u"trace"_s));
+    }
+
+    QTemporaryDir folder_;
+    TraceReplay replay_;
+};
+
+TEST_F(TraceReplayTest, AnswersAfterTheRecordedTimeOrInAHurryAtOnce) {
+    const QByteArray trace =
+        "0 open COM1\n100 > 41\n150 > 00 10\n900 < 0D\n1900 < 0A\n\n2000 > 53\n3000 lost\n";
+    ASSERT_EQ(Load(trace), QString());
+    replay_.Send(QByteArray("\x41\x00", 2), 5s);
+    EXPECT_FALSE(replay_.NextDue().has_value()) << "not before the command is complete";
+    replay_.Send("\x10", 6s);
+    EXPECT_EQ(replay_.NextDue(), 6s + 750us);
+    EXPECT_EQ(replay_.Run(6s + 749us).bytes, "");
+    EXPECT_EQ(replay_.Run(6s + 750us).bytes, "\r");
+    EXPECT_EQ(replay_.Run(6s + 1750us).bytes, "\n");
+    replay_.Hurry();
+    replay_.Send("\x53", 8s);
+    EXPECT_FALSE(replay_.Ended());
+    EXPECT_TRUE(replay_.Run(8s).hangUp);
+    EXPECT_TRUE(replay_.Ended());
+    EXPECT_EQ(replay_.Departure(), QString());
+}
+
+TEST_F(TraceReplayTest, TellsWhereThePcLeavesTheRecordAndRefusesWhatIsNone) {
+    ASSERT_EQ(Load("0 > 53\n1000 < 41\n\n2000 > 56\n"), QString());
+    replay_.Send("\x53", 0s);
+    replay_.Send("\x76", 1s);
+    EXPECT_EQ(replay_.Departure(), u"trace line 4: the PC sent 76 instead of 56"_s);
+    for (const char* text :
+         {"hello\n", "5\n", "x > 53\n", "5 > 5\n", "5 > GG\n", "5 >\n", "5 ? 53\n"}) {
+        EXPECT_TRUE(Load(QByteArray("0 open COM1\n") + text).contains(u": line 2: "_s)) << text;
+    }
+    EXPECT_TRUE(replay_.Load(u"/no/such/trace"_s).startsWith(u"trace /no/such/trace: "_s));
 }
 
 }  // namespace

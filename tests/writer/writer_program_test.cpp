@@ -67,13 +67,19 @@ struct WriterProgram : ::testing::Test {
 
 TEST_F(WriterProgram, KeepsChipLogAndLinkOverHangUpsAndRuns) {
     ASSERT_TRUE(QDir(dir.path()).mkdir(u"ports"_s));
-    ASSERT_TRUE(QFile::link(u"nowhere"_s, link));  // left behind by a crash
+    ASSERT_TRUE(QFile::link(u"/dev/pts/99999"_s, link));  // left behind by a crash
+    testing::PutFile(link + u".new"_s, "mine");
     Start({u"--link"_s, link, u"--state"_s, Path(u"state"_s), u"--log"_s, Path(u"log"_s),
            u"--device"_s, u"AT90S8515"_s, u"--fault"_s, u"5:wrong"_s, u"--fault"_s,
            u"7:hang-up"_s});
     const QString terminal = Ready();
     ASSERT_FALSE(terminal.isEmpty()) << program.readAllStandardError().constData();
     EXPECT_EQ(QFile::symLinkTarget(link), terminal);
+    QProcess second;
+    second.start(program.program(), {u"--link"_s, link});
+    EXPECT_TRUE(second.waitForFinished(kPatience) && second.exitCode() == 1);
+    EXPECT_EQ(second.readAllStandardError(),
+              u"tolvex-writer: %1 leads to %2 already\n"_s.arg(link, terminal).toUtf8());
     Connect();
     EXPECT_EQ(Ask('s', 3), "01931e");
     // The line is raw: bytes that a terminal would take for control characters or new lines.
@@ -93,48 +99,72 @@ TEST_F(WriterProgram, KeepsChipLogAndLinkOverHangUpsAndRuns) {
     program.terminate();
     EXPECT_EQ(End(), 0);
     EXPECT_FALSE(QFileInfo(link).isSymLink());
+    EXPECT_EQ(testing::Bytes(link + u".new"_s), "mine");
 
-    Start({u"--link"_s, link, u"--state"_s, Path(u"state"_s), u"--baud"_s, u"1200"_s});
+    Start({u"--link"_s, link, u"--state"_s, Path(u"state"_s), u"--baud"_s, u"1200"_s,
+           u"--latency"_s, u"60"_s});
     ASSERT_FALSE(Ready().isEmpty());
     Connect();
     QElapsedTimer timer;
     timer.start();
     EXPECT_EQ(Ask('s', 3), "01931e") << "the next run has the same chip";
     EXPECT_GE(timer.nsecsElapsed(), 4 * 8'333'000) << "4 bytes of 8.33 ms each";
-    Ask('P', 1);
-    Ask('A', 1, QByteArray("\x00\x0D", 2));
-    EXPECT_EQ(Ask('d', 1), "03");
+    for (int again = 0; again < 4; ++again) {
+        Ask('s', 3);
+    }
+    EXPECT_GE(timer.elapsed(), 4 * 60) << "the adapter hands over what has come every 60 ms";
+}
+
+TEST_F(WriterProgram, EndsWithTheTraceThatItPlays) {
+    for (const bool departs : {false, true}) {
+        ASSERT_TRUE(QDir(dir.path()).mkpath(u"ports"_s));
+        testing::PutFile(Path(u"trace"_s), "0 open COM1\n100 > 53\n300 < 41 42\n900 close\n");
+        Start({u"--link"_s, link, u"--replay"_s, Path(u"trace"_s)});
+        ASSERT_FALSE(Ready().isEmpty());
+        Connect();
+        EXPECT_EQ(Ask('S', 2), "4142");
+        departs ? void(port.Write("V")) : connection.ClosePort();
+        EXPECT_EQ(End(), departs ? 1 : 0);
+        EXPECT_EQ(program.readAllStandardError(),
+                  departs ? "tolvex-writer: the PC sent 56 after the end of the trace\n" : "");
+    }
 }
 
 TEST_F(WriterProgram, EndsAtOnceWhenItCannotWork) {
     ASSERT_EQ(SaveChip(SimulatedChip(ChipModels()[2]), Path(u"state"_s)), QString());
     testing::PutFile(Path(u"damaged"_s), "{");
+    ASSERT_TRUE(QFile::link(u"/dev/null"_s, Path(u"adapter"_s)));
+    const QString file = Path(u"damaged"_s);
     const struct {
-        QStringList arguments;
+        QString arguments;
         int status;
         QString complaint;
     } cases[] = {
         // clang-format off
-        {{u"--baud"_s, u"x"_s}, 2, u"--baud is a number from 0 to 4000000"_s},
-        {{u"--fault"_s, u"0:silent"_s}, 2, u"--fault is K:KIND, such as 3:silent, and not 0:silent"_s},
-        {{u"--empty"_s, u"--device"_s, u"1"_s}, 2, u"--empty goes with neither --device nor --state"_s},
-        {{u"--device"_s, u"10"_s}, 2, u"--device: no such chip: 10"_s},
-        {{u"blink.hex"_s}, 2, u"unknown argument: blink.hex"_s},
-        {{u"--state"_s, Path(u"state"_s), u"--device"_s, u"8"_s}, 1,
+        {u"--baud x"_s, 2, u"--baud is a number from 0 to 4000000"_s},
+        {u"--latency 256"_s, 2, u"--latency is a number from 0 to 255"_s},
+        {u"--fault 0:silent"_s, 2, u"--fault is K:KIND, such as 3:silent, and not 0:silent"_s},
+        {u"--empty --device 1"_s, 2, u"--empty goes with neither --device nor --state"_s},
+        {u"--log x --log y"_s, 2, u"--log was given twice"_s},
+        {u"--state="_s, 2, u"--state needs a value"_s},
+        {u"--device 10"_s, 2, u"--device: no such chip: 10"_s},
+        {u"blink.hex"_s, 2, u"unknown argument: blink.hex"_s},
+        {u"--device 8 --state "_s + Path(u"state"_s), 1,
          u"state file %1 holds a chip of another kind: AT90S2313"_s.arg(Path(u"state"_s))},
-        {{u"--state"_s, Path(u"damaged"_s)}, 1, u"state file "_s + Path(u"damaged"_s)},
-        {{u"--log"_s, Path(u"no/log"_s)}, 1, u"log file "_s + Path(u"no/log"_s)},
-        {{u"--link"_s, Path(u"damaged"_s)}, 1, Path(u"damaged"_s) + u" is in the way: it is no symbolic link"_s},
+        {u"--state "_s + file, 1, u"state file "_s + file},
+        {u"--link "_s + file, 1, file + u" is in the way: it is no symbolic link"_s},
+        {u"--link "_s + Path(u"adapter"_s), 1, Path(u"adapter"_s) + u" leads to /dev/null already"_s},
         // clang-format on
     };
     for (const auto& c : cases) {
-        Start(c.arguments);
+        Start(c.arguments.split(u' '));
         EXPECT_EQ(End(), c.status) << c.complaint.toStdString();
         const QString complaint = QString::fromUtf8(program.readAllStandardError());
         EXPECT_TRUE(complaint.startsWith(u"tolvex-writer: "_s + c.complaint))
             << complaint.toStdString();
     }
-    EXPECT_EQ(testing::Bytes(Path(u"damaged"_s)), "{") << "what wasn't understood is left alone";
+    EXPECT_EQ(testing::Bytes(file), "{") << "what wasn't understood is left alone";
+    EXPECT_EQ(QFile::symLinkTarget(Path(u"adapter"_s)), u"/dev/null"_s);
 }
 
 }  // namespace

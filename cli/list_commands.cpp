@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+// The commands that need no writer.
+#include <QJsonArray>
+
+#include "cli/command.h"
+#include "cli/image_files.h"
+#include "device/catalogue.h"
+
+namespace tolvex {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString FuseNames(FuseGroup group) {
+    switch (group) {
+        case FuseGroup::LockOnly:
+            return {};
+        case FuseGroup::FSTRT:
+            return u"FSTRT"_s;
+        case FuseGroup::RCEN:
+            return u"RCEN"_s;
+        case FuseGroup::BOD_CKSEL:
+            return u"BODLEVEL BODEN CKSEL"_s;
+    }
+    return {};
+}
+
+QString State(const ComPort& port, const PortFacts& facts) {
+    if (!facts.exists) {
+        return u"なし"_s;
+    }
+    const QString permission = facts.permitted ? u"使用可"_s : u"権限なし"_s;
+    return port.present ? permission : permission + u" (未接続)"_s;
+}
+
+HexReport CheckFile(const QString& path, int memoryBytes) {
+    QFile file;
+    if (!OpenInput(file, path)) {
+        return {};
+    }
+    HexReport report = CheckHex(file, memoryBytes);
+    report.readable = file.error() == QFileDevice::NoError;
+    return report;
+}
+
+}  // namespace
+
+int Check(Session& session, const Call& call) {
+    const CurrentDevice& device = session.Device();
+    QJsonArray files;
+    bool readable = true;
+    bool clean = true;
+    for (const QString& path : call.arguments) {
+        const bool data = path.endsWith(u".eep"_s, Qt::CaseInsensitive);
+        const int size = data ? device.eepromBytes : 2 * device.flashWords;
+        const HexReport report = CheckFile(path, size);
+        readable = readable && report.readable;
+        clean = clean && report.Clean();
+        QJsonArray findings;
+        for (const HexFinding& finding : report.findings) {
+            session.Print(u"%1: %2"_s.arg(path, HexFindingText(finding)));
+            findings << HexFindingJson(finding);
+        }
+        if (!report.readable) {
+            session.Print(u"%1: 読めません。"_s.arg(path));
+        } else if (report.Clean()) {
+            session.Print(u"%1: OK (%2 byte / %3 byte)"_s.arg(path, QString::number(report.bytes),
+                                                              QString::number(size)));
+        }
+        files << QJsonObject{{u"file"_s, path},
+                             {u"readable"_s, report.readable},
+                             {u"records"_s, report.records},
+                             {u"bytes"_s, report.bytes},
+                             {u"findings"_s, findings}};
+    }
+    session.Report()[u"checked"_s] = files;
+    if (!readable) {
+        return session.Fail(cause::FileNotReadable, u"読めないファイルがあります。"_s);
+    }
+    return clean ? int{kDone} : session.Fail(cause::BadFile, u"HEX ファイルに誤りがあります。"_s);
+}
+
+int ListPorts(Session& session, const Call&) {
+    QJsonArray ports;
+    for (const ComPort& port : session.Ports().All()) {
+        const PortFacts facts = session.Inspect(port.devicePath);
+        session.Print(u"%1 %2 %3 %4"_s
+                          .arg(u"COM%1"_s.arg(port.number).leftJustified(5),
+                               port.devicePath.leftJustified(14), State(port, facts), port.adapter)
+                          .trimmed());
+        ports << QJsonObject{{u"number"_s, port.number},   {u"path"_s, port.devicePath},
+                             {u"present"_s, port.present}, {u"adapter"_s, port.adapter},
+                             {u"exists"_s, facts.exists},  {u"permitted"_s, facts.permitted}};
+    }
+    session.Report()[u"ports"_s] = ports;
+    return kDone;
+}
+
+int ListDevices(Session& session, const Call&) {
+    QJsonArray devices;
+    for (const DeviceRecord& record : Catalogue()) {
+        const QString part = PartNumber(record.name);
+        const QString fuses = FuseNames(record.fuseGroup);
+        session.Print(u"%1 Flash %2 word  EEPROM %3 byte  %4"_s.arg(part.leftJustified(11))
+                          .arg(record.flashWords, 4)
+                          .arg(record.eepromBytes, 3)
+                          .arg(record.name == part ? fuses : record.name + u' ' + fuses)
+                          .trimmed());
+        devices << QJsonObject{
+            {u"name"_s, part},
+            {u"code"_s, record.deviceCode},
+            {u"flashWords"_s, record.flashWords},
+            {u"eepromBytes"_s, record.eepromBytes},
+            {u"fuses"_s, QJsonArray::fromStringList(fuses.split(u' ', Qt::SkipEmptyParts))}};
+    }
+    session.Report()[u"devices"_s] = devices;
+    return kDone;
+}
+
+}  // namespace tolvex

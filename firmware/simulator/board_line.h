@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <algorithm>
+#include <optional>
+
+#include "base/event_clock.h"
+#include "base/serial_port.h"
+#include "writer/paced_board.h"
+
+namespace tolvex {
+
+/// A serial port with a board behind it, and the clock that both live by: time goes on only while
+/// somebody waits. `Board` is a FirmwareBoard or a PacedBoard; it is not owned and outlives this.
+template <typename Board>
+class BoardLine : public SerialPort, public EventClock {
+  public:
+    /// `now` is the board's time.
+    explicit BoardLine(Board& board, WireLine::Instant now = {})
+        : board_(board), now_(std::chrono::ceil<EventClock::Instant>(now)) {}
+
+    void Configure(const PortSettings& settings) override { number_ = settings.number; }
+    int PortNumber() const override { return number_; }
+    bool Open() override { return open_ = true; }
+    void Close() override {
+        open_ = false;
+        input_.clear();
+    }
+    bool IsOpen() const override { return open_; }
+    int InputCount() const override { return static_cast<int>(input_.size()); }
+    void DiscardInput() override { input_.clear(); }
+    bool Write(QByteArrayView bytes) override {
+        board_.Send(bytes, now_);
+        return open_;
+    }
+    QByteArray ReadAll() override { return std::exchange(input_, {}); }
+
+    EventClock::Instant Now() const override { return now_; }
+    /// To the next byte, or just past the deadline.
+    void Yield(EventClock::Instant deadline) override {
+        QByteArray bytes;
+        while (bytes.isEmpty() && now_ <= deadline) {
+            const auto late = deadline + EventClock::Instant(1);
+            const std::optional<WireLine::Instant> due = board_.NextDue();
+            now_ = due ? std::min(std::chrono::ceil<EventClock::Instant>(*due), late) : late;
+            bytes = board_.Run(now_).bytes;
+        }
+        if (open_) {
+            input_ += bytes;
+        }
+    }
+    bool Ended() const override { return ended_; }
+    void End() override { ended_ = true; }
+
+  private:
+    Board& board_;
+    EventClock::Instant now_;
+    int number_ = 1;
+    bool open_ = false;
+    bool ended_ = false;
+    QByteArray input_;
+};
+
+}  // namespace tolvex

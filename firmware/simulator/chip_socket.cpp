@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include "firmware/simulator/chip_socket.h"
+
+namespace tolvex {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto kResetTime = 20ms;
+constexpr double kNanosecondsPerSecond = 1e9;
+
+}  // namespace
+
+ChipSocket::ChipSocket(SimulatedChip* chip, const ChipHabits& habits) : habits_(habits) {
+    if (chip) {
+        programming_.emplace(*chip, habits);
+    }
+}
+
+QStringList ChipSocket::Violations() const {
+    return programming_ ? programming_->Violations() : QStringList();
+}
+
+/// RESET has a pull-up in the chip.
+void ChipSocket::SetLines(const Lines& lines, Instant now) {
+    if (!programming_) {
+        return;
+    }
+    const bool resetHigh = lines.reset.value_or(true);
+    if (resetHigh != resetHigh_) {
+        if (!resetHigh && TooShort(now - resetChange_, lines)) {
+            programming_->Violate(u"the reset pulse is too short"_s, now);
+        }
+        if (!resetHigh && lines.sck != false) {
+            programming_->Violate(u"SCK is not low when RESET goes low"_s, now);
+        }
+        NoticeReset(resetHigh, now);
+    }
+    if (!resetHigh_ && (!lines.sck || !lines.mosi)) {
+        programming_->Violate(u"a line floats while RESET is low"_s, now);
+    }
+    if (lines.sck.value_or(false) != sckHigh_) {
+        NoticeClock(lines, now);
+    }
+}
+
+void ChipSocket::NoticeReset(bool high, Instant now) {
+    resetHigh_ = high;
+    resetChange_ = now;
+    bits_ = 0;
+    answer_ = 0xFF;
+    miso_ = true;
+    missing_ = habits_.missedClocks;
+    if (high) {
+        programming_->ResetGoesHigh(now);
+    } else {
+        programming_->ResetGoesLow();
+    }
+}
+
+/// Two clocks of the chip must fit in.
+bool ChipSocket::TooShort(Instant time, const Lines& lines) const {
+    const double hertz = habits_.ownClockHertz != 0 ? habits_.ownClockHertz : lines.clockHertz;
+    return static_cast<double>(time.count()) * hertz <= 2 * kNanosecondsPerSecond;
+}
+
+void ChipSocket::NoticeClock(const Lines& lines, Instant now) {
+    sckHigh_ = !sckHigh_;
+    const bool tooFast = TooShort(now - sckChange_, lines);
+    sckChange_ = now;
+    if (resetHigh_) {
+        programming_->Violate(u"SCK moves while RESET is high"_s, now);
+        return;
+    }
+    if (tooFast) {
+        programming_->Violate(u"SCK is too fast, or the chip has no clock"_s, now);
+    }
+    if (!sckHigh_) {
+        miso_ = (answer_ >> (7 - bits_ % 8) & 1) != 0;
+        return;
+    }
+    if (now - resetChange_ < kResetTime) {
+        programming_->Violate(u"SCK moves too soon after RESET went low"_s, now);
+    }
+    if (missing_ > 0) {
+        --missing_;
+    } else {
+        TakeBit(lines.mosi.value_or(false), now);
+    }
+}
+
+void ChipSocket::TakeBit(bool bit, Instant now) {
+    if (bits_ == 0) {
+        begun_ = now;
+    }
+    const auto index = static_cast<std::size_t>(bits_ / 8);
+    bytes_[index] = static_cast<std::uint8_t>(bytes_[index] << 1 | (bit ? 1 : 0));
+    ++bits_;
+    if (bits_ % 8 != 0) {
+        return;
+    }
+    if (bits_ == 32) {
+        programming_->Finish(bytes_, begun_, now);
+        bits_ = 0;
+        answer_ = 0xFF;
+        return;
+    }
+    answer_ = programming_->Answer(bytes_, bits_ / 8, begun_, now);
+}
+
+Level ChipSocket::Miso() const {
+    return programming_ && !resetHigh_ && !habits_.misoBroken ? Level(miso_) : std::nullopt;
+}
+
+}  // namespace tolvex

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QStringList>
+#include <array>
+#include <chrono>
+#include <cstdint>
+#include <optional>
+
+#include "writer/simulated_chip.h"
+
+namespace tolvex {
+
+/// What differs from one socket to the next.
+struct ChipHabits {
+    double ownClockHertz = 0;  ///< 0 = the chip takes the clock of the board
+    bool lowSupply = false;    ///< writing takes the longest time instead of the shortest
+    int missedClocks = 0;      ///< the first clocks after a reset that the chip doesn't notice
+    bool misoBroken = false;   ///< the chip hears but isn't heard
+};
+
+/// The inside of a chip that is being programmed: takes four-byte instructions, answers, and
+/// notes every one that a real chip would not be obliged to carry out.
+class SerialProgramming {
+  public:
+    using Instant = std::chrono::nanoseconds;
+    using Bytes = std::array<std::uint8_t, 4>;
+
+    /// `chip` is not owned.
+    SerialProgramming(SimulatedChip& chip, const ChipHabits& habits);
+
+    void ResetGoesLow();
+    void ResetGoesHigh(Instant now);
+    /// The answer during byte `index` of an instruction whose earlier bytes are known.
+    std::uint8_t Answer(const Bytes& bytes, int index, Instant begun, Instant now);
+    void Finish(const Bytes& bytes, Instant begun, Instant now);
+
+    /// Whether a write or an erase is under way.
+    bool IsBusy(Instant now) const { return now < busyUntil_; }
+
+    /// What was done wrong, in order.
+    const QStringList& Violations() const { return violations_; }
+    void Violate(const QString& what, Instant now);
+
+  private:
+    struct Instruction;
+    static const Instruction kInstructions[];
+    enum class Act;
+
+    const Instruction* Find(const Bytes& bytes) const;
+    bool Polls(const Instruction& instruction, const Bytes& bytes) const;
+    std::uint8_t Read(const Instruction& instruction, const Bytes& bytes);
+    void Write(const Instruction& instruction, const Bytes& bytes, Instant now);
+    std::uint8_t BusyValue();
+    std::uint8_t Noise();
+    bool SlowKind() const;
+
+    SimulatedChip& chip_;
+    ChipHabits habits_;
+    bool enabled_ = false;
+    bool firstInstruction_ = true;
+    Instant busyUntil_{0};
+    std::optional<Bytes> writing_;  // a byte, until busyUntil_
+    unsigned busyReads_ = 0;
+    unsigned noise_ = 0;
+    QStringList violations_;
+};
+
+}  // namespace tolvex

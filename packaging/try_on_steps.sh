@@ -1,0 +1,249 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# Inside the fresh root of packaging/try-on: every step ends at the first thing that is not as it
+# should be, and the others go on. It runs as root; `someone` is an ordinary user who may use sudo.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+person=someone
+home=/home/$person
+
+step() { printf '\n== %s (%s)\n' "$1" "$(date +%T)"; }
+fail() { echo "try-on: $1" >&2; exit 1; }
+install_quietly() {
+    ls /var/lib/apt/lists/*Packages* >/dev/null 2>&1 || apt-get update -qq
+    DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends "$@" >/dev/null
+}
+as_person() { sudo -u $person -H -- "$@"; }
+until_true() {  # seconds command...
+    local end=$((SECONDS + $1))
+    shift
+    until "$@"; do
+        [ $SECONDS -lt $end ] || fail "did not happen: $*"
+        sleep 0.2
+    done
+}
+no_process() { ! pgrep -x 'tolvex|tolvex-writer' >/dev/null; }
+
+# A display for `on_display`. Without a window manager, which the window does not need.
+start_display() {
+    [ ! -S /tmp/.X11-unix/X5 ] || return 0
+    install_quietly xvfb xdotool
+    Xvfb :5 -ac -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 &
+    until_true 10 test -S /tmp/.X11-unix/X5
+    as_person mkdir -m 700 /tmp/session
+}
+on_display() { as_person env DISPLAY=:5 XDG_RUNTIME_DIR=/tmp/session "$@"; }
+is_window() { DISPLAY=:5 xdotool search --onlyvisible --name '^Tolvex Version' >/dev/null; }
+window_appears() { until_true 30 is_window; }
+end_programs() {
+    pkill -x 'tolvex|tolvex-writer' || true
+    until_true 10 no_process
+}
+
+a_person() {
+    useradd -m -s /bin/bash $person
+    echo "$person ALL=(ALL) NOPASSWD: ALL" >/etc/sudoers.d/$person
+    # Answers for the person, and no more packages than asked for.
+    printf 'APT::Get::Assume-Yes "true";\nAPT::Install-Recommends "false";\n' \
+        >/etc/apt/apt.conf.d/99try-on
+}
+
+run_as_root() {
+    step "./run as root, on the terminal"
+    ./run
+    chown -R $person: .
+}
+
+# A block labelled sh, counted from 1, by the plainest shell.
+sh_block() { awk -v n="$2" '/^```/ { inside = /^```sh$/; i += inside; next } inside && i == n' "$1"; }
+run_block() {
+    sh_block "$@" >/tmp/block
+    as_person dash -e /tmp/block </dev/null
+}
+
+the_two_commands() {
+    step "README's two commands as an ordinary user"
+    run_block README.md 1
+}
+
+test_as_root() {
+    step "./test as root"
+    ./test
+}
+
+run_as_person() {
+    step "./run as an ordinary user: terminal, dead display, no HOME, wrong use, window"
+    as_person ./run --chip 8515
+    as_person env DISPLAY=:987 ./run
+    as_person env -u HOME ./run
+    local status=0
+    as_person ./run --chip || status=$?
+    [ $status -eq 2 ] || fail "wrong use ended with $status"
+    start_display
+    on_display ./run &
+    local run=$!
+    window_appears
+    [ -L $home/.config/Tolvex/ports/com1 ] || fail "no writer at COM1"
+    pkill -TERM -f '^bash ./run' # ./run itself, not sudo
+    wait $run || true
+    until_true 10 no_process
+    [ ! -L $home/.config/Tolvex/ports/com1 ] || fail "COM1 is still mapped"
+    rm -r $home/.config
+}
+
+install_it() {
+    step "README's way to the package as an ordinary user"
+    if ! command -v dpkg-shlibdeps >/dev/null; then
+        as_person cmake --preset release
+        as_person cmake --build --preset release
+        ! as_person sh -c 'cd build-release && cpack' ||
+            fail "a package was made without dpkg-shlibdeps"
+        install_quietly dpkg-dev
+    fi
+    run_block README.md 2
+    dpkg-deb --info build-release/tolvex_*.deb
+    dpkg --verify tolvex
+    cp build-release/tolvex_*.deb /tmp
+}
+
+check_files() {
+    step "lintian, desktop entry, software catalogue, file types, udev"
+    install_quietly lintian desktop-file-utils appstream shared-mime-info libglib2.0-bin udev
+    as_person lintian --version
+    as_person lintian --fail-on error,warning --show-overrides /tmp/tolvex_*.deb
+    desktop-file-validate /usr/share/applications/tolvex.desktop
+    appstreamcli validate --no-net /usr/share/metainfo/example.tolvex.Tolvex.metainfo.xml
+    for suffix in hex rom eep; do
+        cp samples/blink.hex $home/blink.$suffix
+        gio info -a standard::content-type $home/blink.$suffix | grep -q 'application/x-intel-hex$' ||
+            fail ".$suffix has no type"
+    done
+    ! udevadm verify --help >/dev/null 2>&1 || udevadm verify /usr/lib/udev/rules.d/70-tolvex.rules
+}
+
+# By the desktop entry's command, as a desktop fills it in.
+use_the_window() {
+    step "the window, by the desktop entry's command"
+    start_display
+    local command settings=$home/.config/Tolvex/Tolvex.conf
+    command=$(sed -n 's/^Exec=//p' /usr/share/applications/tolvex.desktop)
+    on_display sh -c "${command/\%f/}" 2>/tmp/said &
+    window_appears
+    end_programs
+    [ ! -s /tmp/said ] || { cat /tmp/said; fail "the window said something on the terminal"; }
+    find / -xdev -name libqsvgicon.so | grep -q . || fail "no plug-in for the icons"
+    [ -n "$(fc-list :lang=ja)" ] || fail "no Japanese font"
+    as_person sh -c "mkdir -p $home/.config/Tolvex
+        printf '[Settings]\nIndex_First_Flag=1\nIndex_Com_Flag=1\n' >$settings
+        cp samples/blink.hex samples/blink.eep $home"
+    on_display sh -c "${command/\%f/$home/blink.hex}" &
+    window_appears
+    until_true 10 grep -q "OPEN_DIR=$home" $settings
+    end_programs
+}
+
+use_the_terminal() {
+    step "the terminal tools, as an ordinary user"
+    as_person bash -c '
+        set -e
+        mkdir -p ~/.config/Tolvex/ports
+        tolvex-writer --link ~/.config/Tolvex/ports/com1 --device AT90S2313 >~/ready &
+        until [ -s ~/ready ]; do sleep 0.1; done
+        cd
+        rm -f blink.rom read.* fault.trace
+        tolvex-cli --port COM1 --device AT90S2313 --trace fault.trace program blink.hex
+        tolvex-cli --port COM1 --device AT90S2313 read read.hex
+        tolvex-cli --port COM1 --device AT90S2313 verify read.hex
+        tolvex-cli check read.hex read.eep
+        tolvex-cli --port COM1 doctor
+        kill %1; wait
+        [ ! -e ~/.config/Tolvex/ports/com1 ]
+        tolvex-writer --link ~/board --replay fault.trace >/dev/null &
+        until [ -e ~/board ]; do sleep 0.1; done
+        tolvex-cli --quiet --port ~/board --device AT90S2313 program blink.hex
+        kill %1 2>/dev/null || true; wait
+        rm -f ready read.* fault.trace blink.*'
+    for program in tolvex tolvex-cli tolvex-writer; do
+        [ $program = tolvex ] || $program --help 2>&1 >/dev/null | grep . && fail "$program warns"
+    done
+    for language in C C.UTF-8; do
+        as_person env LANG=$language tolvex-cli --version >/dev/null 2>/tmp/said
+        [ ! -s /tmp/said ] || { cat /tmp/said; fail "tolvex-cli warns with LANG=$language"; }
+    done
+}
+
+read_the_pages() {
+    step "manual pages and completion"
+    install_quietly man-db bash-completion
+    for page in tolvex tolvex-cli tolvex-writer; do
+        as_person env MANWIDTH=80 MANROFFOPT=-ww man --warnings -P cat $page 2>/tmp/said >/tmp/page
+        [ "$(wc -l </tmp/page)" -gt 20 ] || fail "no page $page"
+        [ ! -s /tmp/said ] || { cat /tmp/said; fail "the page $page has faults"; }
+    done
+    completes 'tolvex-cli fuses CK' CKSEL=
+    completes 'tolvex-cli fuses BODEN=' Enable
+    completes 'tolvex-cli --device=AT90S44' AT90S4414
+    completes 'tolvex-cli --device AT90S23' AT90S2313
+    completes 'tolvex-cli ver' verify
+    completes 'tolvex-writer --fir' --firmware
+}
+
+# What bash offers for a line contains a word.
+completes() {  # line word
+    as_person bash -c '
+        . /usr/share/bash-completion/bash_completion
+        COMP_LINE=$1 COMP_POINT=${#1} COMP_TYPE=9 COMP_KEY=9
+        mapfile -t COMP_WORDS < <(grep -oE "=|[^ =]+" <<<"$1") # as readline cuts
+        COMP_CWORD=$((${#COMP_WORDS[@]} - 1))
+        program=${COMP_WORDS[0]}
+        declare -F __load_completion >/dev/null && load=__load_completion || load=_comp_load
+        $load "$program"
+        function=$(complete -p "$program" | sed "s/.*-F \([^ ]*\).*/\1/")
+        "$function" "$program" "${COMP_WORDS[COMP_CWORD]}" "${COMP_WORDS[COMP_CWORD - 1]}"
+        printf "%s\n" "${COMPREPLY[@]}"' completion "$1" 2>/dev/null | grep -q "^ *$2" ||
+        fail "\"$1\" is not completed by $2"
+}
+
+documents() {
+    step "blocks labelled sh"
+    local file n
+    for file in *.md docs/*.md; do
+        for ((n = 1; ; n++)); do
+            sh_block "$file" $n >/tmp/block
+            [ -s /tmp/block ] || break
+            dash -n /tmp/block || fail "$file, block $n"
+        done
+    done
+    for n in 1 2; do
+        [ "$(sh_block README.md $n | sed 's/ *#.*//')" = "$(sh_block README.ja.md $n |
+            sed 's/ *#.*//')" ] || fail "the two READMEs differ"
+    done
+}
+
+purge_it() {
+    step "purge"
+    DEBIAN_FRONTEND=noninteractive apt-get purge -y -qq --autoremove tolvex >/dev/null
+    local left
+    left=$(find / -xdev -path "$PWD" -prune -o -path $home -prune -o -path /proc -prune -o \
+        -path /tmp -prune -o -iname '*tolvex*' -print)
+    [ -z "$left" ] || fail "purge leaves: $left"
+    left=$(cd $home && find . -type f -newer /etc/sudoers.d/$person -not -path './.config/Tolvex/*' \
+        -not -path './.local/share/Tolvex/*' -not -path './.cache/*')
+    [ -z "$left" ] || fail "more than settings is left: $left"
+    [ -f $home/.config/Tolvex/Tolvex.conf ] || fail "the settings are gone"
+}
+
+if [ $# -eq 0 ]; then
+    set -- run_as_root the_two_commands run_as_person test_as_root install_it check_files \
+        use_the_window use_the_terminal read_the_pages documents purge_it
+fi
+a_person
+failed=()
+for name in "$@"; do
+    set +e  # only so does it still hold inside the step
+    (set -e; "$name")
+    [ $? -eq 0 ] || failed+=("$name")
+    set -e
+done
+[ ${#failed[@]} -eq 0 ] || fail "not as it should be: ${failed[*]}"
+step "all is as it should be"

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+// The tool programs chips through the firmware that would be burnt, in simulated time.
+#include <random>
+
+#include "cli/exit_status.h"
+#include "tests/firmware/firmware_bench.h"
+#include "tests/support/real_files.h"
+
+namespace tolvex::testing {
+namespace {
+
+/// All values, and among them more of those that can't be polled.
+QByteArray RandomBytes(int count, unsigned seed) {
+    static constexpr std::uint8_t kAwkward[] = {0x00, 0x7F, 0x80, 0xFF};
+    std::mt19937 random(seed);
+    QByteArray bytes;
+    while (bytes.size() < count) {
+        const auto value = random();
+        bytes += static_cast<char>(value % 16 == 0 ? kAwkward[value / 16 % 4] : value / 16);
+    }
+    return bytes;
+}
+
+/// Blank but for both ends, since writing is what takes time.
+QByteArray Flash(const ChipModel& model) {
+    constexpr int kEnd = 150;
+    QByteArray bytes = RandomBytes(2 * model.flashWords, 1);
+    const qsizetype blank = bytes.size() - 2 * kEnd;
+    return bytes.replace(kEnd, blank, QByteArray(blank, '\xFF'));
+}
+
+QByteArray Eeprom(const ChipModel& model) {
+    return RandomBytes(model.eepromBytes, 2);
+}
+
+/// The data bytes of a HEX file without gaps.
+QByteArray DataOf(const QString& hexFile) {
+    QByteArray bytes;
+    for (const QByteArray& line : Bytes(hexFile).split('\n')) {
+        const QByteArray record = QByteArray::fromHex(line.mid(1));
+        bytes += record.mid(4, std::max<qsizetype>(record.size() - 5, 0));
+    }
+    return bytes;
+}
+
+/// Programs and verifies.
+int Program(FirmwareBench& bench) {
+    const ChipModel& model = bench.chip.Model();
+    const QString code = bench.Path(u"code.hex"_s);
+    const QString data = bench.Path(u"data.eep"_s);
+    EXPECT_TRUE(WriteHex(code, Flash(model)) && WriteHex(data, Eeprom(model)));
+    const int status = bench.Run({u"program"_s, code, data});
+    EXPECT_EQ(bench.chip.Contents().flash, Flash(model)) << bench.words;
+    EXPECT_EQ(bench.chip.Contents().eeprom, Eeprom(model)) << bench.words;
+    return status;
+}
+
+class EveryChip : public ::testing::TestWithParam<int> {};
+INSTANTIATE_TEST_SUITE_P(Firmware, EveryChip, ::testing::Range(0, 10));
+
+TEST_P(EveryChip, GoesThroughAllOperations) {
+    FirmwareBench bench(GetParam());
+    const ChipModel& model = bench.chip.Model();
+    EXPECT_EQ(bench.Run({u"detect"_s}), kDone) << bench.words;
+    EXPECT_EQ(Program(bench), kDone) << bench.words;
+    EXPECT_EQ(bench.Run({u"read"_s, bench.Path(u"r.hex"_s), bench.Path(u"r.eep"_s)}), kDone);
+    EXPECT_EQ(DataOf(bench.Path(u"r.hex"_s)), Flash(model));
+    EXPECT_EQ(DataOf(bench.Path(u"r.eep"_s)), Eeprom(model));
+
+    static const QMap<FuseLayout, std::pair<QString, int>> kFuses = {
+        {FuseLayout::FSTRT, {u"FSTRT=Enable"_s, 0xFE}},
+        {FuseLayout::RCEN, {u"RCEN=Disable"_s, 0xFF}},
+        {FuseLayout::BodCksel, {u"CKSEL=1K CK"_s, 0xFF}},
+    };
+    const auto fuse = kFuses.constFind(model.fuseLayout);
+    if (fuse != kFuses.constEnd()) {
+        EXPECT_EQ(bench.Run({u"fuses"_s, fuse->first, u"LOCK=write"_s}), kDone) << bench.words;
+        EXPECT_EQ(bench.chip.Contents().fuses, fuse->second);
+        EXPECT_EQ(bench.chip.Contents().lock, 0xFD);
+        EXPECT_EQ(bench.Run({u"fuses"_s}), kDone);
+        EXPECT_NE(bench.words.find("LOCK = 書込み禁止"), std::string::npos) << bench.words;
+    }
+    EXPECT_EQ(bench.Run({u"lock"_s, u"full"_s}), kDone);
+    EXPECT_TRUE(bench.chip.ReadProtected());
+    EXPECT_EQ(bench.Run({u"detect"_s}), kRefused) << "protected";
+    EXPECT_EQ(bench.Run({u"erase"_s}), kDone) << bench.words;
+    EXPECT_EQ(bench.Run({u"detect"_s}), kDone);
+    EXPECT_EQ(bench.chip.Contents().flash, QByteArray(2 * model.flashWords, '\xFF'));
+    EXPECT_EQ(bench.chip.Contents().lock, 0xFF);
+}
+
+TEST(Firmware, CopesWithChipsAsTheyAre) {
+    constexpr int k1200 = 0, k2313 = 2, k2323 = 3, k4433 = 7;
+    struct Case {
+        const char* name;
+        int chip;
+        ChipHabits habits;
+    };
+    const Case cases[] = {
+        {"slow clock", k1200, {.ownClockHertz = 500'000}},
+        {"lowest supply", k2313, {.lowSupply = true}},
+        {"lowest supply, zero can't be polled", k2323, {.lowSupply = true}},
+        {"first enable missed", k2323, {.missedClocks = 1}},
+        {"several enables missed", k4433, {.missedClocks = 3}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        FirmwareBench bench(c.chip, c.habits);
+        EXPECT_EQ(Program(bench), kDone) << bench.words;
+    }
+}
+
+}  // namespace
+}  // namespace tolvex::testing
