@@ -130,7 +130,7 @@ const QString kGrammar =
 (?<Program>「」((?&nobody)|(?&found)(?&erase)(=2_|(?&unerased))<Flash[ ]Program[ ]Memory[ ]Programming[ ]!>
   ((?&passed)(?&write)|(?&refused)「プログラミングを中止しました。」)「プログラム終了しました。」))
 (?<Nothing>「」((?&nobody)|(?&found)(?&erase)(=2_|(?&unerased))<Flash[ ]Program[ ]Memory[ ]Programming[ ]!>
-  「(Lock[ ]bit[ ]&[ ]プログラム/EEPROMデータ[ ]メモリクリアー完了。)」『\g{-1}』「プログラム終了しました。」))
+  『(Lock[ ]bit[ ]&[ ]プログラム/EEPROMデータ[ ]メモリクリアー完了。)』「\g{-1}」「プログラム終了しました。」))
 (?<Erase>「」((?&nobody)|(?&found)(?&erase)(=2_「Lock[ ]bit[ ]&[ ]Flash[ ]&[ ]EEPROM[ ]メモリクリアー完了。」|(?&unerased))))
 (?<Verify>「」((?&nobody)|(?&found)<Flash[ ]Program[ ]Memory[ ]Verifying[ ]!>
   ((?&passed)(?&whole)|(?&refused)「ベリファイを中止しました。」)「ベリファイ終了しました。」))
@@ -339,7 +339,8 @@ class Sweep {
                  "what was read stays, the rest too");
         }
         Recorder fresh;
-        ListingFiles again({world.t.folders.listings, fresh, world.bench.state});
+        const Person reader = fresh.AsPerson();
+        ListingFiles again({world.t.folders.listings, reader, world.bench.state});
         again.RefreshFlashListing();
         again.RefreshEepromListing();
         must((!person.calls.contains(u"flash listing"_s) ||
