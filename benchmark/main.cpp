@@ -64,7 +64,8 @@ class Board {
 
 struct Run {
     double seconds = 0;
-    double share = 0;  ///< of a core
+    double answered = 0;  ///< seconds until it said something
+    double share = 0;     ///< of a core
     bool succeeded = false;
     QJsonObject report;
 };
@@ -81,8 +82,10 @@ Run RunProgram(const QString& program, const QStringList& arguments) {
     const double before = processor();
     timer.start();
     process.start(QCoreApplication::applicationDirPath() + u'/' + program, arguments);
-    process.waitForFinished(-1);
     Run run;
+    process.waitForReadyRead(-1);
+    run.answered = static_cast<double>(timer.nsecsElapsed()) / 1e9;
+    process.waitForFinished(-1);
     run.seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
     run.share = (processor() - before) / run.seconds;
     run.succeeded = process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
@@ -176,9 +179,13 @@ class Bench {
                           {"read", "Read", folder_ + u"/read.hex"_s}};
         for (const auto& operation : operations) {
             const QString name = QString::fromLatin1(operation.command);
-            RunProgram(u"tolvex-cli"_s, {name, operation.code, u"--quiet"_s, u"--trace"_s, trace});
+            QStringList call = {name, operation.code, u"--quiet"_s};
+            if (name == u"read"_s) {
+                call << u"--overwrite"_s;
+            }
+            RunProgram(u"tolvex-cli"_s, call + QStringList{u"--trace"_s, trace});
             const FloorRun floor = RunFloor(board.Path(), StepsOfTrace(trace));
-            const Run terminal = RunProgram(u"tolvex-cli"_s, {name, operation.code, u"--quiet"_s});
+            const Run terminal = RunProgram(u"tolvex-cli"_s, call);
             const QString title = u"%1 %2 words, "_s.arg(name).arg(device.words);
             const QString times = u"%1 s, floor %2 s%3"_s;
             Row(title + u"terminal / floor"_s, terminal.seconds / floor.seconds, {}, 1.03,
@@ -227,8 +234,8 @@ class Bench {
         for (int turn = 0; turn < (quick_ ? 3 : 11); ++turn) {
             const Run bare = RunProgram(u"tolvex_window_bench"_s, {u"empty"_s});
             const Run full = RunProgram(u"tolvex_window_bench"_s, {u"start"_s});
-            ours << full.seconds;
-            empty << bare.seconds;
+            ours << full.answered;
+            empty << bare.answered;
             megabytes =
                 full.report[u"megabytes"_s].toDouble() - bare.report[u"megabytes"_s].toDouble();
         }

@@ -70,6 +70,12 @@ class Stillness {
     qint64 longest_ = 0;
 };
 
+/// At once, so that the reader knows how long it took to come this far.
+void Print(const QJsonObject& result) {
+    std::puts(QJsonDocument(result).toJson(QJsonDocument::Compact).constData());
+    std::fflush(stdout);
+}
+
 void SettleWindows() {
     for (int pass = 0; pass < 3; ++pass) {
         QApplication::processEvents();
@@ -92,13 +98,13 @@ QJsonObject Measured(Work work) {
             {u"megabytes"_s, ResidentMegabytes()}};
 }
 
-QJsonObject EmptyWindow() {
+void EmptyWindow() {
     QMainWindow window;
     window.setCentralWidget(new QMdiArea);
     window.resize(753, 527);
     window.show();
     SettleWindows();
-    return {{u"megabytes"_s, ResidentMegabytes()}};
+    Print({{u"megabytes"_s, ResidentMegabytes()}});
 }
 
 void Rest(std::chrono::seconds time) {
@@ -108,7 +114,7 @@ void Rest(std::chrono::seconds time) {
 }
 
 /// The program in front of the port that the stored settings name, without any first-start dialog.
-QJsonObject Tolvex(const QString& task, const QString& argument, const QString& record) {
+void Tolvex(const QString& task, const QString& argument, const QString& record) {
     QTemporaryDir folder;
     const AppDir folders{folder.path() + u'/', {folder.path() + u'/'}};
     SettingsFile settings(SettingsPath());
@@ -129,7 +135,9 @@ QJsonObject Tolvex(const QString& task, const QString& argument, const QString& 
     SettleWindows();
     QJsonObject result{{u"megabytes"_s, ResidentMegabytes()}};
     if (task == u"idle"_s) {
-        result = Measured([&argument] { Rest(std::chrono::seconds(argument.toInt())); });
+        const double before = ProcessorSeconds();
+        Rest(std::chrono::seconds(argument.toInt()));
+        result[u"share"_s] = (ProcessorSeconds() - before) / argument.toInt();
     } else if (task == u"open"_s) {
         result = Measured([&] { Q_EMIT program.Window().FilesDropped({argument}); });
     } else if (task != u"start"_s) {
@@ -137,11 +145,16 @@ QJsonObject Tolvex(const QString& task, const QString& argument, const QString& 
             Q_EMIT program.Window().FilesDropped({argument});
         }
         auto* button = program.Window().findChild<QAbstractButton*>(task);
-        result = Measured([button] { button->click(); });
+        result = Measured([&program, button] {
+            button->click();  // which only asks for the run
+            do {
+                QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+            } while (!program.Window().Tools().isEnabled());
+        });
         result[u"status"_s] = program.Window().Panels().PanelText(1);
     }
+    Print(result);
     program.ShutDown();
-    return result;
 }
 
 }  // namespace
@@ -152,10 +165,11 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Tolvex"));
     QApplication::setFont(tolvex::WindowFont());
     const QString task = QApplication::arguments().value(1);
-    const QJsonObject result = task == QStringLiteral("empty")
-                                   ? tolvex::bench::EmptyWindow()
-                                   : tolvex::bench::Tolvex(task, QApplication::arguments().value(2),
-                                                           QApplication::arguments().value(3));
-    std::puts(QJsonDocument(result).toJson(QJsonDocument::Compact).constData());
+    if (task == QStringLiteral("empty")) {
+        tolvex::bench::EmptyWindow();
+    } else {
+        const QStringList arguments = QApplication::arguments();
+        tolvex::bench::Tolvex(task, arguments.value(2), arguments.value(3));
+    }
     return 0;
 }

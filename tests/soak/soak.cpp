@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 namespace tolvex::testing {
 namespace {
 
-/// Real time, twenty times as fast: pauses and time-outs are not what is soaked here.
+/// Real time, eight times as fast: pauses and time-outs are not what is soaked here.
 class HastyClock : public EventClock {
   public:
     Instant Now() const override { return clock_.Now() * kHaste; }
@@ -27,7 +27,7 @@ class HastyClock : public EventClock {
     void End() override { clock_.End(); }
 
   private:
-    static constexpr int kHaste = 20;
+    static constexpr int kHaste = 8;
     EventLoopClock clock_;
 };
 

@@ -49,7 +49,7 @@ sleep 0.5
 "$bin/tolvex-cli" read "$scratch/new.hex" --port "$scratch/board" --device AT90S1200 --quiet
 for ((i = 0; i < times; ++i)); do
     printf 'old\n' | tee "$scratch/out.hex" >"$scratch/out.eep"
-    "$bin/tolvex-cli" read "$scratch/out.hex" --port "$scratch/board" --device AT90S1200 --quiet &
+    "$bin/tolvex-cli" read "$scratch/out.hex" --overwrite --port "$scratch/board" --device AT90S1200 --quiet &
     tool=$!
     sleep "1.$(moment 700 | cut -c3-)"
     kill -KILL "$tool" 2>/dev/null || true
