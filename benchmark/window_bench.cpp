@@ -143,6 +143,7 @@ void Tolvex(const QString& task, const QString& argument, const QString& record)
     } else if (task != u"start"_s) {
         if (!argument.isEmpty()) {
             Q_EMIT program.Window().FilesDropped({argument});
+            SettleWindows();
         }
         auto* button = program.Window().findChild<QAbstractButton*>(task);
         result = Measured([&program, button] {

@@ -40,7 +40,7 @@ bool Await(int terminal, qsizetype count) {
 void StepCollector::Sent(std::chrono::microseconds at, const QByteArray& bytes) {
     const auto gap = steps.isEmpty() ? 0us : at - last_;
     const auto pause =
-        gap < 50ms ? 0us : std::chrono::round<std::chrono::duration<int, std::deci>>(gap);
+        gap < 90ms ? 0us : std::chrono::round<std::chrono::duration<int, std::deci>>(gap);
     steps.append({std::chrono::duration_cast<std::chrono::microseconds>(pause), bytes, 0});
     last_ = at;
 }

@@ -16,7 +16,7 @@ struct WireStep {
     qsizetype reply = 0;
 };
 
-/// Collects steps from what a client really did. A gap behind a reply counts as a pause from 50 ms
+/// Collects steps from what a client really did. A gap behind a reply counts as a pause from 90 ms
 /// on, rounded to whole tenths of a second: the rest is what the client takes longer than need be.
 class StepCollector {
   public:
