@@ -158,7 +158,13 @@ bool HelpWindow::Read(const QString& file) {
         return false;
     }
     page_->setSearchPaths({QFileInfo(file).absolutePath()});  // pictures beside the text
-    page_->setMarkdown(QString::fromUtf8(source.readAll()));
+    // Read before it is shown: a shown document is laid out anew with every piece that comes in,
+    // which takes a second for a text of this length.
+    auto* text = new QTextDocument(page_);
+    text->setDefaultFont(page_->document()->defaultFont());
+    text->setMarkdown(QString::fromUtf8(source.readAll()));
+    const std::unique_ptr<QTextDocument> old(std::exchange(text_, text));
+    page_->setDocument(text);
     return true;
 }
 

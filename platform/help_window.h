@@ -13,6 +13,7 @@ class QLabel;
 class QLineEdit;
 class QTextBlock;
 class QTextBrowser;
+class QTextDocument;
 class QToolButton;
 class QTreeWidget;
 class QTreeWidgetItem;
@@ -52,6 +53,7 @@ class HelpWindow : public QMainWindow {
     void UpdateButtons();
 
     QTextBrowser* page_;
+    QTextDocument* text_ = nullptr;  ///< what the page shows, once a file was read; owned by it
     QTreeWidget* contents_;
     QLineEdit* search_;
     QLabel* found_;
