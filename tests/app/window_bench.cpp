@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/app/window_bench.h"
 
-#include <gtest/gtest.h>
-#include <QApplication>
-#include <QPushButton>
 #include <QTimer>
 
 #include "writer/chip_models.h"
@@ -18,13 +15,7 @@ WindowBench::WindowBench(int chipIndex)
       port(board, clock, 0),
       folders{folder.path() + u'/', {folder.path() + u'/'}},
       comPorts(folder.path()),
-      program({.port = port,
-               .clock = clock,
-               .settings = settings,
-               .folders = folders,
-               .comPorts = comPorts,
-               .dialogs = person,
-               .help = help}) {
+      program({port, clock, settings, folders, comPorts, person, help}) {
     settings.values = {{u"Index_First_Flag"_s, u"1"_s},
                        {u"Index_Com_Flag"_s, u"1"_s},
                        {u"ComNox"_s, u"1"_s},
@@ -49,18 +40,28 @@ void WindowBench::Choose(const char* item) {
     QApplication::processEvents();
 }
 
+void WindowBench::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(&window, key, modifiers);
+    QApplication::processEvents();
+}
+
 void WindowBench::OpenSample() {
     person.fileAnswers = {Chosen(QStringLiteral(TOLVEX_SOURCE_DIR "/samples/blink.hex"))};
     Click("Open");
 }
 
 QMdiSubWindow* WindowBench::Child(const char* name) {
-    for (QMdiSubWindow* window : program.Window().Area().subWindowList()) {
-        if (window->widget()->objectName() == QString::fromLatin1(name)) {
-            return window;
+    for (QMdiSubWindow* child : window.Area().subWindowList()) {
+        if (child->widget()->objectName() == QString::fromLatin1(name)) {
+            return child;
         }
     }
     return nullptr;
+}
+
+QString WindowBench::Focus() {
+    const QWidget* focus = window.focusWidget();
+    return focus == nullptr ? QString() : focus->objectName();
 }
 
 QString WindowBench::Message() {
