@@ -9,10 +9,10 @@ namespace tolvex::testing {
 
 using namespace Qt::StringLiterals;
 
-WindowBench::WindowBench(int chipIndex)
+WindowBench::WindowBench(int chipIndex, int baud)
     : chip(*FindChipModel(QString::number(chipIndex))),
       board(&chip),
-      port(board, clock, 0),
+      port(board, clock, baud),
       folders{folder.path() + u'/', {folder.path() + u'/'}},
       comPorts(folder.path()),
       program({port, clock, settings, folders, comPorts, person, help}) {

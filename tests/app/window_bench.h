@@ -24,7 +24,8 @@ class WindowBench {
   public:
     /// `chip` is an index of the device list. Both first-start dialogs have been shown before, and
     /// COM1 is chosen, unless the caller changes `settings` before `Start`.
-    explicit WindowBench(int chip = 0);
+    /// With 0 baud a reply is there at once, so that only pauses yield.
+    explicit WindowBench(int chip = 0, int baud = 0);
 
     /// Starts the program and waits until the windows stand.
     void Start();

@@ -1,0 +1,305 @@
+// SPDX-License-Identifier: MIT
+// tolvex_bench [--quick] [--json FILE]: how fast Tolvex is, against the fastest that the line and
+// the toolkit allow, each pair measured in turn. `./bench` builds and starts it.
+#include <sys/resource.h>
+#include <sys/utsname.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QThread>
+#include <algorithm>
+#include <cstdio>
+#include <random>
+
+#include "benchmark/wire_steps.h"
+#include "image/hex_writer.h"
+#include "platform/settings_file.h"
+
+namespace tolvex::bench {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+struct Device {
+    const char* name;
+    int index;
+    int words;
+    int bytes;
+};
+
+/// A simulated writer of its own process, at COM1 of the settings that everything here uses.
+class Board {
+  public:
+    Board(const QString& folder, const Device& device, const QStringList& options = {}) {
+        path_ = folder + u"/Tolvex/ports/com1"_s;
+        QDir().mkpath(folder + u"/Tolvex/ports"_s);
+        process_.start(
+            QCoreApplication::applicationDirPath() + u"/tolvex-writer"_s,
+            QStringList{u"--link"_s, path_, u"--device"_s, QString::fromLatin1(device.name)} +
+                options);
+        process_.waitForReadyRead();
+        SettingsFile settings(SettingsPath());
+        settings.SaveSetting(u"ComNox"_s, u"1"_s);
+        settings.SaveSetting(u"Index_Com_Flag"_s, u"1"_s);
+        settings.SaveSetting(u"Index_First_Flag"_s, u"1"_s);
+        settings.SaveSetting(u"device"_s, QString::number(device.index));
+    }
+    ~Board() {
+        process_.terminate();
+        process_.waitForFinished();
+    }
+    QString Path() const { return path_; }
+
+  private:
+    QProcess process_;
+    QString path_;
+};
+
+struct Run {
+    double seconds = 0;
+    double answered = 0;  ///< seconds until it said something
+    double share = 0;     ///< of a core
+    bool succeeded = false;
+    QJsonObject report;
+};
+
+Run RunProgram(const QString& program, const QStringList& arguments) {
+    const auto processor = [] {
+        rusage used{};
+        ::getrusage(RUSAGE_CHILDREN, &used);
+        return static_cast<double>(used.ru_utime.tv_sec + used.ru_stime.tv_sec) +
+               static_cast<double>(used.ru_utime.tv_usec + used.ru_stime.tv_usec) / 1e6;
+    };
+    QProcess process;
+    QElapsedTimer timer;
+    const double before = processor();
+    timer.start();
+    process.start(QCoreApplication::applicationDirPath() + u'/' + program, arguments);
+    Run run;
+    process.waitForReadyRead(-1);
+    run.answered = static_cast<double>(timer.nsecsElapsed()) / 1e9;
+    process.waitForFinished(-1);
+    run.seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
+    run.share = (processor() - before) / run.seconds;
+    run.succeeded = process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
+    run.report = QJsonDocument::fromJson(process.readAllStandardOutput()).object();
+    return run;
+}
+
+double Median(QList<double> values) {
+    std::ranges::sort(values);
+    return values.isEmpty() ? 0 : values[values.size() / 2];
+}
+
+class Bench {
+  public:
+    Bench(const QString& folder, bool quick) : folder_(folder), quick_(quick) {}
+
+    QJsonObject MeasureAll() {
+        for (const Device& device :
+             {Device{"AT90S1200", 0, 512, 64}, Device{"AT90S2313", 2, 1024, 128},
+              Device{"AT90S8515", 8, 4096, 512}}) {
+            if (!quick_ || device.words == 512) {
+                MeasureOperations(device);
+            }
+        }
+        MeasureLatency();
+        MeasureStart();
+        MeasureFiles();
+        MeasureIdle();
+        return {{u"machine"_s, Machine()}, {u"rows"_s, rows_}};
+    }
+
+  private:
+    static QString Machine() {
+        utsname system{};
+        ::uname(&system);
+        QFile processor(u"/proc/cpuinfo"_s);
+        QString model;
+        if (processor.open(QIODevice::ReadOnly)) {
+            const QByteArray text = processor.readAll();
+            model = QString::fromLatin1(text.mid(text.indexOf("model name")).split('\n')[0])
+                        .section(u": "_s, 1);
+        }
+        return u"%1 x %2, Linux %3"_s.arg(QString::number(QThread::idealThreadCount()), model,
+                                          QString::fromLatin1(system.release));
+    }
+
+    /// `goal` is the most that is wanted; 0 = none.
+    void Row(const QString& what, double value, const QString& unit, double goal = 0,
+             const QString& against = {}) {
+        const QString mark = goal == 0 ? QString() : value <= goal ? u"ok"_s : u"over"_s;
+        const QString line = u"%1 %2 %3 %4 %5 %6"_s.arg(what, -44)
+                                 .arg(value, 10, 'f', 3)
+                                 .arg(unit, -6)
+                                 .arg(goal == 0 ? QString() : u"<= %1"_s.arg(goal), -8)
+                                 .arg(mark, -5)
+                                 .arg(against);
+        std::puts(qUtf8Printable(line));
+        std::fflush(stdout);
+        rows_ << QJsonObject{{u"what"_s, what},
+                             {u"value"_s, value},
+                             {u"unit"_s, unit},
+                             {u"goal"_s, goal},
+                             {u"against"_s, against}};
+    }
+
+    QString RandomFiles(const Device& device) const {
+        MemoryImages images;
+        std::mt19937 random(1);
+        std::generate_n(images.flash.begin(), 2 * device.words,
+                        [&random] { return static_cast<std::uint8_t>(random()); });
+        std::generate_n(images.eeprom.begin(), device.bytes,
+                        [&random] { return static_cast<std::uint8_t>(random()); });
+        const QString stem = folder_ + u"/random"_s;
+        WriteCodeHex(stem + u".hex"_s, images.flash, device.words);
+        WriteDataHex(stem + u".eep"_s, images.eeprom, device.bytes);
+        return stem;
+    }
+
+    /// Program, verify and read on the terminal and in the window, and the same steps by the floor
+    /// client, in turn on one board.
+    void MeasureOperations(const Device& device) {
+        const Board board(folder_, device);
+        const QString stem = RandomFiles(device);
+        const QString trace = folder_ + u"/trace"_s;
+        const struct {
+            const char* command;
+            const char* button;
+            QString code;
+        } operations[] = {{"program", "Program", stem + u".hex"_s},
+                          {"verify", "Verify", stem + u".hex"_s},
+                          {"read", "Read", folder_ + u"/read.hex"_s}};
+        for (const auto& operation : operations) {
+            const QString name = QString::fromLatin1(operation.command);
+            QStringList call = {name, operation.code, u"--quiet"_s};
+            if (name == u"read"_s) {
+                call << u"--overwrite"_s;
+            }
+            RunProgram(u"tolvex-cli"_s, call + QStringList{u"--trace"_s, trace});
+            const FloorRun floor = RunFloor(board.Path(), StepsOfTrace(trace));
+            const Run terminal = RunProgram(u"tolvex-cli"_s, call);
+            const QString title = u"%1 %2 words, "_s.arg(name).arg(device.words);
+            const QString times = u"%1 s, floor %2 s%3"_s;
+            Row(title + u"terminal / floor"_s, terminal.seconds / floor.seconds, {}, 1.03,
+                times.arg(QString::number(terminal.seconds, 'f', 3),
+                          QString::number(floor.seconds, 'f', 3),
+                          terminal.succeeded && floor.complete ? QString() : u" FAILED"_s));
+            Row(title + u"terminal, share of a core"_s, 100 * terminal.share, u"%"_s, 4);
+            MeasureWindow(board, operation.button, operation.code, title);
+        }
+    }
+
+    void MeasureWindow(const Board& board, const char* button, const QString& code,
+                       const QString& title) {
+        const QString record = folder_ + u"/window.trace"_s;
+        QFile::remove(record);
+        const QStringList task = {QString::fromLatin1(button), code};
+        RunProgram(u"tolvex_window_bench"_s, task + QStringList{record});
+        const FloorRun floor = RunFloor(board.Path(), StepsOfTrace(record));
+        const Run window = RunProgram(u"tolvex_window_bench"_s, task);
+        const double seconds = window.report[u"seconds"_s].toDouble();
+        Row(title + u"window / floor"_s, seconds / floor.seconds, {}, 1.06,
+            u"%1 s, floor %2 s%3"_s.arg(QString::number(seconds, 'f', 3),
+                                        QString::number(floor.seconds, 'f', 3),
+                                        floor.complete ? QString() : u" FAILED"_s));
+        Row(title + u"window, share of a core"_s, 100 * window.report[u"share"_s].toDouble(),
+            u"%"_s, 6);
+    }
+
+    /// The simulated adapter can't be told to hurry, as a real one can; so this is the price of the
+    /// mode that Tolvex takes away.
+    void MeasureLatency() {
+        const Device device{"AT90S1200", 0, 512, 64};
+        const QString code = RandomFiles(device) + u".hex"_s;
+        for (const char* latency : {"0", "16"}) {
+            const Board board(folder_, device, {u"--latency"_s, QString::fromLatin1(latency)});
+            RunProgram(u"tolvex-cli"_s, {u"program"_s, code, u"--quiet"_s});
+            const Run run = RunProgram(u"tolvex-cli"_s, {u"verify"_s, code, u"--quiet"_s});
+            Row(u"verify 512 words, adapter with a %1 ms timer"_s.arg(QLatin1StringView(latency)),
+                run.seconds, u"s"_s);
+        }
+    }
+
+    void MeasureStart() {
+        QList<double> ours, empty;
+        double megabytes = 0;
+        for (int turn = 0; turn < (quick_ ? 3 : 11); ++turn) {
+            const Run bare = RunProgram(u"tolvex_window_bench"_s, {u"empty"_s});
+            const Run full = RunProgram(u"tolvex_window_bench"_s, {u"start"_s});
+            ours << full.answered;
+            empty << bare.answered;
+            megabytes =
+                full.report[u"megabytes"_s].toDouble() - bare.report[u"megabytes"_s].toDouble();
+        }
+        Row(u"start to painted windows / empty window"_s, Median(ours) / Median(empty), {}, 1.3,
+            u"%1 s, empty %2 s"_s.arg(QString::number(Median(ours), 'f', 3),
+                                      QString::number(Median(empty), 'f', 3)));
+        Row(u"memory above an empty window"_s, megabytes, u"MB"_s, 20);
+    }
+
+    void MeasureFiles() {
+        const Device device{"AT90S8515", 8, 4096, 512};
+        const QString code = RandomFiles(device) + u".hex"_s;
+        const Run small = RunProgram(u"tolvex_window_bench"_s, {u"open"_s, code});
+        Row(u"open 8 KB until both listings are painted"_s,
+            1000 * small.report[u"seconds"_s].toDouble(), u"ms"_s);
+        for (const int megabytes : {10, 100}) {
+            const QString path = folder_ + u"/large.hex"_s;
+            QFile file(path);
+            if ((quick_ && megabytes > 10) || !file.open(QIODevice::WriteOnly)) {
+                continue;
+            }
+            const QByteArray record = ":10000000000102030405060708090A0B0C0D0E0F78\r\n";
+            for (qsizetype size = 0; size < megabytes * 1'000'000LL; size += record.size()) {
+                file.write(record);
+            }
+            file.close();
+            const Run large = RunProgram(u"tolvex_window_bench"_s, {u"open"_s, path});
+            Row(u"open %1 MB"_s.arg(megabytes), large.report[u"seconds"_s].toDouble(), u"s"_s);
+            Row(u"open %1 MB, longest without a repaint"_s.arg(megabytes),
+                large.report[u"stillness"_s].toDouble(), u"s"_s);
+        }
+    }
+
+    void MeasureIdle() {
+        const Run idle =
+            RunProgram(u"tolvex_window_bench"_s, {u"idle"_s, quick_ ? u"5"_s : u"30"_s});
+        Row(u"at rest, share of a core"_s, 100 * idle.report[u"share"_s].toDouble(), u"%"_s, 0.1);
+    }
+
+    QString folder_;
+    bool quick_;
+    QJsonArray rows_;
+};
+
+}  // namespace
+}  // namespace tolvex::bench
+
+int main(int argc, char** argv) {
+    using namespace Qt::StringLiterals;
+    const QTemporaryDir folder;
+    // Nothing of the person's own is touched, and no screen is needed.
+    for (const char* variable : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR"}) {
+        qputenv(variable, folder.path().toLocal8Bit());
+    }
+    qputenv("QT_QPA_PLATFORM",
+            qEnvironmentVariable("TOLVEX_BENCH_PLATFORM", u"offscreen"_s).toLatin1());
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    const QJsonObject result =
+        tolvex::bench::Bench(folder.path(), arguments.contains(u"--quick"_s)).MeasureAll();
+    const qsizetype json = arguments.indexOf(u"--json"_s);
+    QFile file(arguments.value(json + 1));
+    return json < 0 || (file.open(QIODevice::WriteOnly) &&
+                        file.write(QJsonDocument(result).toJson()) > 0)
+               ? 0
+               : 1;
+}

@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: MIT
+// The window program as it is measured: tolvex_window_bench TASK [ARGUMENT [RECORD]]. It prints
+// one JSON object and ends.
+#include <sys/resource.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QMainWindow>
+#include <QMdiArea>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <cstdio>
+
+#include "app/window_program.h"
+#include "benchmark/recording_port.h"
+#include "platform/event_loop_clock.h"
+#include "platform/help_window.h"
+#include "platform/qt_serial_port.h"
+#include "platform/settings_file.h"
+#include "platform/window_dialogs.h"
+#include "widgets/fonts.h"
+
+namespace tolvex::bench {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+double ProcessorSeconds() {
+    rusage used{};
+    ::getrusage(RUSAGE_SELF, &used);
+    const auto seconds = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+    };
+    return seconds(used.ru_utime) + seconds(used.ru_stime);
+}
+
+double ResidentMegabytes() {
+    QFile status(u"/proc/self/status"_s);
+    if (!status.open(QIODevice::ReadOnly)) {
+        return 0;
+    }
+    const QByteArray text = status.readAll();
+    return text.mid(text.indexOf("VmRSS:") + 6).simplified().split(' ')[0].toDouble() / 1024;
+}
+
+/// The longest time between two passes of the event loop, which is how long a window stands still.
+class Stillness {
+  public:
+    Stillness() {
+        QObject::connect(&timer_, &QTimer::timeout, [this] { Look(); });
+        timer_.start(5);
+        passed_.start();
+    }
+    double Longest() {
+        Look();
+        return static_cast<double>(longest_) / 1e9;
+    }
+
+  private:
+    void Look() {
+        longest_ = std::max(longest_, passed_.nsecsElapsed());
+        passed_.start();
+    }
+    QTimer timer_;
+    QElapsedTimer passed_;
+    qint64 longest_ = 0;
+};
+
+/// At once, so that the reader knows how long it took to come this far.
+void Print(const QJsonObject& result) {
+    std::puts(QJsonDocument(result).toJson(QJsonDocument::Compact).constData());
+    std::fflush(stdout);
+}
+
+void SettleWindows() {
+    for (int pass = 0; pass < 3; ++pass) {
+        QApplication::processEvents();
+    }
+}
+
+/// Runs `work` to its end and to the last repaint.
+template <typename Work>
+QJsonObject Measured(Work work) {
+    Stillness stillness;
+    QElapsedTimer timer;
+    const double before = ProcessorSeconds();
+    timer.start();
+    work();
+    SettleWindows();
+    const double seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
+    return {{u"seconds"_s, seconds},
+            {u"share"_s, (ProcessorSeconds() - before) / seconds},
+            {u"stillness"_s, stillness.Longest()},
+            {u"megabytes"_s, ResidentMegabytes()}};
+}
+
+void EmptyWindow() {
+    QMainWindow window;
+    window.setCentralWidget(new QMdiArea);
+    window.resize(753, 527);
+    window.show();
+    SettleWindows();
+    Print({{u"megabytes"_s, ResidentMegabytes()}});
+}
+
+void Rest(std::chrono::seconds time) {
+    QEventLoop loop;
+    QTimer::singleShot(time, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+/// The program in front of the port that the stored settings name, without any first-start dialog.
+void Tolvex(const QString& task, const QString& argument, const QString& record) {
+    QTemporaryDir folder;
+    const AppDir folders{folder.path() + u'/', {folder.path() + u'/'}};
+    SettingsFile settings(SettingsPath());
+    const ComPorts comPorts(ConfigFolder());
+    QtSerialPort device(comPorts);
+    EventLoopClock clock;
+    RecordingPort port(device, clock, record);
+    WindowDialogs dialogs([] { return nullptr; });
+    WindowHelp help;
+    WindowProgram program({.port = port,
+                           .clock = clock,
+                           .settings = settings,
+                           .folders = folders,
+                           .comPorts = comPorts,
+                           .dialogs = dialogs,
+                           .help = help});
+    program.Start();
+    SettleWindows();
+    QJsonObject result{{u"megabytes"_s, ResidentMegabytes()}};
+    if (task == u"idle"_s) {
+        const double before = ProcessorSeconds();
+        Rest(std::chrono::seconds(argument.toInt()));
+        result[u"share"_s] = (ProcessorSeconds() - before) / argument.toInt();
+    } else if (task == u"open"_s) {
+        result = Measured([&] { Q_EMIT program.Window().FilesDropped({argument}); });
+    } else if (task != u"start"_s) {
+        if (!argument.isEmpty()) {
+            Q_EMIT program.Window().FilesDropped({argument});
+            SettleWindows();
+        }
+        auto* button = program.Window().findChild<QAbstractButton*>(task);
+        result = Measured([&program, button] {
+            button->click();  // which only asks for the run
+            do {
+                QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+            } while (!program.Window().Tools().isEnabled());
+        });
+        result[u"status"_s] = program.Window().Panels().PanelText(1);
+    }
+    Print(result);
+    program.ShutDown();
+}
+
+}  // namespace
+}  // namespace tolvex::bench
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Tolvex"));
+    QApplication::setFont(tolvex::WindowFont());
+    const QString task = QApplication::arguments().value(1);
+    if (task == QStringLiteral("empty")) {
+        tolvex::bench::EmptyWindow();
+    } else {
+        const QStringList arguments = QApplication::arguments();
+        tolvex::bench::Tolvex(task, arguments.value(2), arguments.value(3));
+    }
+    return 0;
+}
