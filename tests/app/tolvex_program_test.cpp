@@ -31,7 +31,8 @@ TEST(TolvexProgram, IgnoresArgumentsAndEndsInOrderWhenTheSystemAsks) {
                              "Index_Com_Flag=" + flag);
         auto environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
-        for (const QString& folder : {u"XDG_CONFIG_HOME"_s, u"XDG_RUNTIME_DIR"_s, u"HOME"_s}) {
+        for (const QString& folder :
+             {u"XDG_CONFIG_HOME"_s, u"XDG_RUNTIME_DIR"_s, u"TMPDIR"_s, u"HOME"_s}) {
             environment.insert(folder, dir.path());
         }
         QProcess program, second;

@@ -27,21 +27,9 @@ void WindowBench::Start() {
     QApplication::processEvents();
 }
 
-void WindowBench::Click(const char* button) {
-    auto* found = Find<QAbstractButton>(button);
-    ASSERT_NE(found, nullptr) << button;
-    found->click();
-    QApplication::processEvents();
-}
-
-void WindowBench::Choose(const char* item) {
-    ASSERT_NE(Item(item), nullptr) << item;
-    Item(item)->trigger();
-    QApplication::processEvents();
-}
-
-void WindowBench::Press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
-    QTest::keyClick(&window, key, modifiers);
+void WindowBench::Click(const char* name) {
+    ASSERT_TRUE(Item(name) != nullptr || Find<QAbstractButton>(name) != nullptr) << name;
+    Item(name) != nullptr ? Item(name)->trigger() : Find<QAbstractButton>(name)->click();
     QApplication::processEvents();
 }
 

@@ -8,7 +8,6 @@
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QToolButton>
 
 #include "app/window_program.h"
@@ -37,12 +36,9 @@ class WindowBench {
     QAction* Item(const char* name) { return Find<QAction>(name); }
     QMdiSubWindow* Child(const char* name);
     void Type(const char* box, const QString& text) { Find<QLineEdit>(box)->setText(text); }
-    QString Listing() { return Find<QPlainTextEdit>("txtPrg")->toPlainText(); }
     QString Focus();  ///< the name of the control that the keyboard would reach
     /// Clicks a button or chooses a menu item, and waits for what it does.
-    void Click(const char* button);
-    void Choose(const char* item);
-    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void Click(const char* name);
     /// Opens the sample, whose code and data both fit every chip.
     void OpenSample();
     /// What the message dialog says now; null while there is none.
