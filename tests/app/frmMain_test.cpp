@@ -140,7 +140,7 @@ TEST(MainWindow, APanelThatBeginsWithComOpensThePortDialog) {
         EXPECT_EQ(list->itemData(7, Qt::ToolTipRole).toString(), com7);
         EXPECT_EQ(dialog.focusWidget(), list);
     });
-    b.AnswerDialogs({u"Command_cancel"_s, u"Command_cancel"_s});
+    b.AnswerDialogs(QStringList(4, u"Command_cancel"_s));  // more than should come
     auto* panel = b.Find<QWidget>("Panel5");
     QTest::mouseClick(b.Find<QWidget>("Panel1"), Qt::LeftButton);
     QTest::mouseClick(panel, Qt::RightButton);
