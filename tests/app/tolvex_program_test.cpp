@@ -4,10 +4,9 @@
 #include <signal.h>
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <QThread>
+#include <QTest>
 
 #include "tests/support/real_files.h"
 
@@ -22,8 +21,8 @@ TEST(TolvexProgram, IgnoresArgumentsAndEndsInOrderWhenTheSystemAsks) {
     // The last row ends under the port dialog of a first start.
     for (const auto& [number, flag] : {std::pair(SIGTERM, '1'), {SIGINT, '1'}, {SIGHUP, '0'}}) {
         QTemporaryDir dir;  // with a copy of the program, because its listings lie beside it
-        const auto bytes = [&dir](const char* name) {
-            return testing::Bytes(dir.filePath(QString::fromLatin1(name)));
+        const auto bytes = [&dir](const QString& name) {
+            return testing::Bytes(dir.filePath(name));
         };
         QFile::copy(QStringLiteral(TOLVEX_BIN_DIR "/tolvex"), dir.filePath(u"tolvex"_s));
         QDir(dir.path()).mkpath(u"Tolvex"_s);
@@ -32,8 +31,9 @@ TEST(TolvexProgram, IgnoresArgumentsAndEndsInOrderWhenTheSystemAsks) {
                              "Index_Com_Flag=" + flag);
         auto environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
-        for (const char* folder : {"XDG_CONFIG_HOME", "XDG_RUNTIME_DIR", "TMPDIR", "HOME"}) {
-            environment.insert(QString::fromLatin1(folder), dir.path());
+        for (const QString& folder :
+             {u"XDG_CONFIG_HOME"_s, u"XDG_RUNTIME_DIR"_s, u"TMPDIR"_s, u"HOME"_s}) {
+            environment.insert(folder, dir.path());
         }
         QProcess program, second;
         for (QProcess* one : {&program, &second}) {
@@ -43,21 +43,17 @@ TEST(TolvexProgram, IgnoresArgumentsAndEndsInOrderWhenTheSystemAsks) {
         }
         program.start();
         ASSERT_TRUE(program.waitForStarted());
-        QElapsedTimer waited;
-        for (waited.start(); bytes("avreep.txt").isEmpty() && waited.elapsed() < kPatience;) {
-            QThread::msleep(10);
-        }
-        EXPECT_EQ(bytes("avrhex.txt").count('\n'), 128);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !bytes(u"avreep.txt"_s).isEmpty(); }, kPatience));
+        EXPECT_EQ(bytes(u"avrhex.txt"_s).count('\n'), 128);
         second.start();  // one at a time
         EXPECT_TRUE(second.waitForFinished(kPatience) && second.exitCode() == 0);
         ::kill(static_cast<pid_t>(program.processId()), number);
         ASSERT_TRUE(program.waitForFinished(kPatience)) << number;
-        EXPECT_EQ(program.exitStatus(), QProcess::NormalExit) << number;
-        EXPECT_EQ(program.exitCode(), 0) << number;
+        EXPECT_TRUE(program.exitStatus() == QProcess::NormalExit && program.exitCode() == 0);
         for (const char* line : {"MainLeft=3000", "MainWidth=11295", "SetTop=45"}) {
-            EXPECT_TRUE(bytes("Tolvex/Tolvex.conf").contains(line)) << number << line;
+            EXPECT_TRUE(bytes(u"Tolvex/Tolvex.conf"_s).contains(line)) << number << line;
         }
-        EXPECT_TRUE(bytes("avrhex.txt").isEmpty());
+        EXPECT_TRUE(bytes(u"avrhex.txt"_s).isEmpty());
     }
 }
 

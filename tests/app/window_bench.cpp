@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tests/app/window_bench.h"
 
-#include <gtest/gtest.h>
-#include <QApplication>
-#include <QPushButton>
 #include <QTimer>
 
 #include "writer/chip_models.h"
@@ -18,13 +15,7 @@ WindowBench::WindowBench(int chipIndex, int baud)
       port(board, clock, baud),
       folders{folder.path() + u'/', {folder.path() + u'/'}},
       comPorts(folder.path()),
-      program({.port = port,
-               .clock = clock,
-               .settings = settings,
-               .folders = folders,
-               .comPorts = comPorts,
-               .dialogs = person,
-               .help = help}) {
+      program({port, clock, settings, folders, comPorts, person, help}) {
     settings.values = {{u"Index_First_Flag"_s, u"1"_s},
                        {u"Index_Com_Flag"_s, u"1"_s},
                        {u"ComNox"_s, u"1"_s},
@@ -36,16 +27,9 @@ void WindowBench::Start() {
     QApplication::processEvents();
 }
 
-void WindowBench::Click(const char* button) {
-    auto* found = Find<QAbstractButton>(button);
-    ASSERT_NE(found, nullptr) << button;
-    found->click();
-    QApplication::processEvents();
-}
-
-void WindowBench::Choose(const char* item) {
-    ASSERT_NE(Item(item), nullptr) << item;
-    Item(item)->trigger();
+void WindowBench::Click(const char* name) {
+    ASSERT_TRUE(Item(name) != nullptr || Find<QAbstractButton>(name) != nullptr) << name;
+    Item(name) != nullptr ? Item(name)->trigger() : Find<QAbstractButton>(name)->click();
     QApplication::processEvents();
 }
 
@@ -55,12 +39,17 @@ void WindowBench::OpenSample() {
 }
 
 QMdiSubWindow* WindowBench::Child(const char* name) {
-    for (QMdiSubWindow* window : program.Window().Area().subWindowList()) {
-        if (window->widget()->objectName() == QString::fromLatin1(name)) {
-            return window;
+    for (QMdiSubWindow* child : window.Area().subWindowList()) {
+        if (child->widget()->objectName() == QString::fromLatin1(name)) {
+            return child;
         }
     }
     return nullptr;
+}
+
+QString WindowBench::Focus() {
+    const QWidget* focus = window.focusWidget();
+    return focus == nullptr ? QString() : focus->objectName();
 }
 
 QString WindowBench::Message() {

@@ -1,8 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QAction>
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPlainTextEdit>
 #include <QTemporaryDir>
+#include <QToolButton>
 
 #include "app/window_program.h"
 #include "tests/support/recorder.h"
@@ -25,18 +31,19 @@ class WindowBench {
 
     template <typename Widget>
     Widget* Find(const char* name) {
-        return program.Window().findChild<Widget*>(QString::fromLatin1(name));
+        return window.findChild<Widget*>(QString::fromLatin1(name));
     }
     QAction* Item(const char* name) { return Find<QAction>(name); }
     QMdiSubWindow* Child(const char* name);
+    void Type(const char* box, const QString& text) { Find<QLineEdit>(box)->setText(text); }
+    QString Focus();  ///< the name of the control that the keyboard would reach
     /// Clicks a button or chooses a menu item, and waits for what it does.
-    void Click(const char* button);
-    void Choose(const char* item);
+    void Click(const char* name);
     /// Opens the sample, whose code and data both fit every chip.
     void OpenSample();
     /// What the message dialog says now; null while there is none.
     QString Message();
-    QString Panel(int panel) { return program.Window().Panels().PanelText(panel); }
+    QString Panel(int panel) { return window.Panels().PanelText(panel); }
     QStringList ListingFiles() const { return QDir(folder.path()).entryList(QDir::Files); }
 
     /// Answers the next modal windows, in order, by clicking the named button in each.
@@ -61,6 +68,7 @@ class WindowBench {
     } help;
 
     WindowProgram program;
+    frmMain& window = program.Window();
 
   private:
     std::function<void(QWidget&)> look_;
