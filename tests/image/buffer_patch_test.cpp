@@ -31,38 +31,26 @@ TEST_F(PatchTest, Read) {
     state.images.flash[1022] = 0x0A;
     state.images.flash[1023] = 0xBC;
     state.images.eeprom[0x7F] = 0x0D;
-    const struct {
-        QString address;
-        bool memory;
-        std::optional<QString> shown;
-        QString said;
-    } cases[] = {
-        {u"01ff"_s, kProgram, u"0ABC"_s, {}},
-        {u"200"_s, kProgram, {}, kFlashRange},
-        {u"7F"_s, kEeprom, u"0D"_s, {}},
-        {u"80"_s, kEeprom, {}, kEepromRange},
-        {u"007Fg"_s, kEeprom, u"0D"_s, {}},
-        {u"G"_s, kProgram, {}, kBadInput},
+    const std::tuple<QString, bool, std::optional<QString>, QString> cases[] = {
+        // clang-format off
+        {u"01ff"_s, kProgram, u"0ABC"_s, {}}, {u"200"_s, kProgram, {}, kFlashRange},
+        {u"007Fg"_s, kEeprom, u"0D"_s, {}}, {u"80"_s, kEeprom, {}, kEepromRange},
+        {u"G"_s, kProgram, {}, kBadInput}, {u""_s, kProgram, {}, {}},
         {u"\uFB00"_s, kProgram, {}, kBadInput},  // a ligature that upper-cases to FF
-        {u""_s, kProgram, {}, {}},
+        // clang-format on
     };
-    for (const auto& c : cases) {
+    for (const auto& [address, memory, shown, said] : cases) {
         for (const bool show : {true, false}) {
             person.calls.clear();
             state.errorFlag.Set();  // an earlier failure is not this input's
-            EXPECT_EQ(patch.ReadBufferCell(c.address, c.memory, show),
-                      show ? c.shown : std::nullopt);
-            EXPECT_EQ(person.calls.join(u'\n'), c.said) << c.address.toStdString();
+            EXPECT_EQ(patch.ReadBufferCell(address, memory, show), show ? shown : std::nullopt);
+            EXPECT_EQ(person.calls.join(u'\n'), said) << address.toStdString();
         }
     }
 }
 
 TEST_F(PatchTest, Write) {
-    const struct {
-        QString address, data;
-        bool memory;
-        QString met;
-    } cases[] = {
+    const std::tuple<QString, QString, bool, QString> cases[] = {
         // clang-format off
         {u"10"_s, u"940c"_s, kProgram, u"flash listing"_s}, {u"11"_s, u"FF"_s, kProgram, u"flash listing"_s},
         {u"7F"_s, u"1234"_s, kEeprom, u"eeprom listing"_s},
@@ -71,16 +59,14 @@ TEST_F(PatchTest, Write) {
         {u"200"_s, u"1"_s, kProgram, kFlashRange}, {u"80"_s, u"1"_s, kEeprom, kEepromRange},
         // clang-format on
     };
-    MemoryImages expected;
-    expected.flash[0x20] = 0x94;
-    expected.flash[0x21] = 0x0C;
-    expected.flash[0x22] = 0x00;
-    expected.eeprom[0x7F] = 0x34;
-    for (const auto& c : cases) {
+    for (const auto& [address, data, memory, met] : cases) {
         person.calls.clear();
-        patch.WriteBufferCell(c.address, c.data, c.memory);
-        EXPECT_EQ(person.calls.join(u'\n'), c.met) << (c.address + u' ' + c.data).toStdString();
+        patch.WriteBufferCell(address, data, memory);
+        EXPECT_EQ(person.calls.join(u'\n'), met) << (address + u' ' + data).toStdString();
     }
+    MemoryImages expected;
+    std::ranges::copy(std::to_array<std::uint8_t>({0x94, 0x0C, 0x00}), &expected.flash[0x20]);
+    expected.eeprom[0x7F] = 0x34;
     EXPECT_TRUE(state.images.flash == expected.flash && state.images.eeprom == expected.eeprom);
     EXPECT_TRUE(person.flashListing.contains(u"0010: 940C 00FF FFFF"_s));
     EXPECT_TRUE(person.eepromListing.contains(u"FF 34 "_s));

@@ -57,11 +57,10 @@ struct FileCommandBench {
             paths << Path(name);
         }
         if (step.command == kDrop) {
-            commands.OpenDropped(paths);
-        } else {
-            person.fileAnswers = {paths.isEmpty() ? FileDialogAnswer{} : Chosen(paths.first())};
-            (commands.*step.command)();
+            return commands.OpenDropped(paths);
         }
+        person.fileAnswers = {paths.isEmpty() ? FileDialogAnswer{} : Chosen(paths.first())};
+        (commands.*step.command)();
     }
     void Forget() {
         state.images.flash.fill(0x77);
@@ -81,11 +80,14 @@ struct FileCommandBench {
     /// Captions, names, the images' first cells and last one, and the directory.
     QString Left() const {
         const auto& [flash, eeprom] = state.images;
-        QString text = person.flashCaption + u'|' + person.eepromCaption + u'|' +
-                       state.names.CodeFileName + u'|' + state.names.DataFileName;
-        text += u'|' + HexByte(flash[0]) + HexByte(flash[1]) + u'-' + HexByte(flash.back());
-        text += u'|' + HexByte(eeprom[0]) + u'-' + HexByte(eeprom.back());
-        return Short(text + u'|' + Stored(keys::OpenDir));
+        const QStringList left{person.flashCaption,
+                               person.eepromCaption,
+                               state.names.CodeFileName,
+                               state.names.DataFileName,
+                               HexByte(flash[0]) + HexByte(flash[1]) + u'-' + HexByte(flash.back()),
+                               HexByte(eeprom[0]) + u'-' + HexByte(eeprom.back()),
+                               Stored(keys::OpenDir)};
+        return Short(left.join(u'|'));
     }
     /// The files of the folder and the directory: "out.eep=old out.hex=image stored".
     QString Folder() const {
@@ -134,13 +136,8 @@ TEST(FileCommands, OpeningLeavesBehind) {
         // clang-format on
     };
     // What the last step leaves behind: calls, then captions, names, images, directory.
-    const struct {
-        QList<Step> steps;
-        QStringList met;
-        QString left;
-    } cases[] = {
+    const std::tuple<QList<Step>, QStringList, QString> cases[] = {
         // clang-format off
-        {{{&F::mnuFileOpen_Click, {hex}}}, allShown, u"Program : blink.hex|EEPROM : blink.eep|blink.hex|blink.eep|940C-FF|48-FF|stored"_s},
         {{{&F::mnuFileOpen_Click, {u"B.ROM"_s}}}, allShown, u"Program : B.ROM|EEPROM : B.EEP|B.ROM|B.EEP|940C-FF|48-FF|stored"_s},
         {{{&F::mnuFileOpen_Click, {u"far.hex"_s}}}, {}, u"Program : far.hex||far.hex|far.eep|FFFF-FF|77-77|never"_s},
         {{{&F::mnuFileOpen_Click, {eep}}}, {kCannotOpen}, u"|||blink.eep|7777-77|77-77|never"_s},
@@ -168,7 +165,7 @@ TEST(FileCommands, OpeningLeavesBehind) {
         {{{kDrop, {u"folder.hex"_s, u"fifo.hex"_s, u"gone.hex"_s}}}, {}, u"||||7777-77|77-77|never"_s},
         // clang-format on
     };
-    for (const auto& c : cases) {
+    for (const auto& [steps, met, left] : cases) {
         FileCommandBench bench;
         QDir(bench.dir.path()).mkpath(u"a.hex/sub"_s);
         QDir(bench.dir.path()).mkpath(u"folder.hex"_s);
@@ -176,12 +173,12 @@ TEST(FileCommands, OpeningLeavesBehind) {
         for (const auto& [name, content] : files) {
             testing::PutFile(bench.Path(name), content);
         }
-        for (const Step& step : c.steps) {
+        for (const Step& step : steps) {
             bench.Forget();
             bench.Do(step);
         }
-        EXPECT_EQ(bench.Met(), c.met) << c.left.toStdString();
-        EXPECT_EQ(bench.Left(), c.left);
+        EXPECT_EQ(bench.Met(), met) << left.toStdString();
+        EXPECT_EQ(bench.Left(), left);
         EXPECT_FALSE(bench.state.names.ReloadFlag);
     }
 }
@@ -218,7 +215,7 @@ TEST(FileCommands, SavingLeavesBehind) {
         for (const QString& name : c.old) {
             testing::PutFile(bench.Path(name), "old");
             QFile::setPermissions(bench.Path(name),
-                                  QFileDevice::Permissions(name == locked ? 0x4444 : 0x6666));
+                                  QFile::Permissions(name == locked ? 0x4444 : 0x6666));
         }
         testing::MakeFifo(bench.Path(u"fifo.eep"_s));
         QFile::setPermissions(bench.dir.path(), QFileDevice::Permissions(0x7777));
