@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include "base/settings_keys.h"
+#include "image/data_file_name.h"
 #include "image/listing_files.h"
 #include "tests/support/real_files.h"
 #include "tests/support/recorder.h"
@@ -24,10 +25,11 @@ const QString kQuestion = u"question ファイル保存|ファイルが存在し
 const QString kFailed = u"box Stop ファイル保存|ファイル保存できませんでした。"_s;
 const QString kSaved = u"status 1: ファイルを保存しました．"_s;
 
-/// A command and the names of the files that its dialog returns, none for a cancel. Without a
-/// command the files are dropped.
+using Command = void (FileCommands::*)();
+
+/// A command and the files that its dialog returns, none for a cancel; or the files dropped.
 struct Step {
-    void (FileCommands::*command)();
+    Command command;
     QStringList chosen = {};
 };
 constexpr std::nullptr_t kDrop = nullptr;
@@ -49,13 +51,11 @@ struct FileCommandBench {
                            .mainCaption = [] { return u"Tolvex 1.2.3"_s; }}};
 
     QString Path(const QString& name) const { return dir.filePath(name); }
-    /// `text` with this bench's folder cut out wherever it stands.
+    /// Without this bench's folder, wherever it stands.
     QString Short(QString text) const { return text.remove(dir.path() + u'/'); }
     void Do(const Step& step) {
-        QStringList paths;
-        for (const QString& name : step.chosen) {
-            paths << Path(name);
-        }
+        QStringList paths = step.chosen;
+        paths.replaceInStrings(QRegularExpression(u"^"_s), dir.path() + u'/');
         if (step.command == kDrop) {
             return commands.OpenDropped(paths);
         }
@@ -80,14 +80,11 @@ struct FileCommandBench {
     /// Captions, names, the images' first cells and last one, and the directory.
     QString Left() const {
         const auto& [flash, eeprom] = state.images;
-        const QStringList left{person.flashCaption,
-                               person.eepromCaption,
-                               state.names.CodeFileName,
-                               state.names.DataFileName,
-                               HexByte(flash[0]) + HexByte(flash[1]) + u'-' + HexByte(flash.back()),
-                               HexByte(eeprom[0]) + u'-' + HexByte(eeprom.back()),
-                               Stored(keys::OpenDir)};
-        return Short(left.join(u'|'));
+        const QString code = HexByte(flash[0]) + HexByte(flash[1]) + u'-' + HexByte(flash.back());
+        const QString data = HexByte(eeprom[0]) + u'-' + HexByte(eeprom.back());
+        QStringList left{person.flashCaption, person.eepromCaption};
+        left << state.names.CodeFileName << state.names.DataFileName << code << data;
+        return Short(left.join(u'|') + u'|' + Stored(keys::OpenDir));
     }
     /// The files of the folder and the directory: "out.eep=old out.hex=image stored".
     QString Folder() const {
@@ -101,8 +98,36 @@ struct FileCommandBench {
     }
 };
 
+TEST(DataFileName, ThreeCharactersGiveWayAndAMissingFileIsLookedForInOtherCase) {
+    const struct {
+        QString chosen;
+        QStringList there;
+        QString found;
+    } cases[] = {
+        // clang-format off
+        {u"blink.html"_s, {}, u"blink.heep"_s},
+        {u"x.EEP"_s, {}, u"x.EEP"_s},
+        {u"𠮷.hex"_s, {}, u"𠮷.eep"_s},
+        {u"x𠮷𠮷𠮷"_s, {}, u"xeep"_s},
+        {u"𠮷ab"_s, {}, u"eep"_s},
+        {u".h"_s, {}, u"eep"_s},
+        {u"BLINK.HEX"_s, {u"BLINK.EEP"_s, u"BLINK.EEPS"_s}, u"BLINK.EEP"_s},
+        {u"BLINK.HEX"_s, {u"BLINK.EEP"_s, u"BLINK.eep"_s}, u"BLINK.eep"_s},
+        {u"blink.hex"_s, {u"BLINK.EEP"_s, u"blink.EEP"_s}, u"blink.EEP"_s},
+        {u"[a]*.hex"_s, {u"[A]*.EEP"_s}, u"[A]*.EEP"_s},
+        // clang-format on
+    };
+    for (const auto& c : cases) {
+        const QTemporaryDir folder;
+        for (const QString& name : c.there) {
+            testing::PutFile(folder.filePath(name), "x");
+        }
+        EXPECT_EQ(FindDataFile(folder.filePath(c.chosen)), folder.filePath(c.found));
+    }
+}
+
 TEST(FileCommands, WhatTheDialogsAskFor) {
-    const std::pair<void (FileCommands::*)(), QString> cases[] = {
+    const std::pair<Command, QString> cases[] = {
         // clang-format off
         {&F::mnuFileOpenCode_Click, u"open コードファイル(*.hex)を開く@Hex File|*.hex;*.rom|All Files|*.*|@hex;rom@/c/open@"_s},
         {&F::mnuFileOpenData_Click, u"open データファイル(*.eep)を開く@eep File|*.eep|All Files|*.*|@eep@/c/open@"_s},

@@ -32,23 +32,18 @@ struct ReaderTest : ::testing::Test {
         image.fill(0xEE);  // no value of any case
         flag.Clear();
         const HexReadResult result = read(path, image, flag);
-        QByteArray text;
+        QString text;
         for (std::size_t address = 0; address < image.size() - swap; ++address) {
             if (const int cell = image[address ^ swap]; cell != 0xEE) {
-                text += QByteArray::number(static_cast<int>(address), 16) + '=' +
-                        HexByte(cell).toLatin1() + ' ';
+                text += QString::number(address, 16) + u'=' + HexByte(cell) + u' ';
             }
         }
-        text += result == HexReadResult::NoColon ? "no colon " : "";
-        text += result == HexReadResult::Failed ? "failed " : "";
-        return text + (flag.Failed() ? "flag " : "");
+        text += result == HexReadResult::NoColon ? u"no colon "_s : QString();
+        text += result == HexReadResult::Failed ? u"failed "_s : QString();
+        return (text + (flag.Failed() ? u"flag "_s : QString())).toLatin1();
     }
-    QByteArray Code(const QByteArray& file) {
-        return Read<FlashImage>(file, flash, ReadCodeHex, 1);
-    }
-    QByteArray Data(const QByteArray& file) {
-        return Read<EepromImage>(file, eeprom, ReadDataHex, 0);
-    }
+    QByteArray Code(const QByteArray& file) { return Read(file, flash, ReadCodeHex, 1); }
+    QByteArray Data(const QByteArray& file) { return Read(file, eeprom, ReadDataHex, 0); }
 };
 
 TEST_F(ReaderTest, Records) {
