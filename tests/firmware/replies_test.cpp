@@ -22,19 +22,16 @@ QByteArray RandomCommand(std::mt19937& random, char type) {
     const auto any = static_cast<std::uint8_t>(random());
     const auto low = static_cast<char>(random());
     const bool often = random() % 4 != 0;
+    const QByteArray command(1, letter);
     switch (letter) {
-        case 'T':
-            return SelectType(type);
-        case 'A':
-            return QByteArray("A") + static_cast<char>(often ? 0 : any) + low;
-        case 'f':
-            return QByteArray("f") + static_cast<char>(often ? 0xA0 | (any & 0x1F) : any);
-        case 'l':
-            return QByteArray("l") + kLocks[any % kLocks.size()];
-        default:
-            return QByteArray(1, letter) +
-                   QByteArray(QByteArrayView("cCD").contains(letter) ? 1 : 0,
-                              static_cast<char>(any));
+        // clang-format off
+        case 'T': return SelectType(type);
+        case 'A': return command + static_cast<char>(often ? 0 : any) + low;
+        case 'f': return command + static_cast<char>(often ? 0xA0 | (any & 0x1F) : any);
+        case 'l': return command + kLocks[any % kLocks.size()];
+        case 'c': case 'C': case 'D': return command + static_cast<char>(any);
+        default: return command;
+            // clang-format on
     }
 }
 

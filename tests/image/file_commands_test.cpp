@@ -99,11 +99,7 @@ struct FileCommandBench {
 };
 
 TEST(DataFileName, ThreeCharactersGiveWayAndAMissingFileIsLookedForInOtherCase) {
-    const struct {
-        QString chosen;
-        QStringList there;
-        QString found;
-    } cases[] = {
+    const std::tuple<QString, QStringList, QString> cases[] = {
         // clang-format off
         {u"blink.html"_s, {}, u"blink.heep"_s},
         {u"x.EEP"_s, {}, u"x.EEP"_s},
@@ -117,12 +113,12 @@ TEST(DataFileName, ThreeCharactersGiveWayAndAMissingFileIsLookedForInOtherCase) 
         {u"[a]*.hex"_s, {u"[A]*.EEP"_s}, u"[A]*.EEP"_s},
         // clang-format on
     };
-    for (const auto& c : cases) {
+    for (const auto& [chosen, there, found] : cases) {
         const QTemporaryDir folder;
-        for (const QString& name : c.there) {
+        for (const QString& name : there) {
             testing::PutFile(folder.filePath(name), "x");
         }
-        EXPECT_EQ(FindDataFile(folder.filePath(c.chosen)), folder.filePath(c.found));
+        EXPECT_EQ(FindDataFile(folder.filePath(chosen)), folder.filePath(found));
     }
 }
 
@@ -210,14 +206,8 @@ TEST(FileCommands, OpeningLeavesBehind) {
 
 TEST(FileCommands, SavingLeavesBehind) {
     const QString a = u"a.hex"_s, aData = u"a.eep"_s, locked = u"locked.hex"_s;
-    const struct {
-        Step step;
-        QString code, data;  ///< opened
-        QStringList old;     ///< files that are there before
-        bool overwrite;      ///< the answer to the question
-        QStringList met;
-        QString folder;
-    } cases[] = {
+    // A step; the files opened; those there before; whether they may be overwritten; what is met.
+    const std::tuple<Step, QString, QString, QStringList, bool, QStringList, QString> cases[] = {
         // clang-format off
         {{&F::mnuFileSaveAsCode_Click, {a}}, {}, {}, {aData}, false, {}, u"a.eep=old a.hex=image stored"_s},
         {{&F::mnuFileSaveAsCode_Click, {a}}, {}, {}, {a}, false, {kQuestion}, u"a.hex=old never"_s},
@@ -235,26 +225,26 @@ TEST(FileCommands, SavingLeavesBehind) {
         {{&F::mnuFileSave_Click}, locked, u"fifo.eep"_s, {locked}, false, {u"box Stop ファイル保存|リードオンリーファイルにアクセスしました。"_s, kFailed, kSaved}, u"locked.hex=old never"_s},
         // clang-format on
     };
-    for (const auto& c : cases) {
+    for (const auto& [step, code, data, old, overwrite, met, folder] : cases) {
         FileCommandBench bench;
-        for (const QString& name : c.old) {
+        for (const QString& name : old) {
             testing::PutFile(bench.Path(name), "old");
             QFile::setPermissions(bench.Path(name),
                                   QFile::Permissions(name == locked ? 0x4444 : 0x6666));
         }
         testing::MakeFifo(bench.Path(u"fifo.eep"_s));
         QFile::setPermissions(bench.dir.path(), QFileDevice::Permissions(0x7777));
-        bench.state.names.CodeFileName = c.code.isEmpty() ? QString() : bench.Path(c.code);
-        bench.state.names.DataFileName = c.data.isEmpty() ? QString() : bench.Path(c.data);
-        bench.person.okCancelAnswers << c.overwrite;
+        bench.state.names.CodeFileName = code.isEmpty() ? QString() : bench.Path(code);
+        bench.state.names.DataFileName = data.isEmpty() ? QString() : bench.Path(data);
+        bench.person.okCancelAnswers << overwrite;
         const testing::OrdinaryUser user;
         if (!user.Bound()) {
             GTEST_SKIP() << "root can't give up its rights here";
         }
-        bench.Do(c.step);
-        EXPECT_EQ(bench.Met(), c.met) << c.folder.toStdString();
-        EXPECT_EQ(bench.Folder(), c.folder);
-        EXPECT_EQ(bench.Left().section(u'|', 2, 3), c.code + u'|' + c.data) << "stay as they were";
+        bench.Do(step);
+        EXPECT_EQ(bench.Met(), met) << folder.toStdString();
+        EXPECT_EQ(bench.Folder(), folder);
+        EXPECT_EQ(bench.Left().section(u'|', 2, 3), code + u'|' + data) << "stay as they were";
     }
 }
 

@@ -18,11 +18,8 @@ HexReport Check(QByteArray text) {
 
 TEST(HexCheck, NamesEachFaultWithItsLine) {
     const QByteArray end = ":00000001FF\r\n", data = ":020000001234B8\r\n";
-    const struct {
-        const char* what;
-        QByteArray text;
-        QString found;  ///< with line and first address
-    } cases[] = {
+    // What is found has its line and its first address.
+    const std::tuple<const char*, QByteArray, QString> cases[] = {
         // clang-format off
         {"CR alone", ":020000001234B8\r:00000001FF\r", {}},
         {"up to the last byte", ":01003F0012AE\r\n" + end, {}},
@@ -41,16 +38,16 @@ TEST(HexCheck, NamesEachFaultWithItsLine) {
         {"missing end", data, u"missingEnd 1 -1"_s},
         // clang-format on
     };
-    for (const auto& c : cases) {
-        const HexReport report = Check(c.text);
+    for (const auto& [what, text, expected] : cases) {
+        const HexReport report = Check(text);
         QStringList found;
         for (const HexFinding& finding : report.findings) {
             found << u"%1 %2 %3"_s.arg(HexFaultName(finding.fault))
                          .arg(finding.line)
                          .arg(finding.address);
         }
-        EXPECT_EQ(found.join(u'\n'), c.found) << c.what;
-        EXPECT_TRUE(report.readable) << c.what;
+        EXPECT_EQ(found.join(u'\n'), expected) << what;
+        EXPECT_TRUE(report.readable) << what;
     }
     const HexReport overlapping = Check(data + ":020001001234B7\r\n" + end);
     EXPECT_EQ(overlapping.records, 2);
