@@ -51,8 +51,7 @@ TEST_F(ListingTest, LinesToTheByte) {
 
 TEST_F(ListingTest, WindowsShowTheFileAndAShorterOneReplacesIt) {
     ASSERT_TRUE(listings.WriteFlashListing());
-    state.device.flashWords = 8;
-    state.device.eepromBytes = 0;
+    state.device.flashWords = 8, state.device.eepromBytes = 0;
     state.images.flash[0] = 0x42;
     ASSERT_TRUE(listings.RefreshFlashListing() && listings.RefreshEepromListing());
     EXPECT_EQ(person.flashListing, u"0000: 42FF FFFF FFFF FFFF FFFF FFFF FFFF FFFF B"_s +
@@ -118,8 +117,7 @@ TEST_F(ListingTest, RetiredItLeavesAndWritesNothing) {
 }
 
 TEST_F(ListingTest, ThePatchPanelReadsACell) {
-    state.images.flash[2046] = 0x0A;
-    state.images.flash[2047] = 0xBC;
+    std::ranges::copy(QByteArray("\x0A\xBC"), &state.images.flash[2046]);
     state.images.eeprom[0x7F] = 0x0D;
     const std::tuple<QString, bool, std::optional<QString>, QString> cases[] = {
         // clang-format off
