@@ -57,8 +57,7 @@ class Wires {
     SimulatedChip chip_;
     ChipSocket socket_;
     ChipSocket::Lines lines_{true, false, false, 0};
-    ChipSocket::Instant now_{0};
-    ChipSocket::Instant halfClock_ = 5us;
+    ChipSocket::Instant now_{0}, halfClock_ = 5us;
     unsigned answer_ = 0;
 };
 

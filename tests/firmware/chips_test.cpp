@@ -33,21 +33,9 @@ QByteArray Eeprom(const ChipModel& model) {
     return RandomBytes(model.eepromBytes, 2);
 }
 
-/// The data bytes of a HEX file without gaps.
-QByteArray DataOf(const QString& hexFile) {
-    QByteArray bytes;
-    for (const QByteArray& line : Bytes(hexFile).split('\n')) {
-        const QByteArray record = QByteArray::fromHex(line.mid(1));
-        bytes += record.mid(4, std::max<qsizetype>(record.size() - 5, 0));
-    }
-    return bytes;
-}
-
-/// Programs and verifies.
-int Program(FirmwareBench& bench) {
+int ProgramAndVerify(FirmwareBench& bench) {
     const ChipModel& model = bench.chip.Model();
-    const QString code = bench.Path(u"code.hex"_s);
-    const QString data = bench.Path(u"data.eep"_s);
+    const QString code = bench.Path(u"code.hex"_s), data = bench.Path(u"data.eep"_s);
     EXPECT_TRUE(WriteHex(code, Flash(model)) && WriteHex(data, Eeprom(model)));
     const int status = bench.Run({u"program"_s, code, data});
     EXPECT_EQ(bench.chip.Contents().flash, Flash(model)) << bench.words;
@@ -62,24 +50,25 @@ TEST_P(EveryChip, GoesThroughAllOperations) {
     FirmwareBench bench(GetParam());
     const ChipModel& model = bench.chip.Model();
     EXPECT_EQ(bench.Run({u"detect"_s}), kDone) << bench.words;
-    EXPECT_EQ(Program(bench), kDone) << bench.words;
-    EXPECT_EQ(bench.Run({u"read"_s, bench.Path(u"r.hex"_s), bench.Path(u"r.eep"_s)}), kDone)
-        << bench.words;
-    EXPECT_EQ(DataOf(bench.Path(u"r.hex"_s)), Flash(model));
-    EXPECT_EQ(DataOf(bench.Path(u"r.eep"_s)), Eeprom(model));
+    EXPECT_EQ(ProgramAndVerify(bench), kDone) << bench.words;
+    const QString code = bench.Path(u"r.hex"_s), data = bench.Path(u"r.eep"_s);
+    EXPECT_EQ(bench.Run({u"read"_s, code, data}), kDone) << bench.words;
+    EXPECT_EQ(Bytes(code), Bytes(bench.Path(u"code.hex"_s)));
+    EXPECT_EQ(Bytes(data), Bytes(bench.Path(u"data.eep"_s)));
 
-    static const QMap<FuseLayout, std::pair<QString, int>> kFuses = {
-        {FuseLayout::FSTRT, {u"FSTRT=Enable"_s, 0xFE}},
-        {FuseLayout::RCEN, {u"RCEN=Disable"_s, 0xFF}},
-        {FuseLayout::BodCksel, {u"CKSEL=1K CK"_s, 0xFF}},
+    const std::tuple<FuseLayout, QString, int> fuses[] = {
+        {FuseLayout::FSTRT, u"FSTRT=Enable"_s, 0xFE},
+        {FuseLayout::RCEN, u"RCEN=Disable"_s, 0xFF},
+        {FuseLayout::BodCksel, u"CKSEL=1K CK"_s, 0xFF},
     };
-    const auto fuse = kFuses.constFind(model.fuseLayout);
-    if (fuse != kFuses.constEnd()) {
-        EXPECT_EQ(bench.Run({u"fuses"_s, fuse->first, u"LOCK=write"_s}), kDone) << bench.words;
-        EXPECT_EQ(bench.chip.Contents().fuses, fuse->second);
-        EXPECT_EQ(bench.chip.Contents().lock, 0xFD);
-        EXPECT_EQ(bench.Run({u"fuses"_s}), kDone);
-        EXPECT_NE(bench.words.find("LOCK = write"), std::string::npos) << bench.words;
+    for (const auto& [layout, change, byte] : fuses) {
+        if (model.fuseLayout == layout) {
+            EXPECT_EQ(bench.Run({u"fuses"_s, change, u"LOCK=write"_s}), kDone) << bench.words;
+            EXPECT_EQ(bench.chip.Contents().fuses, byte);
+            EXPECT_EQ(bench.chip.Contents().lock, 0xFD);
+            EXPECT_EQ(bench.Run({u"fuses"_s}), kDone);
+            EXPECT_NE(bench.words.find("LOCK = write"), std::string::npos) << bench.words;
+        }
     }
     EXPECT_EQ(bench.Run({u"lock"_s, u"full"_s}), kDone);
     EXPECT_TRUE(bench.chip.ReadProtected());
@@ -92,22 +81,17 @@ TEST_P(EveryChip, GoesThroughAllOperations) {
 
 TEST(Firmware, CopesWithChipsAsTheyAre) {
     constexpr int k1200 = 0, k2313 = 2, k2323 = 3, k4433 = 7;
-    struct Case {
-        const char* name;
-        int chip;
-        ChipHabits habits;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, int, ChipHabits> cases[] = {
         {"slow clock", k1200, {.ownClockHertz = 500'000}},
         {"lowest supply", k2313, {.lowSupply = true}},
         {"lowest supply, zero can't be polled", k2323, {.lowSupply = true}},
         {"first enable missed", k2323, {.missedClocks = 1}},
         {"several enables missed", k4433, {.missedClocks = 3}},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        FirmwareBench bench(c.chip, c.habits);
-        EXPECT_EQ(Program(bench), kDone) << bench.words;
+    for (const auto& [name, chip, habits] : cases) {
+        SCOPED_TRACE(name);
+        FirmwareBench bench(chip, habits);
+        EXPECT_EQ(ProgramAndVerify(bench), kDone) << bench.words;
     }
 }
 

@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include "base/settings_keys.h"
+#include "image/data_file_name.h"
 #include "image/listing_files.h"
 #include "tests/support/real_files.h"
 #include "tests/support/recorder.h"
@@ -24,10 +25,11 @@ const QString kQuestion = u"question ファイル保存|ファイルが存在し
 const QString kFailed = u"box Stop ファイル保存|ファイル保存できませんでした。"_s;
 const QString kSaved = u"status 1: ファイルを保存しました．"_s;
 
-/// A command and the names of the files that its dialog returns, none for a cancel. Without a
-/// command the files are dropped.
+using Command = void (FileCommands::*)();
+
+/// A command and the files that its dialog returns, none for a cancel; or the files dropped.
 struct Step {
-    void (FileCommands::*command)();
+    Command command;
     QStringList chosen = {};
 };
 constexpr std::nullptr_t kDrop = nullptr;
@@ -49,19 +51,16 @@ struct FileCommandBench {
                            .mainCaption = [] { return u"Tolvex 1.2.3"_s; }}};
 
     QString Path(const QString& name) const { return dir.filePath(name); }
-    /// `text` with this bench's folder cut out wherever it stands.
+    /// Without this bench's folder, wherever it stands.
     QString Short(QString text) const { return text.remove(dir.path() + u'/'); }
     void Do(const Step& step) {
-        QStringList paths;
-        for (const QString& name : step.chosen) {
-            paths << Path(name);
-        }
+        QStringList paths = step.chosen;
+        paths.replaceInStrings(QRegularExpression(u"^"_s), dir.path() + u'/');
         if (step.command == kDrop) {
-            commands.OpenDropped(paths);
-        } else {
-            person.fileAnswers = {paths.isEmpty() ? FileDialogAnswer{} : Chosen(paths.first())};
-            (commands.*step.command)();
+            return commands.OpenDropped(paths);
         }
+        person.fileAnswers = {paths.isEmpty() ? FileDialogAnswer{} : Chosen(paths.first())};
+        (commands.*step.command)();
     }
     void Forget() {
         state.images.flash.fill(0x77);
@@ -81,11 +80,11 @@ struct FileCommandBench {
     /// Captions, names, the images' first cells and last one, and the directory.
     QString Left() const {
         const auto& [flash, eeprom] = state.images;
-        QString text = person.flashCaption + u'|' + person.eepromCaption + u'|' +
-                       state.names.CodeFileName + u'|' + state.names.DataFileName;
-        text += u'|' + HexByte(flash[0]) + HexByte(flash[1]) + u'-' + HexByte(flash.back());
-        text += u'|' + HexByte(eeprom[0]) + u'-' + HexByte(eeprom.back());
-        return Short(text + u'|' + Stored(keys::OpenDir));
+        const QString code = HexByte(flash[0]) + HexByte(flash[1]) + u'-' + HexByte(flash.back());
+        const QString data = HexByte(eeprom[0]) + u'-' + HexByte(eeprom.back());
+        QStringList left{person.flashCaption, person.eepromCaption};
+        left << state.names.CodeFileName << state.names.DataFileName << code << data;
+        return Short(left.join(u'|') + u'|' + Stored(keys::OpenDir));
     }
     /// The files of the folder and the directory: "out.eep=old out.hex=image stored".
     QString Folder() const {
@@ -99,8 +98,32 @@ struct FileCommandBench {
     }
 };
 
+TEST(DataFileName, ThreeCharactersGiveWayAndAMissingFileIsLookedForInOtherCase) {
+    const std::tuple<QString, QStringList, QString> cases[] = {
+        // clang-format off
+        {u"blink.html"_s, {}, u"blink.heep"_s},
+        {u"x.EEP"_s, {}, u"x.EEP"_s},
+        {u"𠮷.hex"_s, {}, u"𠮷.eep"_s},
+        {u"x𠮷𠮷𠮷"_s, {}, u"xeep"_s},
+        {u"𠮷ab"_s, {}, u"eep"_s},
+        {u".h"_s, {}, u"eep"_s},
+        {u"BLINK.HEX"_s, {u"BLINK.EEP"_s, u"BLINK.EEPS"_s}, u"BLINK.EEP"_s},
+        {u"BLINK.HEX"_s, {u"BLINK.EEP"_s, u"BLINK.eep"_s}, u"BLINK.eep"_s},
+        {u"blink.hex"_s, {u"BLINK.EEP"_s, u"blink.EEP"_s}, u"blink.EEP"_s},
+        {u"[a]*.hex"_s, {u"[A]*.EEP"_s}, u"[A]*.EEP"_s},
+        // clang-format on
+    };
+    for (const auto& [chosen, there, found] : cases) {
+        const QTemporaryDir folder;
+        for (const QString& name : there) {
+            testing::PutFile(folder.filePath(name), "x");
+        }
+        EXPECT_EQ(FindDataFile(folder.filePath(chosen)), folder.filePath(found));
+    }
+}
+
 TEST(FileCommands, WhatTheDialogsAskFor) {
-    const std::pair<void (FileCommands::*)(), QString> cases[] = {
+    const std::pair<Command, QString> cases[] = {
         // clang-format off
         {&F::mnuFileOpenCode_Click, u"open コードファイル(*.hex)を開く@Hex File|*.hex;*.rom|All Files|*.*|@hex;rom@/c/open@"_s},
         {&F::mnuFileOpenData_Click, u"open データファイル(*.eep)を開く@eep File|*.eep|All Files|*.*|@eep@/c/open@"_s},
@@ -134,13 +157,8 @@ TEST(FileCommands, OpeningLeavesBehind) {
         // clang-format on
     };
     // What the last step leaves behind: calls, then captions, names, images, directory.
-    const struct {
-        QList<Step> steps;
-        QStringList met;
-        QString left;
-    } cases[] = {
+    const std::tuple<QList<Step>, QStringList, QString> cases[] = {
         // clang-format off
-        {{{&F::mnuFileOpen_Click, {hex}}}, allShown, u"Program : blink.hex|EEPROM : blink.eep|blink.hex|blink.eep|940C-FF|48-FF|stored"_s},
         {{{&F::mnuFileOpen_Click, {u"B.ROM"_s}}}, allShown, u"Program : B.ROM|EEPROM : B.EEP|B.ROM|B.EEP|940C-FF|48-FF|stored"_s},
         {{{&F::mnuFileOpen_Click, {u"far.hex"_s}}}, {}, u"Program : far.hex||far.hex|far.eep|FFFF-FF|77-77|never"_s},
         {{{&F::mnuFileOpen_Click, {eep}}}, {kCannotOpen}, u"|||blink.eep|7777-77|77-77|never"_s},
@@ -168,7 +186,7 @@ TEST(FileCommands, OpeningLeavesBehind) {
         {{{kDrop, {u"folder.hex"_s, u"fifo.hex"_s, u"gone.hex"_s}}}, {}, u"||||7777-77|77-77|never"_s},
         // clang-format on
     };
-    for (const auto& c : cases) {
+    for (const auto& [steps, met, left] : cases) {
         FileCommandBench bench;
         QDir(bench.dir.path()).mkpath(u"a.hex/sub"_s);
         QDir(bench.dir.path()).mkpath(u"folder.hex"_s);
@@ -176,26 +194,20 @@ TEST(FileCommands, OpeningLeavesBehind) {
         for (const auto& [name, content] : files) {
             testing::PutFile(bench.Path(name), content);
         }
-        for (const Step& step : c.steps) {
+        for (const Step& step : steps) {
             bench.Forget();
             bench.Do(step);
         }
-        EXPECT_EQ(bench.Met(), c.met) << c.left.toStdString();
-        EXPECT_EQ(bench.Left(), c.left);
+        EXPECT_EQ(bench.Met(), met) << left.toStdString();
+        EXPECT_EQ(bench.Left(), left);
         EXPECT_FALSE(bench.state.names.ReloadFlag);
     }
 }
 
 TEST(FileCommands, SavingLeavesBehind) {
     const QString a = u"a.hex"_s, aData = u"a.eep"_s, locked = u"locked.hex"_s;
-    const struct {
-        Step step;
-        QString code, data;  ///< opened
-        QStringList old;     ///< files that are there before
-        bool overwrite;      ///< the answer to the question
-        QStringList met;
-        QString folder;
-    } cases[] = {
+    // A step; the files opened; those there before; whether they may be overwritten; what is met.
+    const std::tuple<Step, QString, QString, QStringList, bool, QStringList, QString> cases[] = {
         // clang-format off
         {{&F::mnuFileSaveAsCode_Click, {a}}, {}, {}, {aData}, false, {}, u"a.eep=old a.hex=image stored"_s},
         {{&F::mnuFileSaveAsCode_Click, {a}}, {}, {}, {a}, false, {kQuestion}, u"a.hex=old never"_s},
@@ -213,26 +225,26 @@ TEST(FileCommands, SavingLeavesBehind) {
         {{&F::mnuFileSave_Click}, locked, u"fifo.eep"_s, {locked}, false, {u"box Stop ファイル保存|リードオンリーファイルにアクセスしました。"_s, kFailed, kSaved}, u"locked.hex=old never"_s},
         // clang-format on
     };
-    for (const auto& c : cases) {
+    for (const auto& [step, code, data, old, overwrite, met, folder] : cases) {
         FileCommandBench bench;
-        for (const QString& name : c.old) {
+        for (const QString& name : old) {
             testing::PutFile(bench.Path(name), "old");
             QFile::setPermissions(bench.Path(name),
-                                  QFileDevice::Permissions(name == locked ? 0x4444 : 0x6666));
+                                  QFile::Permissions(name == locked ? 0x4444 : 0x6666));
         }
         testing::MakeFifo(bench.Path(u"fifo.eep"_s));
         QFile::setPermissions(bench.dir.path(), QFileDevice::Permissions(0x7777));
-        bench.state.names.CodeFileName = c.code.isEmpty() ? QString() : bench.Path(c.code);
-        bench.state.names.DataFileName = c.data.isEmpty() ? QString() : bench.Path(c.data);
-        bench.person.okCancelAnswers << c.overwrite;
+        bench.state.names.CodeFileName = code.isEmpty() ? QString() : bench.Path(code);
+        bench.state.names.DataFileName = data.isEmpty() ? QString() : bench.Path(data);
+        bench.person.okCancelAnswers << overwrite;
         const testing::OrdinaryUser user;
         if (!user.Bound()) {
             GTEST_SKIP() << "root can't give up its rights here";
         }
-        bench.Do(c.step);
-        EXPECT_EQ(bench.Met(), c.met) << c.folder.toStdString();
-        EXPECT_EQ(bench.Folder(), c.folder);
-        EXPECT_EQ(bench.Left().section(u'|', 2, 3), c.code + u'|' + c.data) << "stay as they were";
+        bench.Do(step);
+        EXPECT_EQ(bench.Met(), met) << folder.toStdString();
+        EXPECT_EQ(bench.Folder(), folder);
+        EXPECT_EQ(bench.Left().section(u'|', 2, 3), code + u'|' + data) << "stay as they were";
     }
 }
 

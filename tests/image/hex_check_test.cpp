@@ -3,68 +3,55 @@
 
 #include <gtest/gtest.h>
 
-#include <QTemporaryDir>
-#include <algorithm>
-
-#include "tests/support/real_files.h"
+#include <QBuffer>
 
 namespace tolvex {
 namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int kMemory = 64;
-
-HexReport Check(const QByteArray& text) {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(u"a.hex"_s);
-    testing::PutFile(path, text);
-    return CheckHex(path, kMemory);
+HexReport Check(QByteArray text) {
+    QBuffer file(&text);
+    file.open(QIODevice::ReadOnly);
+    return CheckHex(file, 64);
 }
-
-constexpr char kEnd[] = ":00000001FF\r\n";
 
 TEST(HexCheck, NamesEachFaultWithItsLine) {
-    using enum HexFault;
-    const struct {
-        const char* what;
-        QByteArray text;
-        QList<HexFinding> findings;
-    } cases[] = {
+    const QByteArray end = ":00000001FF\r\n", data = ":020000001234B8\r\n";
+    // What is found has its line and its first address.
+    const std::tuple<const char*, QByteArray, QString> cases[] = {
+        // clang-format off
         {"CR alone", ":020000001234B8\r:00000001FF\r", {}},
-        {"up to the last byte", QByteArray(":01003F0012AE\r\n") + kEnd, {}},
-        {"no colon", QByteArray("020000001234B8\r\n") + kEnd, {{NoColon, 1}}},
-        {"blank line", QByteArray(":020000001234B8\r\n\r\n") + kEnd, {{NoColon, 2}}},
-        {"lower case", QByteArray(":01000000ab54\r\n") + kEnd, {{LowerCase, 1}}},
-        {"blank at the end", QByteArray(":020000001234B8 \r\n") + kEnd, {{Digit, 1}}},
-        {"too long", QByteArray(":02000000123456B8\r\n") + kEnd, {{Length, 1}}},
-        {"endless", ':' + QByteArray(100'000, '0') + "\r\n" + kEnd, {{Length, 1}}},
-        {"checksum", QByteArray(":020000001234B9\r\n") + kEnd, {{Checksum, 1}}},
-        {"type 6", QByteArray(":00000006FA\r\n") + kEnd, {{UnknownType, 1}}},
-        {"segment base, with data inside it",
-         QByteArray(":020000020001FB\r\n:020000001234B8\r\n") + kEnd,
-         {{BaseAddress, 1}}},
-        {"overlap", QByteArray(":020000001234B8\r\n:0100010034CA\r\n") + kEnd, {{Overlap, 2, 1}}},
-        {"outside", QByteArray(":02003F00123479\r\n") + kEnd, {{OutsideMemory, 1, 64}}},
-        {"early end", QByteArray(kEnd) + ":020000001234B8\r\n", {{EarlyEnd, 1}}},
-        {"missing end", ":020000001234B8\r\n", {{MissingEnd, 1}}},
+        {"up to the last byte", ":01003F0012AE\r\n" + end, {}},
+        {"no colon", data.mid(1) + end, u"noColon 1 -1"_s},
+        {"blank line", data + "\r\n" + end, u"noColon 2 -1"_s},
+        {"lower case", ":01000000ab54\r\n" + end, u"lowerCase 1 -1"_s},
+        {"blank at the end", ":020000001234B8 \r\n" + end, u"digit 1 -1"_s},
+        {"too long", ":02000000123456B8\r\n" + end, u"length 1 -1"_s},
+        {"endless", ':' + QByteArray(100'000, '0') + "\r\n" + end, u"length 1 -1"_s},
+        {"checksum", ":020000001234B9\r\n" + end, u"checksum 1 -1"_s},
+        {"type 6", ":00000006FA\r\n" + end, u"unknownType 1 -1"_s},
+        {"segment base, with data inside it", ":020000020001FB\r\n" + data + end, u"baseAddress 1 -1"_s},
+        {"overlap", data + ":0100010034CA\r\n" + end, u"overlap 2 1"_s},
+        {"outside", ":02003F00123479\r\n" + end, u"outsideMemory 1 64"_s},
+        {"early end", end + data, u"earlyEnd 1 -1"_s},
+        {"missing end", data, u"missingEnd 1 -1"_s},
+        // clang-format on
     };
-    for (const auto& c : cases) {
-        const HexReport report = Check(c.text);
-        EXPECT_TRUE(std::ranges::equal(report.findings, c.findings,
-                                       [](const HexFinding& a, const HexFinding& b) {
-                                           return a.fault == b.fault && a.line == b.line &&
-                                                  a.address == b.address;
-                                       }))
-            << c.what;
-        EXPECT_TRUE(report.readable) << c.what;
+    for (const auto& [what, text, expected] : cases) {
+        const HexReport report = Check(text);
+        QStringList found;
+        for (const HexFinding& finding : report.findings) {
+            found << u"%1 %2 %3"_s.arg(HexFaultName(finding.fault))
+                         .arg(finding.line)
+                         .arg(finding.address);
+        }
+        EXPECT_EQ(found.join(u'\n'), expected) << what;
+        EXPECT_TRUE(report.readable) << what;
     }
-}
-
-TEST(HexCheck, CountsAddressesOnce) {
-    const HexReport report = Check(QByteArray(":020000001234B8\r\n:020001001234B7\r\n") + kEnd);
-    EXPECT_EQ(report.records, 2);
-    EXPECT_EQ(report.bytes, 3);
+    const HexReport overlapping = Check(data + ":020001001234B7\r\n" + end);
+    EXPECT_EQ(overlapping.records, 2);
+    EXPECT_EQ(overlapping.bytes, 3) << "each address once";
 }
 
 }  // namespace

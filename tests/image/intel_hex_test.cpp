@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QProcess>
+#include <QStandardPaths>
 #include <QTemporaryDir>
+#include <random>
 
 #include "image/hex_writer.h"
 #include "tests/support/real_files.h"
@@ -29,30 +32,22 @@ struct ReaderTest : ::testing::Test {
         image.fill(0xEE);  // no value of any case
         flag.Clear();
         const HexReadResult result = read(path, image, flag);
-        QByteArray text;
+        QString text;
         for (std::size_t address = 0; address < image.size() - swap; ++address) {
             if (const int cell = image[address ^ swap]; cell != 0xEE) {
-                text += QByteArray::number(static_cast<int>(address), 16) + '=' +
-                        HexByte(cell).toLatin1() + ' ';
+                text += QString::number(address, 16) + u'=' + HexByte(cell) + u' ';
             }
         }
-        text += result == HexReadResult::NoColon ? "no colon " : "";
-        text += result == HexReadResult::Failed ? "failed " : "";
-        return text + (flag.Failed() ? "flag " : "");
+        text += result == HexReadResult::NoColon ? u"no colon "_s : QString();
+        text += result == HexReadResult::Failed ? u"failed "_s : QString();
+        return (text + (flag.Failed() ? u"flag "_s : QString())).toLatin1();
     }
-    QByteArray Code(const QByteArray& file) {
-        return Read<FlashImage>(file, flash, ReadCodeHex, 1);
-    }
-    QByteArray Data(const QByteArray& file) {
-        return Read<EepromImage>(file, eeprom, ReadDataHex, 0);
-    }
+    QByteArray Code(const QByteArray& file) { return Read(file, flash, ReadCodeHex, 1); }
+    QByteArray Data(const QByteArray& file) { return Read(file, eeprom, ReadDataHex, 0); }
 };
 
 TEST_F(ReaderTest, Records) {
-    const struct {
-        const char* what;
-        QByteArray file, read;
-    } cases[] = {
+    const std::tuple<const char*, QByteArray, QByteArray> cases[] = {
         // clang-format off
         {"plain", ":0400000012345678E8\n:00000001FF\n", "0=12 1=34 2=56 3=78 "},
         {"wrong checksum", ":010000001200\n", "0=12 "},
@@ -67,9 +62,9 @@ TEST_F(ReaderTest, Records) {
                                            "\n:0101000011\n", "100=11 4fe=5A "},
         // clang-format on
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(Data(c.file), c.read) << c.what;
-        EXPECT_EQ(Code(c.file), c.read) << c.what;
+    for (const auto& [what, file, read] : cases) {
+        EXPECT_EQ(Data(file), read) << what;
+        EXPECT_EQ(Code(file), read) << what;
         EXPECT_EQ(flash.back(), 0xEE) << "never filled from a file";
     }
 }
@@ -105,16 +100,42 @@ TEST_F(ReaderTest, OnlyRegularFilesAreRead) {
 
 struct WriterTest : ::testing::Test {
     QTemporaryDir dir;
-    QString path = dir.filePath(u"out.hex"_s);
+    QString path = dir.filePath(u"out.hex"_s), raw = dir.filePath(u"raw"_s);
     MemoryImages images;
+    ErrorFlag flag;
 };
 
-TEST_F(WriterTest, LinesEndWithCrLfAndAChecksumHasTwoDigits) {
-    ASSERT_EQ(WriteDataHex(path, images.eeprom, 64), HexWriteResult::Written);
-    EXPECT_EQ(testing::Lines(path).size(), 5);
-    QString sumsTo256 = u":1000F000"_s + QString(32, u'0');
-    AppendChecksum(sumsTo256);
-    EXPECT_EQ(sumsTo256.right(2), u"00"_s);
+/// srec_cat writes what the program writes: records of 16 bytes and an end record.
+TEST_F(WriterTest, AnIndependentToolMakesTheSameFiles) {
+    if (QStandardPaths::findExecutable(u"srec_cat"_s).isEmpty()) {
+        GTEST_SKIP() << "srec_cat (Debian: srecord) is not installed";
+    }
+    const QString theirs = dir.filePath(u"theirs"_s);
+    std::mt19937 random(1);
+    for (const int size : {64, 512, 8192}) {
+        QByteArray bytes(size, '\0'), swapped;
+        std::ranges::generate(bytes, [&random] { return static_cast<char>(random()); });
+        testing::PutFile(raw, bytes);
+        QProcess::execute(u"srec_cat"_s, {raw, u"-binary"_s, u"-output"_s, theirs, u"-intel"_s,
+                                          u"-address-length=2"_s, u"-line-length=44"_s});
+        const QByteArray expected = testing::Bytes(theirs).replace("\n", "\r\n");
+        EXPECT_EQ(ReadCodeHex(theirs, images.flash, flag), HexReadResult::Complete);
+        for (std::size_t cell = 0; cell < static_cast<std::size_t>(size); ++cell) {
+            swapped += static_cast<char>(images.flash[cell ^ 1]);
+        }
+        EXPECT_EQ(swapped, bytes) << "the image has a word's high byte first";
+        EXPECT_EQ(WriteCodeHex(path, images.flash, size / 2), HexWriteResult::Written);
+        EXPECT_EQ(testing::Bytes(path), expected);
+        if (size <= 512) {
+            EXPECT_EQ(ReadDataHex(theirs, images.eeprom, flag), HexReadResult::Complete);
+            EXPECT_EQ(WriteDataHex(path, images.eeprom, size), HexWriteResult::Written);
+            EXPECT_EQ(testing::Bytes(path), expected);
+        }
+    }
+    for (const char* sample : {"blink.hex", "blink.eep"}) {
+        const QString file = QStringLiteral(TOLVEX_SOURCE_DIR "/samples/") + QLatin1String(sample);
+        EXPECT_EQ(QProcess::execute(u"srec_info"_s, {file, u"-intel"_s}), 0) << sample;
+    }
 }
 
 TEST_F(WriterTest, EveryFailureIsNoticed) {

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
+// The listings, and the patch panel, whose changes show in them.
 #include "image/listing_files.h"
 
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
 
+#include "image/buffer_patch.h"
 #include "tests/support/real_files.h"
 #include "tests/support/recorder.h"
 
@@ -14,6 +16,11 @@ namespace {
 using namespace Qt::StringLiterals;
 using testing::Bytes;
 
+const QString kBadInput = u"message OK: 入力データに誤りがあります．"_s;
+const QString kFlashRange = u"message OK: Flash アドレスが範囲を超えています．"_s;
+const QString kEepromRange = u"message OK: EEPROM アドレスが範囲を超えています．"_s;
+constexpr bool kProgram = true, kEeprom = false;
+
 struct ListingTest : ::testing::Test {
     QTemporaryDir dir;
     testing::Recorder person;
@@ -21,44 +28,35 @@ struct ListingTest : ::testing::Test {
     ProgramState state{.device = {u"AT90S2313"_s, 0x24, 1024, 128, FuseGroup::LockOnly}};
     const QString first = dir.path() + u"/first/"_s, second = dir.path() + u"/second/"_s;
     ListingFiles listings{{.folders = {first, second}, .person = all, .state = state}};
+    BufferPatch patch{{.listings = listings, .person = all, .state = state}};
 };
 
-const QByteArray kSixteenDots(16, '\xA5');
-
 TEST_F(ListingTest, LinesToTheByte) {
-    const QByteArray text = "Hello\x1F \x7E\x7F\x80";
+    const QByteArray text = "Hello\x1F \x7E\x7F\x80", dots(16, '\xA5');
     std::ranges::copy(text, state.images.eeprom.begin());
-    state.images.flash[0] = 0x94;
-    state.images.flash[1] = 0x0C;
+    std::ranges::copy(QByteArray("\x94\x0C"), state.images.flash.begin());
     state.images.flash[2047] = 0x7E;
     state.images.flash[2048] = state.images.eeprom[128] = 0x42;  // beyond the device
     ASSERT_TRUE(listings.WriteFlashListing() && listings.WriteEepromListing());
     QList<QByteArray> lines = testing::Lines(first + u"avrhex.txt"_s);
     ASSERT_EQ(lines.size(), 128);
-    EXPECT_EQ(lines[0], "0000: 940C FFFF FFFF FFFF FFFF FFFF FFFF FFFF " + kSixteenDots);
-    EXPECT_EQ(lines[127],
-              "03F8: FFFF FFFF FFFF FFFF FFFF FFFF FFFF FF7E " + kSixteenDots.left(15) + "~");
+    EXPECT_EQ(lines[0], "0000: 940C FFFF FFFF FFFF FFFF FFFF FFFF FFFF " + dots);
+    EXPECT_EQ(lines[127], "03F8: FFFF FFFF FFFF FFFF FFFF FFFF FFFF FF7E " + dots.left(15) + "~");
     lines = testing::Lines(first + u"avreep.txt"_s);
     ASSERT_EQ(lines.size(), 8);
-    EXPECT_EQ(lines[0], "0000: 48 65 6C 6C 6F 1F 20 7E 7F 80 FF FF FF FF FF FF Hello\xA5 ~" +
-                            kSixteenDots.left(8));
+    EXPECT_EQ(lines[0],
+              "0000: 48 65 6C 6C 6F 1F 20 7E 7F 80 FF FF FF FF FF FF Hello\xA5 ~" + dots.left(8));
     EXPECT_TRUE(lines[7].startsWith("0070: FF"));
 }
 
 TEST_F(ListingTest, WindowsShowTheFileAndAShorterOneReplacesIt) {
     ASSERT_TRUE(listings.WriteFlashListing());
-    state.device.flashWords = 8;
-    state.device.eepromBytes = 16;
-    state.images.flash[0] = state.images.eeprom[15] = 0x42;
+    state.device.flashWords = 8, state.device.eepromBytes = 0;
+    state.images.flash[0] = 0x42;
     ASSERT_TRUE(listings.RefreshFlashListing() && listings.RefreshEepromListing());
-    const QString dots(15, u'\uFF65');
-    EXPECT_EQ(person.flashListing,
-              u"0000: 42FF FFFF FFFF FFFF FFFF FFFF FFFF FFFF B"_s + dots + u'\n');
-    EXPECT_EQ(person.eepromListing,
-              u"0000: FF FF FF FF FF FF FF FF FF FF FF FF FF FF FF 42 "_s + dots + u"B\n"_s);
-    state.device = {};  // no device, nothing in either
-    ASSERT_TRUE(listings.RefreshFlashListing() && listings.RefreshEepromListing());
-    EXPECT_EQ(person.flashListing + person.eepromListing, QString());
+    EXPECT_EQ(person.flashListing, u"0000: 42FF FFFF FFFF FFFF FFFF FFFF FFFF FFFF B"_s +
+                                       QString(15, u'\uFF65') + u'\n');
+    EXPECT_EQ(person.eepromListing, QString());
     EXPECT_TRUE(listings.WriteVerifyReport("one\r\ntwo\r\n") && listings.ShowVerifyReport());
     EXPECT_EQ(Bytes(first + u"avrvfy.txt"_s), "one\r\ntwo\r\n");
     EXPECT_EQ(person.verifyReport, u"one\ntwo\n"_s);
@@ -93,10 +91,9 @@ TEST_F(ListingTest, WhenNoFolderTakesItThePersonIsToldOnce) {
         EXPECT_FALSE(listings.RefreshEepromListing() || listings.ShowVerifyReport());
         EXPECT_TRUE(QDir(first).isEmpty() && QDir(second).isEmpty()) << "half a listing";
     }
-    EXPECT_EQ(person.calls,
-              (QStringList{u"flash listing"_s,
-                           u"message OK: リストファイルを書き込めるフォルダがないため、"
-                           "リストを表示できません。"_s}));
+    EXPECT_EQ(person.Seen(),
+              QStringList(u"message OK: リストファイルを書き込めるフォルダがないため、"
+                          "リストを表示できません。"_s));
     EXPECT_TRUE(listings.RefreshFlashListing()) << "room again";
 }
 
@@ -117,6 +114,56 @@ TEST_F(ListingTest, RetiredItLeavesAndWritesNothing) {
     ListingFiles none({.folders = {}, .person = all, .state = state});
     EXPECT_TRUE(none.RefreshFlashListing() && none.WriteVerifyReport("kept nowhere"));
     EXPECT_TRUE(person.calls.isEmpty());
+}
+
+TEST_F(ListingTest, ThePatchPanelReadsACell) {
+    std::ranges::copy(QByteArray("\x0A\xBC"), &state.images.flash[2046]);
+    state.images.eeprom[0x7F] = 0x0D;
+    const std::tuple<QString, bool, std::optional<QString>, QString> cases[] = {
+        // clang-format off
+        {u"03ff"_s, kProgram, u"0ABC"_s, {}}, {u"400"_s, kProgram, {}, kFlashRange},
+        {u"007Fg"_s, kEeprom, u"0D"_s, {}}, {u"80"_s, kEeprom, {}, kEepromRange},
+        {u"G"_s, kProgram, {}, kBadInput}, {u""_s, kProgram, {}, {}},
+        {u"\uFB00"_s, kProgram, {}, kBadInput},  // a ligature that upper-cases to FF
+        // clang-format on
+    };
+    for (const auto& [address, memory, shown, said] : cases) {
+        for (const bool show : {true, false}) {
+            person.calls.clear();
+            state.errorFlag.Set();  // an earlier failure is not this input's
+            EXPECT_EQ(patch.ReadBufferCell(address, memory, show), show ? shown : std::nullopt);
+            EXPECT_EQ(person.calls.join(u'\n'), said) << address.toStdString();
+        }
+    }
+}
+
+TEST_F(ListingTest, ThePatchPanelChangesACellAndItsListing) {
+    const std::tuple<QString, QString, bool, QString> cases[] = {
+        // clang-format off
+        {u"10"_s, u"940c"_s, kProgram, u"flash listing"_s}, {u"11"_s, u"FF"_s, kProgram, u"flash listing"_s},
+        {u"7F"_s, u"1234"_s, kEeprom, u"eeprom listing"_s},
+        {u""_s, u"12"_s, kProgram, kBadInput}, {u"0"_s, u""_s, kEeprom, kBadInput},
+        {u"x"_s, u"12"_s, kEeprom, kBadInput}, {u"FFFF"_s, u"1H"_s, kProgram, kBadInput},
+        {u"400"_s, u"1"_s, kProgram, kFlashRange}, {u"80"_s, u"1"_s, kEeprom, kEepromRange},
+        // clang-format on
+    };
+    for (const auto& [address, data, memory, met] : cases) {
+        person.calls.clear();
+        patch.WriteBufferCell(address, data, memory);
+        EXPECT_EQ(person.calls.join(u'\n'), met) << (address + u' ' + data).toStdString();
+    }
+    MemoryImages expected;
+    std::ranges::copy(std::to_array<std::uint8_t>({0x94, 0x0C, 0x00}), &expected.flash[0x20]);
+    expected.eeprom[0x7F] = 0x34;
+    EXPECT_TRUE(state.images.flash == expected.flash && state.images.eeprom == expected.eeprom);
+    EXPECT_TRUE(person.flashListing.contains(u"0010: 940C 00FF FFFF"_s));
+    EXPECT_TRUE(person.eepromListing.contains(u"FF 34 "_s));
+
+    state.device = {};  // without a device every address is beyond
+    person.calls.clear();
+    patch.ReadBufferCell(u"0"_s, kProgram, true);
+    patch.WriteBufferCell(u"0"_s, u"0"_s, kEeprom);
+    EXPECT_EQ(person.calls, QStringList({kFlashRange, kEepromRange}));
 }
 
 }  // namespace
