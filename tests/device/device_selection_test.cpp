@@ -13,22 +13,22 @@ using testing::TestBench;
 using L = OptionList;
 
 TEST(DeviceSelection, SetsSizesCodeAndOptions) {
-    const QList<L> fuses[] = {{}, {L::FSTRT}, {L::RCEN}, {L::BODLEVEL, L::BODEN, L::CKSEL}};
+    const QList<L> none, fstrt{L::FSTRT}, rcen{L::RCEN}, bod{L::BODLEVEL, L::BODEN, L::CKSEL};
     const struct {
         QString name;
         std::uint8_t code;
         int words, bytes;
         QList<L> fuses;
-    } cases[] = {{u"AT90S1200 (外部ｸﾛｯｸ)"_s, 0x11, 512, 64, fuses[0]},
-                 {u"AT90S1200A(内部RCｸﾛｯｸ1MHz)"_s, 0x11, 512, 64, fuses[0]},
-                 {u"AT90S2313"_s, 0x21, 1024, 128, fuses[0]},
-                 {u"AT90S2323"_s, 0x11, 1024, 128, fuses[1]},
-                 {u"AT90S2333"_s, 0x22, 1024, 128, fuses[3]},
-                 {u"AT90S2343"_s, 0x11, 1024, 128, fuses[2]},
-                 {u"AT90S4414"_s, 0x21, 2048, 256, fuses[0]},
-                 {u"AT90S4433"_s, 0x22, 2048, 256, fuses[3]},
-                 {u"AT90S8515"_s, 0x21, 4096, 512, fuses[0]},
-                 {u"AT90S8535"_s, 0x22, 4096, 512, fuses[1]}};
+    } cases[] = {{u"AT90S1200 (外部ｸﾛｯｸ)"_s, 0x11, 512, 64, none},
+                 {u"AT90S1200A(内部RCｸﾛｯｸ1MHz)"_s, 0x11, 512, 64, none},
+                 {u"AT90S2313"_s, 0x21, 1024, 128, none},
+                 {u"AT90S2323"_s, 0x11, 1024, 128, fstrt},
+                 {u"AT90S2333"_s, 0x22, 1024, 128, bod},
+                 {u"AT90S2343"_s, 0x11, 1024, 128, rcen},
+                 {u"AT90S4414"_s, 0x21, 2048, 256, none},
+                 {u"AT90S4433"_s, 0x22, 2048, 256, bod},
+                 {u"AT90S8515"_s, 0x21, 4096, 512, none},
+                 {u"AT90S8535"_s, 0x22, 4096, 512, fstrt}};
     TestBench b(7);
     EXPECT_EQ(b.person.devices.size(), std::size(cases));
     int index = 0;

@@ -85,12 +85,13 @@ TEST_F(MessageWindowTest, TheProgressOfAMinimisedProgramWaitsForItsWindow) {
 }
 
 TEST_F(MessageWindowTest, TheLongestMessageIsWhole) {
-    for (const QString& text :
-         {u"デバイス選択と、ソケット上のデバイスが一致しません。\r\n購入直後のデバイスを使用する場"
-          u"合は、"
-          "チップイレース(<消 Erase>ボタン)を実行してください。"_s,
-          u"ライタと通信ができませんでした。\r\nPCとライタの接続を確認後、メニューバーの\r\n"
-          "[通信チェック] [COMポート選択]を実行して下さい。\r\n"_s}) {
+    const QString texts[] = {
+        // clang-format off
+        u"デバイス選択と、ソケット上のデバイスが一致しません。\r\n購入直後のデバイスを使用する場合は、チップイレース(<消 Erase>ボタン)を実行してください。"_s,
+        u"ライタと通信ができませんでした。\r\nPCとライタの接続を確認後、メニューバーの\r\n[通信チェック] [COMポート選択]を実行して下さい。\r\n"_s,
+        // clang-format on
+    };
+    for (const QString& text : texts) {
         messages.ShowMessage(MessageMode::Message, text);
         const auto* label = Window()->findChild<FittedLabel*>();
         EXPECT_EQ(Window()->size(), QSize(383, 120));

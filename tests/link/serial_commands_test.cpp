@@ -43,18 +43,14 @@ const CommandCase kCases[] = {
     {'S', 2s, [](OpenBench& b) { b.writer.ReadSoftwareId(b.text, b.flag); }, {"S"}, u"Software ID Read S"_s, u""_s},
     {'V', 2s, [](OpenBench& b) { b.writer.ReadSoftwareVersion(b.text, b.flag); }, {"V"}, u"Software Ver Read V"_s, u""_s},
     {'v', 2s, [](OpenBench& b) { b.writer.ReadHardwareVersion(b.text, b.flag); }, {"v"}, u"Hardware Ver Read v"_s, u""_s},
-    {'T', 5s, [](OpenBench& b) { b.writer.SelectDeviceCode(0x0D, b.flag); }, {"T", QByteArray("\x0D\0", 2)}, u"Select device command T"_s,
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : select device command T"_s},
-    {'P', 5s, [](OpenBench& b) { b.writer.EnterProgrammingMode(b.flag); }, {"P"}, u"Enter programming Mode P"_s,
-     u"返答ﾃﾞｰﾀﾐｽ : Enter programming Mode P ?"_s},
+    {'T', 5s, [](OpenBench& b) { b.writer.SelectDeviceCode(0x0D, b.flag); }, {"T", QByteArray("\x0D\0", 2)}, u"Select device command T"_s, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : select device command T"_s},
+    {'P', 5s, [](OpenBench& b) { b.writer.EnterProgrammingMode(b.flag); }, {"P"}, u"Enter programming Mode P"_s, u"返答ﾃﾞｰﾀﾐｽ : Enter programming Mode P ?"_s},
     {'L', 5s, [](OpenBench& b) { b.writer.LeaveProgrammingMode(b.flag); }, {"L"}, u"Leave programming Mode L"_s, u"="_s},
     {'s', 5s, [](OpenBench& b) { b.writer.ReadSignature(b.signature, b.flag); }, {"s"}, u"Read Signature bytes s"_s, u""_s},
     {'A', 5s, [](OpenBench& b) { b.writer.SetAddress(0x1234, b.flag); }, {"A", "\x12", "\x34"}, u"Address Select A"_s, u"="_s},
     {'R', 5s, [](OpenBench& b) { b.writer.ReadProgramWord(b.high, b.low, b.flag); }, {"R"}, u"Read Program Memory R"_s, u""_s},
-    {'c', 5s, [](OpenBench& b) { b.writer.WriteProgramWord(0x94, 0x0C, b.flag); }, {"c", "\x0C"}, u"Low byte Write Program Memory c"_s,
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Low byte Write Data Memory c"_s},
-    {'C', 5s, [](OpenBench& b) { b.writer.WriteProgramWord(0x94, 0x0C, b.flag); }, {"c", "\x0C", "C", "\x94"}, u"Hi byte Write Program Memory C"_s,
-     u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Hi byte Write Data Memory C"_s},
+    {'c', 5s, [](OpenBench& b) { b.writer.WriteProgramWord(0x94, 0x0C, b.flag); }, {"c", "\x0C"}, u"Low byte Write Program Memory c"_s, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Low byte Write Data Memory c"_s},
+    {'C', 5s, [](OpenBench& b) { b.writer.WriteProgramWord(0x94, 0x0C, b.flag); }, {"c", "\x0C", "C", "\x94"}, u"Hi byte Write Program Memory C"_s, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Hi byte Write Data Memory C"_s},
     {'d', 5s, [](OpenBench& b) { b.writer.ReadDataByte(b.low, b.flag); }, {"d"}, u"Read Data Memory d"_s, u""_s},
     {'D', 5s, [](OpenBench& b) { b.writer.WriteDataByte(0x5A, b.flag); }, {"D", "\x5A"}, u"Write Data Memory D"_s, u"="_s},
     {'e', 5s, [](OpenBench& b) { b.writer.ChipErase(b.flag); }, {"e"}, u"Chip Erase e"_s, u"="_s},
@@ -62,53 +58,38 @@ const CommandCase kCases[] = {
     {'l', 5s, [](OpenBench& b) { b.writer.WriteLockBits(0xFD, b.flag); }, {"l", "\xFD"}, u"Write Lock bit l"_s, u"="_s},
     {'F', 5s, [](OpenBench& b) { b.writer.ReadLockFuseBits(b.low, b.flag); }, {"F"}, u"Read Lock & Fuse bit F"_s, u""_s},
     {'r', 5s, [](OpenBench& b) { b.writer.ReadFuseBits(b.low, b.flag); }, {"r"}, u"Read Fuse bit r"_s, u""_s},
-    {'x', 1s, [](OpenBench& b) { b.writer.LedOn(); }, {"x"}, u"LED on x"_s,
-     u"返答ﾃﾞｰﾀﾐｽ : LED on x ?"_s},
-    {'y', 1s, [](OpenBench& b) { b.writer.LedOff(); }, {"y"}, u"LED off x"_s,
-     u"返答ﾃﾞｰﾀﾐｽ : LED off x ?"_s},
+    {'x', 1s, [](OpenBench& b) { b.writer.LedOn(); }, {"x"}, u"LED on x"_s, u"返答ﾃﾞｰﾀﾐｽ : LED on x ?"_s},
+    {'y', 1s, [](OpenBench& b) { b.writer.LedOff(); }, {"y"}, u"LED off x"_s, u"返答ﾃﾞｰﾀﾐｽ : LED off x ?"_s},
 };
 // clang-format on
 
 const QString kNoReply = u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : "_s;
 
-TEST(SerialCommands, PutTheirBytesOnTheWireAndPauseAroundTheSlowOnes) {
+TEST(SerialCommands, PutTheirBytesOnTheWireAndTellAMissingOrWrongReplyInTheirOwnWords) {
     for (const CommandCase& c : kCases) {
-        for (const std::int16_t before : {std::int16_t{0}, std::int16_t{1}}) {
+        for (const FaultKind fault : {FaultKind::Long, FaultKind::Silent, FaultKind::Wrong}) {
+            SCOPED_TRACE(c.letter);
+            const bool good = fault == FaultKind::Long, silent = fault == FaultKind::Silent;
             OpenBench b;
-            b.flag.value = before;
-            const auto start = b.clock.Now();
-            c.run(b);
-            ASSERT_GE(b.port.writes.size(), c.writes.size());
-            EXPECT_EQ(b.port.writes.first(c.writes.size()), c.writes) << c.letter;
-            EXPECT_EQ(b.flag.value, before) << c.letter << ": a success leaves the flag alone";
-            const auto pause = QByteArray("Lfl").contains(c.letter) ? 100ms : 0ms;
-            EXPECT_EQ(std::chrono::floor<Centiseconds>(b.clock.Now() - start), pause) << c.letter;
-            EXPECT_EQ(
-                b.person.calls.contains(u"status 1: ｺﾏﾝﾄﾞ送信 : Select device command T , 0xD"_s),
-                c.letter == 'T');
-        }
-    }
-}
-
-TEST(SerialCommands, AMissingOrWrongReplyIsToldWithTheCommandsOwnText) {
-    for (const CommandCase& c : kCases) {
-        for (const FaultKind fault : {FaultKind::Silent, FaultKind::Wrong}) {
-            OpenBench b;
+            b.flag.value = good ? 1 : 0;  // a success leaves it alone
             b.board.SetLetterFault(c.letter, fault);
             const auto start = b.clock.Now();
             c.run(b);
-            const bool silent = fault == FaultKind::Silent;
-            const bool same = silent || c.wrongReply == u"=";
-            EXPECT_EQ(b.flag.Failed(), silent || !c.wrongReply.isEmpty()) << c.letter;
-            if (b.flag.Failed()) {
+            ASSERT_GE(b.port.writes.size(), c.writes.size());
+            EXPECT_EQ(b.port.writes.first(c.writes.size()), c.writes);
+            EXPECT_EQ(b.flag.Failed(), good || silent || !c.wrongReply.isEmpty());
+            if (!good && b.flag.Failed()) {
+                const bool same = silent || c.wrongReply == u"=";
                 EXPECT_EQ(b.person.panels[1], same ? kNoReply + c.noReply : c.wrongReply);
             }
             // The pause before an argument comes on top, the one after 'L' only after a reply.
             const auto wait = silent ? c.timeOut : std::chrono::seconds(0);
             const auto pause = QByteArray(silent ? "fl" : "fLl").contains(c.letter) ? 100ms : 0ms;
-            EXPECT_EQ(std::chrono::floor<Centiseconds>(b.clock.Now() - start), wait + pause)
-                << c.letter;
-            EXPECT_TRUE(b.port.IsOpen()) << c.letter;
+            EXPECT_EQ(std::chrono::floor<Centiseconds>(b.clock.Now() - start), wait + pause);
+            EXPECT_TRUE(b.port.IsOpen());
+            EXPECT_EQ(
+                b.person.calls.contains(u"status 1: ｺﾏﾝﾄﾞ送信 : Select device command T , 0xD"_s),
+                c.letter == 'T');
             if (c.letter == 'c') {
                 EXPECT_EQ(b.Wire().last(), silent ? u"c 0C" : u"C 94") << "the other half";
             }

@@ -12,9 +12,6 @@ using namespace Qt::StringLiterals;
 using testing::DetectionWire;
 using testing::TestBench;
 
-const QString kFirmwareNotice =
-    u"このファームウエアバージョンでは、AT90S2333/4433をサポートしません。"_s;
-
 TEST(WriterDetector, FindsTheWriterAndLeavesThePortOpen) {
     TestBench b(2);
     b.settings.values[u"ComNox"_s] = u"12"_s;
@@ -38,12 +35,13 @@ TEST(WriterDetector, FindsTheWriterAndLeavesThePortOpen) {
 }
 
 TEST(WriterDetector, AFailureNamesItsStageAndClosesThePort) {
-    for (const auto& [letter, fault, stage] : {std::tuple{'-', FaultKind::Silent, 'S'},
-                                               {'S', FaultKind::Late, 'S'},
-                                               {'V', FaultKind::Silent, 'V'},
-                                               {'v', FaultKind::Short, 'v'},
-                                               {'v', FaultKind::HangUp, 'v'},
-                                               {'T', FaultKind::Wrong, 'T'}}) {
+    const std::tuple<char, FaultKind, char> cases[] = {
+        // clang-format off
+        {'-', FaultKind::Silent, 'S'}, {'S', FaultKind::Late, 'S'}, {'V', FaultKind::Silent, 'V'},
+        {'v', FaultKind::Short, 'v'}, {'v', FaultKind::HangUp, 'v'}, {'T', FaultKind::Wrong, 'T'},
+        // clang-format on
+    };
+    for (const auto& [letter, fault, stage] : cases) {
         TestBench b;
         b.port.RefuseOpen(letter == '-');
         b.board.SetLetterFault(letter, fault);
@@ -99,10 +97,12 @@ TEST(PortSelection, LoadingAndCancellingCloseThePortAndCountAsFailures) {
 }
 
 TEST(PortSelection, AnOpenedPortIsStoredAndDetected) {
+    const QString notice =
+        u"このファームウエアバージョンでは、AT90S2333/4433をサポートしません。"_s;
     const std::tuple<QString, char, QString> cases[] = {
         {u"3.9"_s, '-', u"ライタを検出しました。 COM3"_s},
-        {u"4.0"_s, '-', kFirmwareNotice},
-        {u"3.9"_s, 'S', kFirmwareNotice},
+        {u"4.0"_s, '-', notice},
+        {u"3.9"_s, 'S', notice},
         {u"3.9"_s, 'v', u"ライタと通信ができませんでした。(Command_v)"_s}};
     for (const auto& [firmware, silent, panel] : cases) {
         TestBench b;

@@ -19,15 +19,11 @@
 #include "platform/event_loop_clock.h"
 #include "tests/support/real_files.h"
 
-namespace {
-
 /// What a serial driver knows and a pseudo-terminal lacks.
-struct Driver {
-    bool rts = false;
-    int flags = 0;
+static struct {
+    bool rts;
+    int flags;
 } driver;
-
-}  // namespace
 
 /// Stands before the C library's and plays the driver.
 extern "C" int ioctl(int descriptor, unsigned long request, ...) noexcept {
@@ -35,13 +31,10 @@ extern "C" int ioctl(int descriptor, unsigned long request, ...) noexcept {
     va_start(list, request);
     void* argument = va_arg(list, void*);
     va_end(list);
-    int* const flags = request == TIOCGSERIAL || request == TIOCSSERIAL
-                           ? &static_cast<serial_struct*>(argument)->flags
-                           : nullptr;
     if (request == TIOCGSERIAL) {
-        *flags = driver.flags;
+        static_cast<serial_struct*>(argument)->flags = driver.flags;
     } else if (request == TIOCSSERIAL) {
-        driver.flags = *flags;
+        driver.flags = static_cast<serial_struct*>(argument)->flags;
     } else if (request == TIOCMBIS || request == TIOCMBIC) {
         driver.rts = (*static_cast<int*>(argument) & TIOCM_RTS) ? request == TIOCMBIS : driver.rts;
     } else {
@@ -206,10 +199,10 @@ TEST_F(QtSerialPortTest, APortThatCannotBeOpenedStaysClosed) {
         QtSerialPort second(ports);
         second.Configure({.number = number});
         EXPECT_FALSE(second.Open()) << number;
-        EXPECT_FALSE(second.IsOpen() || second.LastError().isEmpty()) << number;
-        EXPECT_FALSE(second.Write("S")) << number;
+        EXPECT_FALSE(second.IsOpen() || second.Write("S") || second.LastError().isEmpty())
+            << number;
         second.DiscardInput();
-        EXPECT_TRUE(second.ReadAll().isEmpty()) << number;
+        EXPECT_TRUE(second.ReadAll().isEmpty());
     }
     port.Close();
     EXPECT_TRUE(port.Open()) << "free again";
