@@ -40,16 +40,14 @@ void WhenShown(const std::function<void(QFileDialog&)>& act) {
 TEST(WindowDialogs, FileDialogsStartInTheStatedFolder) {
     WindowDialogs dialogs([] { return nullptr; });
     const QTemporaryDir one, other;
-    const struct {
-        QString stated, name, start, shown;
-    } cases[] = {
-        // clang-format off
+    // clang-format off
+    const struct { QString stated, name, start, shown; } cases[] = {
         {one.path(), other.filePath(u"a.hex"_s), one.path(), u"a.hex"_s},
         {one.filePath(u"gone"_s), other.filePath(u"a.hex"_s), other.path(), u"a.hex"_s},
         {u""_s, other.filePath(u"gone/a.hex"_s), QDir::currentPath(), u"a.hex"_s},
         {one.path(), u""_s, one.path(), u""_s},
-        // clang-format on
     };
+    // clang-format on
     for (const auto& c : cases) {
         WhenShown([&](QFileDialog& dialog) {
             EXPECT_EQ(dialog.directory().path(), c.start);
@@ -76,11 +74,8 @@ TEST(WindowDialogs, FileDialogsShowTheRequestAndReturnWholeNames) {
     });
     EXPECT_FALSE(dialogs.AskSaveFile(request).accepted);
 
-    const struct {
-        const char* what;
-        bool save;
-        QString typed, bareName;
-    } cases[] = {
+    // clang-format off
+    const struct { const char* what; bool save; QString typed, bareName; } cases[] = {
         {"open a missing file", false, u"gone.rom"_s, u"gone.rom"_s},
         {"replace without a question", true, u"old.hex"_s, u"old.hex"_s},
         {"suffix added to a new name", true, u"new"_s, u"new.hex"_s},
@@ -88,6 +83,7 @@ TEST(WindowDialogs, FileDialogsShowTheRequestAndReturnWholeNames) {
         {"and behind a dot", true, u"new."_s, u"new.hex"_s},
         {"not to an existing one", false, u"README"_s, u"README"_s},
     };
+    // clang-format on
     for (const auto& c : cases) {
         WhenShown([&](QFileDialog& dialog) {
             dialog.findChild<QLineEdit*>()->setText(c.typed);
