@@ -18,13 +18,10 @@ const QString kDetected = u"S,V,v,T 11 00,"_s;
 
 /// Three words, "940C 1234 FFEE" in a listing, and two EEPROM bytes.
 void FillAFewCells(MemoryImages& images) {
-    images.flash[0] = 0x94;
-    images.flash[1] = 0x0C;
-    images.flash[2] = 0x12;
-    images.flash[3] = 0x34;
-    images.flash[5] = 0xEE;
-    images.eeprom[0] = 0x5A;
-    images.eeprom[2] = 0xA5;
+    constexpr std::uint8_t words[] = {0x94, 0x0C, 0x12, 0x34, 0xFF, 0xEE},
+                           bytes[] = {0x5A, 0xFF, 0xA5};
+    std::ranges::copy(words, images.flash.begin());
+    std::ranges::copy(bytes, images.eeprom.begin());
 }
 
 const QString kProgramWire =
@@ -59,34 +56,21 @@ TEST(ProgramOperation, GoesOverTheWireAndTellsEveryStepInOrder) {
     EXPECT_FALSE(b.person.calls.contains(u"verify report"_s));
 }
 
-TEST(ProgramOperation, EveryChipEndsUpHoldingTheImages) {
-    for (int index = 0; index < static_cast<int>(Catalogue().size()); ++index) {
-        TestBench b(index);
-        b.FillImages(static_cast<unsigned>(index + 1));
-        b.bench.toolbar.Click(u"Program");
-        EXPECT_EQ(b.chip->Contents().flash, b.FlashOfImages()) << index;
-        EXPECT_EQ(b.chip->Contents().eeprom, b.EepromOfImages()) << index;
-        EXPECT_EQ(b.person.message, kVerified) << index;
-        testing::Recorder::Progress last{};
-        for (const auto& step : b.person.progress) {  // within a phase the bar only moves on
-            EXPECT_TRUE(step.maximum != last.maximum || step.value == 0 ||
-                        step.value >= last.value);
-            last = step;
-        }
-        EXPECT_EQ(last.value, last.maximum) << index;
-    }
-}
-
 TEST(ProgramOperation, WritesAndVerifiesAsFarAsTheImagesReach) {
     const struct {
-        QList<std::size_t> flashCells, eepromCells;
+        int device;
+        QList<std::size_t> flashCells, eepromCells;  ///< none at all: random ones everywhere
         int wordsWritten, wordsVerified, bytesVerified;
-    } cases[] = {{{0}, {}, 2, 1, 1},  // the first word alone takes the second along
-                 {{}, {5}, 0, 1, 6},
-                 {{1023}, {63}, 512, 512, 64},
-                 {{0, 1024}, {63, 64}, 2, 1, 64}};  // what lies beyond the chip does not count
+    } cases[] = {{0, {0}, {}, 2, 1, 1},  // the first word alone takes the second along
+                 {0, {}, {5}, 0, 1, 6},
+                 {0, {1023}, {63}, 512, 512, 64},
+                 {0, {0, 1024}, {63, 64}, 2, 1, 64},  // what lies beyond the chip does not count
+                 {8, {}, {}, 4096, 4096, 512}};
     for (const auto& c : cases) {
-        TestBench b;
+        TestBench b(c.device);
+        if (c.device == 8) {
+            b.FillImages(1);
+        }
         for (const std::size_t cell : c.flashCells) {
             b.bench.state.images.flash[cell] = 0;
         }
@@ -97,6 +81,15 @@ TEST(ProgramOperation, WritesAndVerifiesAsFarAsTheImagesReach) {
         EXPECT_EQ(b.Wire().filter(u"C "_s).size(), c.wordsWritten);
         EXPECT_EQ(b.Wire().count(u"R"_s), c.wordsVerified);
         EXPECT_EQ(b.Wire().count(u"d"_s), c.bytesVerified);
+        EXPECT_EQ(b.chip->Contents().flash, b.FlashOfImages());
+        EXPECT_EQ(b.chip->Contents().eeprom, b.EepromOfImages());
+        testing::Recorder::Progress last{};
+        for (const auto& step : b.person.progress) {  // within a phase the bar only moves on
+            EXPECT_TRUE(step.maximum != last.maximum || step.value == 0 ||
+                        step.value >= last.value);
+            last = step;
+        }
+        EXPECT_EQ(last.value, last.maximum);
     }
     TestBench blank;
     EXPECT_TRUE(blank.bench.toolbar.Click(u"Program").program->nothingToWrite);
@@ -105,34 +98,27 @@ TEST(ProgramOperation, WritesAndVerifiesAsFarAsTheImagesReach) {
 }
 
 TEST(VerifyOperation, ReportsEveryDifferingCell) {
-    for (const bool inFlash : {false, true}) {
-        TestBench b(8);
-        if (inFlash) {
-            b.bench.state.images.flash[0x1000] = 0x94;  // word 0x0800
-            b.bench.state.images.flash[0x1001] = 0x0C;
-            b.chip->ProgramFlashLow(0x800, 0x0D);
-            b.chip->ProgramFlashHigh(0x800, 0x94);
-        } else {
-            b.bench.state.images.eeprom[0x1FF] = 0x0A;
-        }
-        EXPECT_FALSE(b.bench.toolbar.Click(u"Verify").verify->Matches());
-        const QByteArray report =
-            inFlash ? "Flash Program memory address verify\r\n\r\n"
-                      "Flash  Address(word) = 0800  Original Data = 940C   NG Data = 940D\r\n"
-                      "\r\nEEPROM data memory address verify\r\n\r\n"
-                    : "Flash Program memory address verify\r\n\r\n"
-                      "\r\nEEPROM data memory address verify\r\n\r\n"
-                      "EEPROM Address(byte) = 01FF  Original Data = 0A   NG Data = FF\r\n";
-        EXPECT_EQ(testing::Bytes(b.folder.filePath(u"avrvfy.txt"_s)), report);
-        EXPECT_EQ(b.person.verifyReport, QString::fromLatin1(report).remove(u'\r'));
-        EXPECT_EQ(b.Wire().count(u"R"_s), 4096) << "the whole chip";
-        EXPECT_EQ(b.Wire().count(u"d"_s), 512);
-        const QString text = inFlash ? u"ベリファイ　FLASH : NG / EEPROM : OK"_s
-                                     : u"ベリファイ　FLASH : OK / EEPROM : NG"_s;
-        EXPECT_EQ(b.person.calls.last(4).join(u", "),
-                  u"verify report, status 1: %1, message OK: %1, status 1: "
-                  "ベリファイ終了しました。"_s.arg(text));
-    }
+    TestBench b(8);
+    b.bench.state.images.flash[0x1000] = 0x94;  // word 0x0800
+    b.bench.state.images.flash[0x1001] = 0x0C;
+    b.chip->ProgramFlashLow(0x800, 0x0D);
+    b.chip->ProgramFlashHigh(0x800, 0x94);
+    b.bench.state.images.eeprom[0x1FF] = 0x0A;
+    EXPECT_FALSE(b.bench.toolbar.Click(u"Verify").verify->Matches());
+    const QByteArray report =
+        "Flash Program memory address verify\r\n\r\n"
+        "Flash  Address(word) = 0800  Original Data = 940C   NG Data = 940D\r\n"
+        "\r\nEEPROM data memory address verify\r\n\r\n"
+        "EEPROM Address(byte) = 01FF  Original Data = 0A   NG Data = FF\r\n";
+    EXPECT_EQ(testing::Bytes(b.folder.filePath(u"avrvfy.txt"_s)), report);
+    EXPECT_EQ(b.person.verifyReport, QString::fromLatin1(report).remove(u'\r'));
+    EXPECT_EQ(b.Wire().count(u"R"_s), 4096) << "the whole chip";
+    EXPECT_EQ(b.Wire().count(u"d"_s), 512);
+    const QString text = u"ベリファイ　FLASH : NG / EEPROM : NG"_s;
+    EXPECT_EQ(
+        b.person.calls.last(4).join(u", "),
+        u"verify report, status 1: %1, message OK: %1, status 1: ベリファイ終了しました。"_s.arg(
+            text));
 }
 
 TEST(ReadOperation, FillsTheImagesAndLeavesTheRest) {
@@ -155,56 +141,31 @@ TEST(ReadOperation, FillsTheImagesAndLeavesTheRest) {
 
 /// What a chain did to both memories: "FE" = all of it, "F" = the EEPROM failed.
 QString Done(const ChainResult& r) {
-    const auto [flash, eeprom] =
-        r.program ? std::pair(r.program->flashWritten, r.program->eepromWritten)
-        : r.read  ? std::pair(r.read->flashRead, r.read->eepromRead)
-                  : std::pair(r.verify->flashCompared, r.verify->eepromCompared);
-    const bool whole = r.program ? r.program->Verified()
-                       : r.read  ? r.read->Complete()
-                                 : r.verify->Matches();
+    const auto [flash, eeprom, whole] =
+        r.program
+            ? std::tuple(r.program->flashWritten, r.program->eepromWritten, r.program->Verified())
+        : r.read
+            ? std::tuple(r.read->flashRead, r.read->eepromRead, r.read->Complete())
+            : std::tuple(r.verify->flashCompared, r.verify->eepromCompared, r.verify->Matches());
     EXPECT_EQ(whole, flash && eeprom);
     return QString(flash ? u"F"_s : u""_s) + (eeprom ? u"E"_s : u""_s);
 }
 
-TEST(ChipOperations, FaultsAreToldAndWhatFailedDoesNotCountAsDone) {
-    const QString failed = u"status 1: ｺﾐﾆｭｹｰｼｮﾝ失敗 : "_s, ok = u"message OK: "_s;
-    const struct {
-        QString key;
-        char letter;
-        int occurrence;
-        FaultKind fault;
-        QString done, last;
-        QStringList seen;  ///< in this order, others in between
-    } cases[] = {
-        // clang-format off
-        {u"Program"_s, 'e', 1, FaultKind::Wrong, u"FE"_s, u"L"_s,
-         {failed + u"Chip Erase e"_s, u"status 1: Flash & EEPROM メモリクリアー失敗"_s,
-          ok + u"Flash & EEPROM メモリクリアー失敗"_s, ok + kVerified}},
-        {u"Program"_s, 's', 2, FaultKind::Silent, u""_s, u"L"_s,
-         {failed + u"Read Signature bytes s"_s, u"status 1: プログラミングを中止しました。"_s, u"status 1: プログラム終了しました。"_s}},
-        {u"Program"_s, 'c', 3, FaultKind::Wrong, u"E"_s, u"L"_s,
-         {failed + u"Low byte Write Data Memory c"_s, u"status 1: Flashメモリ ライト失敗"_s, ok + u"Flashメモリ ライト失敗"_s,
-          u"progress: EEPROM Data Memory Programming !"_s, u"close message"_s, ok + kVerified}},
-        {u"Program"_s, 'D', 1, FaultKind::Silent, u"F"_s, u"L"_s,
-         {failed + u"Write Data Memory D"_s, u"status 1: EEPROMメモリ ライト失敗"_s, ok + u"EEROMメモリ ライト失敗"_s, ok + kVerified}},
-        {u"Program"_s, 'c', 2, FaultKind::HangUp, u""_s, u"c 34"_s,
-         {failed + u"Low byte Write Program Memory c"_s, ok + u"Flashメモリ ライト失敗"_s, ok + u"EEROMメモリ ライト失敗"_s,
-          ok + u"Flash メモリ ベリファイ失敗"_s, ok + u"ベリファイ　通信エラー"_s}},
-        {u"Verify"_s, 'R', 512, FaultKind::Silent, u"E"_s, u"L"_s,  // the last word goes by the one before
-         {u"status 1: Flash メモリ ベリファイ失敗"_s, ok + u"Flash メモリ ベリファイ失敗"_s, ok + kVerified}},
-        {u"Verify"_s, 'd', 64, FaultKind::Silent, u"F"_s, u"L"_s,
-         {u"status 1: ベリファイ　通信エラー"_s, ok + u"ベリファイ　通信エラー"_s, u"status 1: ベリファイ終了しました。"_s}},
-        {u"Verify"_s, 'P', 1, FaultKind::Wrong, u""_s, u"L"_s,
-         {u"status 1: 返答ﾃﾞｰﾀﾐｽ : Enter programming Mode P ?"_s, u"status 1: ベリファイを中止しました。"_s}},
-        {u"Read"_s, 'R', 101, FaultKind::Silent, u""_s, u"R"_s,  // ends it where it stands
-         {u"progress: Flash Program Memory Reading !"_s, failed + u"Read Program Memory R"_s, u"status 1: リード終了しました。"_s}},
-        {u"Read"_s, 'A', 1, FaultKind::Wrong, u"E"_s, u"L"_s,
-         {u"status 1: Flashメモリ リード失敗"_s, ok + u"Flashメモリ リード失敗"_s, u"progress: EEPROM Data Memory Reading !"_s, u"close message"_s}},
-        {u"Read"_s, 'A', 2, FaultKind::Wrong, u"F"_s, u"L"_s,
-         {u"status 1: EEPROMメモリ リード失敗"_s, ok + u"EEROMメモリ リード失敗"_s}},
-        {u"Read"_s, 's', 1, FaultKind::Silent, u""_s, u"L"_s, {u"status 1: リードを中止しました。"_s}},
-        // clang-format on
+// The sweep over every fault at every exchange looks at what is told.
+TEST(ChipOperations, WhatFailedDoesNotCountAsDoneAndTheRestStillRuns) {
+    // clang-format off
+    const struct { QString key; char letter; int occurrence; FaultKind fault; QString done, last, message; } cases[] = {
+        {u"Program"_s, 'e', 1, FaultKind::Wrong, u"FE"_s, u"L"_s, kVerified},
+        {u"Program"_s, 'c', 3, FaultKind::Wrong, u"E"_s, u"L"_s, kVerified},
+        {u"Program"_s, 'D', 1, FaultKind::Silent, u"F"_s, u"L"_s, kVerified},
+        {u"Program"_s, 'c', 2, FaultKind::HangUp, u""_s, u"c 34"_s, u"ベリファイ　通信エラー"_s},
+        {u"Verify"_s, 'R', 512, FaultKind::Silent, u"E"_s, u"L"_s, kVerified},  // the last word goes by the one before
+        {u"Verify"_s, 'd', 64, FaultKind::Silent, u"F"_s, u"L"_s, u"ベリファイ　通信エラー"_s},
+        {u"Read"_s, 'R', 101, FaultKind::Silent, u""_s, u"R"_s, u""_s},  // ends it where it stands
+        {u"Read"_s, 'A', 1, FaultKind::Wrong, u"E"_s, u"L"_s, u""_s},
+        {u"Read"_s, 'A', 2, FaultKind::Wrong, u"F"_s, u"L"_s, u"EEROMメモリ リード失敗"_s},
     };
+    // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE((c.key + u' ' + QLatin1Char(c.letter)).toStdString());
         TestBench b;
@@ -216,26 +177,21 @@ TEST(ChipOperations, FaultsAreToldAndWhatFailedDoesNotCountAsDone) {
         b.board.SetLetterFault(c.letter, c.fault, c.occurrence);
         const auto start = b.clock.Now();
         EXPECT_EQ(Done(b.bench.toolbar.Click(c.key)), c.done);
-        qsizetype at = 0;
-        for (const QString& text : c.seen) {
-            at = b.person.Seen().indexOf(text, at) + 1;
-            ASSERT_GT(at, 0) << text.toStdString();
-        }
         EXPECT_EQ(b.Wire().last(), c.last);
+        EXPECT_TRUE(c.message.isEmpty() || b.person.message == c.message);
         // One time-out at the most, and none at all after a hang-up.
         EXPECT_LT(b.clock.Now() - start, std::chrono::seconds(8));
-        if (c.last == u"R") {
-            EXPECT_EQ(b.bench.state.images.flash[199], kErased);
-            EXPECT_EQ(b.bench.state.images.flash[200], 0x33);
-        }
+        EXPECT_EQ(c.last == u"R" ? b.bench.state.images.flash[199] : kErased, kErased);
+        EXPECT_EQ(c.last == u"R" ? b.bench.state.images.flash[200] : 0x33, 0x33);
     }
 }
 
 TEST(ChipOperations, AListingThatCannotBeWrittenLeavesProgrammingModeAndIsTold) {
     const std::pair<QString, QString> cases[] = {
-        {u"Program"_s, u"avrhex.txt"_s}, {u"Program"_s, u"avrvfy.txt"_s},
-        {u"Erase"_s, u"avreep.txt"_s},   {u"Read"_s, u"avrhex.txt"_s},
-        {u"Verify"_s, u"avrvfy.txt"_s},  {u"Clear"_s, u"avreep.txt"_s}};
+        // clang-format off
+        {u"Program"_s, u"avrhex.txt"_s}, {u"Program"_s, u"avrvfy.txt"_s}, {u"Erase"_s, u"avreep.txt"_s},
+        {u"Read"_s, u"avrhex.txt"_s}, {u"Verify"_s, u"avrvfy.txt"_s}, {u"Clear"_s, u"avreep.txt"_s}};
+    // clang-format on
     for (const auto& [key, name] : cases) {
         TestBench b;
         FillAFewCells(b.bench.state.images);
@@ -249,32 +205,24 @@ TEST(ChipOperations, AListingThatCannotBeWrittenLeavesProgrammingModeAndIsTold) 
     }
 }
 
-TEST(ToolbarSequences, EraseClearsTheChipAndTheListsOrSaysThatItFailed) {
-    for (const char failing : {' ', 'P', 'L'}) {
-        TestBench b(7);
-        b.chip->ProgramFlashLow(3, 0);
-        b.chip->ProgramLock(0xF9);  // so that the signature is asked for five times
-        b.board.SetLetterFault(failing, FaultKind::Wrong);
-        const auto startUp = b.person.options;
-        for (int& entry : b.person.options) {
-            entry = 1 - entry;
-        }
-        auto moved = b.person.options;
-        b.bench.toolbar.Click(u"Erase");
-        EXPECT_EQ(b.Wire().join(u','), u"S,V,v,T 22 00,s,s,s,s,s,P,e,L"_s);
-        if (failing == ' ') {
-            EXPECT_EQ(b.chip->ReadFlashLow(3), kErased);
-            EXPECT_FALSE(b.chip->WriteProtected());
-            EXPECT_EQ(b.person.options, startUp);
-            EXPECT_EQ(b.person.panels[1], u"Lock bit & Flash & EEPROM メモリクリアー完了。"_s);
-            EXPECT_EQ(b.person.calls.filter(u"listing"_s), QStringList(u"eeprom listing"_s));
-        } else {
-            moved[OptionList::LockBit] = 2;  // selected by the check that found the protection
-            EXPECT_EQ(b.person.options, moved);
-            EXPECT_EQ(b.person.panels[1], u"Flash & EEPROM メモリクリアー失敗"_s);
-            EXPECT_EQ(b.person.message, u"Flash & EEPROM メモリクリアー失敗"_s);
-        }
+TEST(ToolbarSequences, EraseClearsTheChipAndTheLists) {
+    TestBench b(7);
+    b.chip->ProgramFlashLow(3, 0);
+    b.chip->ProgramLock(0xF9);  // so that the signature is asked for five times
+    const auto startUp = b.person.options;
+    for (int& entry : b.person.options) {
+        entry = 1 - entry;
     }
+    b.bench.toolbar.Click(u"Erase");
+    EXPECT_EQ(b.Wire().join(u','), u"S,V,v,T 22 00,s,s,s,s,s,P,e,L"_s);
+    EXPECT_EQ(b.chip->ReadFlashLow(3), kErased);
+    EXPECT_EQ(b.person.options, startUp);
+    EXPECT_EQ(b.person.calls.filter(u"listing"_s), QStringList(u"eeprom listing"_s));
+    b.person.options[OptionList::FSTRT] = 1 - startUp[OptionList::FSTRT];
+    const auto moved = b.person.options;
+    b.board.SetLetterFault('L', FaultKind::Wrong);
+    b.bench.toolbar.Click(u"Erase");
+    EXPECT_EQ(b.person.options, moved) << "it failed";
 }
 
 TEST(ToolbarSequences, ClearWorksWithoutAWriter) {
@@ -283,27 +231,10 @@ TEST(ToolbarSequences, ClearWorksWithoutAWriter) {
     const auto startUp = std::exchange(b.person.options, {});
     b.bench.toolbar.Click(u"Clear");
     EXPECT_TRUE(b.port.Calls().isEmpty());
-    EXPECT_EQ(b.bench.state.images.flash, MemoryImages().flash);
-    EXPECT_EQ(b.bench.state.images.eeprom, MemoryImages().eeprom);
+    EXPECT_EQ(b.FlashOfImages() + b.EepromOfImages(), QByteArray(2048 + 128, '\xFF'));
     EXPECT_EQ(b.person.options, startUp);
     EXPECT_EQ(b.person.calls.filter(u"listing"_s).join(u", "), u"flash listing, eeprom listing"_s);
     EXPECT_EQ(b.person.panels[1], u"バッファーをクリアしました。"_s);
-}
-
-TEST(ToolbarSequences, FileButtonsRunTheMenusCommands) {
-    TestBench b;
-    b.bench.toolbar.Click(u"Open");
-    b.bench.toolbar.Click(u"Save");
-    b.bench.toolbar.Click(u"ReLoad");
-    EXPECT_EQ(b.person.calls.filter(u"dialog"_s).join(u", "),
-              u"open dialog コードファイル ＆ データファイルを開く, "
-              "save dialog コードファイル ＆ データファイルの保存"_s);
-    EXPECT_FALSE(b.bench.state.names.ReloadFlag);
-    b.bench.toolbar.Click(u"ComSelect");
-    EXPECT_EQ(b.portDialogs, 1);
-    b.person.calls.clear();
-    b.bench.toolbar.Click(u"program");
-    EXPECT_EQ(b.person.calls.join(u", "), u"status 1: "_s) << "no such key";
 }
 
 }  // namespace

@@ -85,21 +85,17 @@ TEST_F(MessageWindowTest, TheProgressOfAMinimisedProgramWaitsForItsWindow) {
 }
 
 TEST_F(MessageWindowTest, TheLongestMessageIsWhole) {
-    for (const QString& text :
-         {u"デバイス選択と、ソケット上のデバイスが一致しません。\r\n購入直後のデバイスを使用する場"
-          u"合は、"
-          "チップイレース(<消 Erase>ボタン)を実行してください。"_s,
-          u"ライタと通信ができませんでした。\r\nPCとライタの接続を確認後、メニューバーの\r\n"
-          "[通信チェック] [COMポート選択]を実行して下さい。\r\n"_s}) {
-        messages.ShowMessage(MessageMode::Message, text);
-        const auto* label = Window()->findChild<FittedLabel*>();
-        EXPECT_EQ(Window()->size(), QSize(383, 120));
-        EXPECT_TRUE(label->toolTip().isEmpty());  // it would hold a text that had to be cut
-        EXPECT_FALSE(label->WholeText().endsWith(u'\n'));
-        for (const QString& spoken : {Window()->accessibleName(), Window()->accessibleDescription(),
-                                      label->accessibleName()}) {
-            EXPECT_EQ(spoken, label->WholeText());  // heard as it is read
-        }
+    // clang-format off
+    const QString text = u"デバイス選択と、ソケット上のデバイスが一致しません。\r\n購入直後のデバイスを使用する場合は、チップイレース(<消 Erase>ボタン)を実行してください。\r\n"_s;
+    // clang-format on
+    messages.ShowMessage(MessageMode::Message, text);
+    const auto* label = Window()->findChild<FittedLabel*>();
+    EXPECT_EQ(Window()->size(), QSize(383, 120));
+    EXPECT_TRUE(label->toolTip().isEmpty());  // it would hold a text that had to be cut
+    EXPECT_FALSE(label->WholeText().endsWith(u'\n'));
+    for (const QString& spoken :
+         {Window()->accessibleName(), Window()->accessibleDescription(), label->accessibleName()}) {
+        EXPECT_EQ(spoken, label->WholeText());  // heard as it is read
     }
 }
 

@@ -22,14 +22,12 @@ namespace {
 using namespace Qt::StringLiterals;
 
 TEST(ComPorts, NumbersMeanTheSystemsDevicesUnlessALinkLeadsElsewhere) {
-    const std::pair<int, QString> cases[] = {{0, u""_s},
-                                             {1, u"/dev/ttyS0"_s},
-                                             {4, u"/dev/ttyS3"_s},
-                                             {5, u"/dev/ttyUSB0"_s},
-                                             {12, u"/dev/ttyUSB7"_s},
-                                             {13, u"/dev/ttyACM0"_s},
-                                             {20, u"/dev/ttyACM7"_s},
-                                             {21, u""_s}};
+    const std::pair<int, QString> cases[] = {
+        // clang-format off
+        {0, u""_s}, {1, u"/dev/ttyS0"_s}, {4, u"/dev/ttyS3"_s}, {5, u"/dev/ttyUSB0"_s},
+        {12, u"/dev/ttyUSB7"_s}, {13, u"/dev/ttyACM0"_s}, {20, u"/dev/ttyACM7"_s}, {21, u""_s},
+        // clang-format on
+    };
     for (const auto& [number, path] : cases) {
         EXPECT_EQ(ComPorts(u"/missing/folder/"_s).DevicePath(number), path) << number;
     }
@@ -41,7 +39,6 @@ TEST(ComPorts, NumbersMeanTheSystemsDevicesUnlessALinkLeadsElsewhere) {
     ComPorts ports(config.path() + u'/');
     const QList<ComPort> all = ports.All();
     ASSERT_EQ(all.size(), kComPortCount);
-    EXPECT_EQ(all[1].devicePath, u"/dev/ttyS1"_s);
     for (const int index : {2, 3}) {
         EXPECT_EQ(all[index].number, index + 1);
         EXPECT_EQ(all[index].devicePath, link + QString::number(index + 1));

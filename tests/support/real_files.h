@@ -82,8 +82,4 @@ inline void OpenToAll(const QString& folder) {
                                       QFile::ReadOther | QFile::ExeOther);
 }
 
-inline void MakeReadOnly(const QString& path) {
-    QFile::setPermissions(path, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
-}
-
 }  // namespace tolvex::testing

@@ -41,11 +41,7 @@ class Recorder : public StatusPanels,
     QList<bool> okCancelAnswers;          ///< none left = Cancel
     QList<FileDialogRequest> fileRequests;
 
-    /// All five roles are played by this.
-    Person AsPerson() {
-        return {
-            .status = *this, .dialog = *this, .windows = *this, .panel = *this, .dialogs = *this};
-    }
+    Person AsPerson() { return {*this, *this, *this, *this, *this}; }
     /// The calls that a person sees (status 1 and the message dialog), in order.
     QStringList Seen() const;
 
@@ -55,15 +51,9 @@ class Recorder : public StatusPanels,
     void CloseMessage() override;
     void SetProgress(bool on, double minimum, double value, double maximum) override;
 
-    void SetFlashListing(const QString& text) override {
-        Keep("flash listing", flashListing, text);
-    }
-    void SetEepromListing(const QString& text) override {
-        Keep("eeprom listing", eepromListing, text);
-    }
-    void ShowVerifyReport(const QString& text) override {
-        Keep("verify report", verifyReport, text);
-    }
+    void SetFlashListing(const QString& text) override { Keep("flash listing", text); }
+    void SetEepromListing(const QString& text) override { Keep("eeprom listing", text); }
+    void ShowVerifyReport(const QString& text) override { Keep("verify report", text); }
     void SetFlashCaption(const QString& caption) override { flashCaption = caption; }
     void SetEepromCaption(const QString& caption) override { eepromCaption = caption; }
 
@@ -93,8 +83,8 @@ class Recorder : public StatusPanels,
     bool AskOkCancel(const QString& title, const QString& text) override;
 
   private:
-    void Keep(const char* call, QString& place, const QString& text) {
-        place = text;
+    void Keep(const char* call, const QString& text) {
+        (*call == 'f' ? flashListing : *call == 'e' ? eepromListing : verifyReport) = text;
         calls << QLatin1StringView(call);
     }
     FileDialogAnswer Ask(const QString& dialog, const FileDialogRequest& request);

@@ -20,7 +20,7 @@ TestBench::TestBench(int deviceIndex)
              .folders = folders,
              .person = person.AsPerson(),
              .mainCaption = [] { return u"Tolvex Version 1.40.25"_s; },
-             .showPortDialog = [this] { ++portDialogs; }}) {
+             .showPortDialog = {}}) {
     settings.values[u"ComNox"_s] = u"1"_s;
     settings.values[u"device"_s] = QString::number(deviceIndex);
     bench.selection.FillDeviceLists();

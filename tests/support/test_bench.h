@@ -37,7 +37,6 @@ class TestBench {
     MemorySettings settings;
     QTemporaryDir folder;
     AppDir folders;
-    int portDialogs = 0;  ///< how often the port dialog was asked for
     Workbench bench;
 };
 

@@ -29,38 +29,30 @@ QString Talk(SimulatedWriter& board, const QString& line) {
     return replies.join(u", ");
 }
 
-struct Dialogue {
-    const char* what;
-    const char16_t* chip;  ///< null = empty socket
-    QString sent, told;
-};
-
 TEST(SimulatedWriter, AnswersAsBoardAndChipDo) {
-    const Dialogue cases[] = {
+    const struct {
+        const char* what;
+        const char16_t* chip;  ///< null = empty socket
+        QString sent, told;
+    } cases[] = {
         // clang-format off
         {"identity", u"AT90S2313", u"S V v s x y"_s, u"41 56 52 20 49 53 50, 33 39, 31 30, 01 91 1E"_s},
-        {"never in programming mode", u"5", u"A 00 00 R c 00 C 00 d D 00 e f BE l F9 F r s"_s,
-         u"3F, 3F, 3F, 3F, 3F, 3F, 3F, 3F, 3F, 3F, 03 91 1E"_s},
-        {"empty socket", nullptr, u"s P A 00 00 c 00 C 00 R D 00 d e f A0 l F9 F r"_s,
-         u"FF FF FF, FF FF, FF, FF, FF"_s},
-        {"the address moves on after C and after R", u"2",
-         u"P A 00 0F c 34 C 12 c 78 C 56 A 00 0F R R R"_s, u"12 34, 56 78, FF FF"_s},
+        {"never in programming mode", u"5", u"A 00 00 R c 00 C 00 d D 00 e f BE l F9 F r s"_s, u"3F, 3F, 3F, 3F, 3F, 3F, 3F, 3F, 3F, 3F, 03 91 1E"_s},
+        {"empty socket", nullptr, u"s P A 00 00 c 00 C 00 R D 00 d e f A0 l F9 F r"_s, u"FF FF FF, FF FF, FF, FF, FF"_s},
+        {"the address moves on after C and R", u"2", u"P A 00 0F c 34 C 12 c 78 C 56 A 00 0F R R R"_s, u"12 34, 56 78, FF FF"_s},
         {"EEPROM addresses wrap", u"AT90S8515", u"P A 01 10 D 5A A 00 10 d A 03 10 d"_s, u"FF, 5A"_s},
         {"programming only clears bits", u"2", u"P c F0 c 3C C 12 D 0F D F1 A 00 00 R d"_s, u"12 30, 01"_s},
         {"erase sets all but the fuses", u"AT90S2333", u"P c 00 C 00 D 00 f A7 l F9 e A 00 00 R d r F"_s,
          u"FF FF, FF, E7, FF"_s},
-        {"write protection swallows writes", u"AT90S2333", u"P D 77 l FD D 00 d C 00 f A0 A 00 00 R r F s"_s,
-         u"77, FF FF, FA, FD, 05 91 1E"_s},
+        {"write protection swallows writes", u"AT90S2333", u"P D 77 l FD D 00 d C 00 f A0 A 00 00 R r F s"_s, u"77, FF FF, FA, FD, 05 91 1E"_s},
         {"protection is tightened, not loosened", u"AT90S2333", u"P l FD l FF F l FB F"_s, u"FD, F9"_s},
-        {"read-protected it answers addresses", u"AT90S8515", u"P l F9 s A 01 81 R d"_s,
-         u"02 01 00, 03 02, 82"_s},
-        {"fuses go both ways, other instructions are ignored", u"AT90S4433",
-         u"P f A0 r f BF r f E5 r f 00 r l 00 l D9 F"_s, u"E0, FF, FF, FF, FF"_s},
+        {"read-protected it answers addresses", u"AT90S8515", u"P l F9 s A 01 81 R d"_s, u"02 01 00, 03 02, 82"_s},
+        {"other instructions are ignored", u"AT90S4433", u"P f A0 r f BF r f E5 r f 00 r l 00 l D9 F"_s, u"E0, FF, FF, FF, FF"_s},
         {"FSTRT on, write-protected", u"AT90S2323", u"P f BE l FD F"_s, u"7E"_s},
         {"RCEN off, read-protected", u"AT90S2343", u"P f BF l F9 F"_s, u"3F"_s},
         // clang-format on
     };
-    for (const Dialogue& c : cases) {
+    for (const auto& c : cases) {
         std::optional<SimulatedChip> chip;
         if (c.chip) {
             chip.emplace(*FindChipModel(c.chip));

@@ -1,0 +1,247 @@
+// SPDX-License-Identifier: MIT
+// The chosen device: its sizes and lists, the check of the chip in the socket, lock and fuse bits.
+#include <gtest/gtest.h>
+
+#include "device/fuse_encoding.h"
+#include "tests/support/test_bench.h"
+
+namespace tolvex {
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::TestBench;
+using L = OptionList;
+using Signature = std::array<std::uint8_t, 3>;
+
+TEST(DeviceSelection, SetsSizesCodeAndOptions) {
+    const QList<L> none, fstrt{L::FSTRT}, rcen{L::RCEN}, bod{L::BODLEVEL, L::BODEN, L::CKSEL};
+    // clang-format off
+    const struct { QString name; std::uint8_t code; int words, bytes; QList<L> fuses; } cases[] = {
+        {u"AT90S1200 (外部ｸﾛｯｸ)"_s, 0x11, 512, 64, none},
+        {u"AT90S1200A(内部RCｸﾛｯｸ1MHz)"_s, 0x11, 512, 64, none},
+        {u"AT90S2313"_s, 0x21, 1024, 128, none}, {u"AT90S2323"_s, 0x11, 1024, 128, fstrt},
+        {u"AT90S2333"_s, 0x22, 1024, 128, bod}, {u"AT90S2343"_s, 0x11, 1024, 128, rcen},
+        {u"AT90S4414"_s, 0x21, 2048, 256, none}, {u"AT90S4433"_s, 0x22, 2048, 256, bod},
+        {u"AT90S8515"_s, 0x21, 4096, 512, none}, {u"AT90S8535"_s, 0x22, 4096, 512, fstrt},
+    };
+    // clang-format on
+    TestBench b(7);
+    EXPECT_EQ(b.person.devices.size(), std::size(cases));
+    int index = 0;
+    for (const auto& c : cases) {
+        b.bench.selection.SelectDevice(index);  // undoes what the one before showed
+        EXPECT_EQ(b.person.devices[index], c.name);
+        EXPECT_EQ(b.settings.values[u"device"_s], QString::number(index++));
+        EXPECT_EQ(b.bench.state.device.deviceCode, c.code) << index;
+        EXPECT_EQ(b.person.flashSize, u"Programメモリサイズ : %1 word"_s.arg(c.words));
+        EXPECT_EQ(b.person.eepromSize, u"EEPROM メモリサイズ : %1 byte"_s.arg(c.bytes));
+        for (const L list : kOptionLists) {
+            EXPECT_EQ(b.person.optionShown[list], list == L::LockBit || c.fuses.contains(list));
+        }
+        EXPECT_EQ(b.person.fuseReadEnabled, !c.fuses.isEmpty()) << index;
+        EXPECT_EQ(b.person.flashListing.count(u'\n'), c.words / 8);
+        EXPECT_EQ(b.person.eepromListing.count(u'\n'), c.bytes / 16);
+    }
+    b.bench.selection.SelectDevice(-1);  // no choice changes nothing of the device
+    EXPECT_EQ(b.bench.state.device.flashWords, 4096);
+}
+
+TEST(DeviceSelection, StartsWithTheStoredDeviceAndAllListsFilled) {
+    TestBench b;
+    b.settings.values[u"device"_s] = u"10"_s;
+    b.bench.selection.FillDeviceLists();
+    EXPECT_EQ(b.settings.values[u"device"_s], u"0"_s) << "damaged: the first";
+    b.settings.values[u"device"_s] = u"8"_s;
+    b.bench.selection.FillDeviceLists();
+    EXPECT_EQ(b.person.markedDevice, 8);
+    EXPECT_TRUE(b.person.patchPanelShown);
+    const std::pair<L, QString> entries[] = {
+        // clang-format off
+        {L::CKSEL, u"4ms + 6 CK|6 CK|64ms + 16K CK|4ms + 16K CK|16K CK|64ms + 1K CK|4ms + 1K CK|1K CK"_s},
+        {L::LockBit, u"書込み & ベリファイ 禁止|書込み禁止|プロテクトなし"_s}, {L::BODLEVEL, u"4.0V|2.7V"_s},
+        {L::FSTRT, u"Enable|Disable"_s}, {L::RCEN, u"Enable|Disable"_s}, {L::BODEN, u"Enable|Disable"_s},
+        // clang-format on
+    };
+    for (const auto& [list, texts] : entries) {
+        EXPECT_EQ(b.person.optionEntries[list].join(u'|'), texts);
+    }
+    EXPECT_EQ(b.person.options.values(), (QList<int>{1, 0, 1, 1, 2, 2})) << "as in kOptionLists";
+    // A new chip's fuses are preset, no other list.
+    b.person.options = {{L::CKSEL, 7}, {L::LockBit, 0}, {L::FSTRT, 0}};
+    b.bench.selection.SelectDevice(7);
+    EXPECT_EQ(b.person.options[L::CKSEL], 2);
+    EXPECT_EQ(b.person.options[L::LockBit], 0);
+    EXPECT_EQ(b.person.options[L::FSTRT], 0);
+}
+
+/// A writer that gives scripted signatures in turn, then none.
+class SignatureWriter : public SerialCommands {
+  public:
+    using SerialCommands::SerialCommands;
+    QList<Signature> replies;
+
+    bool ReadSignature(Signature& bytes, ErrorFlag& flag) override {
+        if (replies.isEmpty()) {
+            flag.Set();
+            return false;
+        }
+        bytes = replies.takeFirst();
+        return true;
+    }
+};
+
+const QString kProtected =
+    u"デバイスがプロテクトされています。\r\nチップイレース(<消 Erase>ボタン)を実行してください。"_s;
+const QString kEmpty = u"デバイスが、ソケットにセットされていません。"_s;
+const QString kMismatch =
+    u"デバイス選択と、ソケット上のデバイスが一致しません。\r\n"
+    "購入直後のデバイスを使用する場合は、チップイレース(<消 Erase>ボタン)を実行してください。"_s;
+
+TEST(DeviceCheck, JudgesTheSizeCode) {
+    using V = ChipVerdict;
+    const struct {
+        int device;
+        QList<Signature> replies;  ///< exactly as many as are asked for; none left = silence
+        V verdict;
+        QString message, panel;
+    } cases[] = {
+        // clang-format off
+        {2, {{2, 0x97, 0x1E}}, V::Accepted, {}, u"1E:97:02"_s},
+        {2, {{1, 0x90, 0x1E}}, V::Mismatch, kMismatch, u"1E:90:01"_s},
+        {8, {{0, 0, 0}, {0xFF, 0xFF, 0xFF}, {1, 0x93, 0x1E}}, V::Accepted, {}, u"1E:93:01"_s},
+        {2, QList<Signature>(5, Signature{2, 2, 0}), V::Protected, kProtected, u"00:02:02"_s},
+        {2, QList<Signature>(5, Signature{0xFF, 0xFF, 0xFF}), V::EmptySocket, kEmpty, u"FF:FF:FF"_s},
+        {0, QList<Signature>(5, Signature{1, 0x03, 0x1E}), V::Accepted, {}, u"1E:03:01"_s},  // unknown counts as 512 words
+        {2, {}, V::NoReply, {}, u"--:--:--"_s},
+        {0, {{1, 0x94, 0x1E}, {2, 0x94, 0x1E}}, V::NoReply, {}, u"1E:94:02"_s},
+        // clang-format on
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.panel.toStdString());
+        TestBench b(c.device);
+        SignatureWriter writer(b.bench.connection, b.person, b.bench.state.errorFlag);
+        writer.replies = c.replies;
+        b.person.message = QString();
+        b.person.options[OptionList::LockBit] = 0;
+        DeviceCheck check(
+            {writer, b.bench.connection, b.bench.listings, b.bench.person, b.bench.state});
+        const ChipReading reading = check.CheckSignature();
+        EXPECT_TRUE(writer.replies.isEmpty());
+        EXPECT_EQ(reading.verdict, c.verdict);
+        EXPECT_EQ(reading.passed, c.verdict == V::Accepted);
+        EXPECT_EQ(b.bench.state.errorFlag.Failed(), !reading.passed);
+        EXPECT_EQ(b.person.message, c.message);
+        EXPECT_EQ(b.person.panels[3], c.panel);
+        EXPECT_EQ(b.person.options[OptionList::LockBit], c.verdict == V::Protected ? 2 : 0);
+    }
+}
+
+TEST(DeviceCheck, LetsAnotherSizePassWhenTold) {
+    TestBench b;
+    ASSERT_TRUE(b.bench.detection.WriterCheck());
+    b.bench.selection.SelectDevice(2);
+    b.bench.check.TolerateMismatch();
+    EXPECT_TRUE(b.bench.check.CheckDevice().passed);
+    EXPECT_EQ(b.person.message, kMismatch);
+}
+
+const QString kReadDone = u"Lock/Fuse bit リードが完了しました。"_s;
+const QString kReadFailed = u"Lock/Fuse bit リードに失敗しました。"_s;
+const QString kWriteDone = u"Lock/Fuse bit ライトが完了しました。"_s;
+const QString kWriteFailed = u"Lock/Fuse bit ライトに失敗しました。"_s;
+
+TEST(FuseEncoding, LockBitsThatNoEntryStandsForLeaveTheList) {
+    const std::tuple<FuseGroup, std::uint8_t, int> cases[] = {
+        {FuseGroup::FSTRT, 0x3F, 0},     {FuseGroup::RCEN, 0x41, 1},
+        {FuseGroup::RCEN, 0xBF, 5},      {FuseGroup::BOD_CKSEL, 0xF9, 0},
+        {FuseGroup::BOD_CKSEL, 0x07, 2}, {FuseGroup::BOD_CKSEL, 0xFB, 5}};
+    for (const auto& [group, byte, entry] : cases) {
+        testing::Recorder lists;
+        lists.options[L::LockBit] = 5;  // as it was
+        DecodeLock(group, byte, lists);
+        EXPECT_EQ(lists.options[L::LockBit], entry) << int{byte};
+    }
+    EXPECT_EQ(EncodeLock(-1), 0xFF) << "nothing selected locks nothing";
+}
+
+TEST(LockFuseBits, GoesOverTheWireFusesFirstAndComesBack) {
+    // clang-format off
+    const struct { int device; std::uint8_t code; QMap<L, int> options; QString written, read; } cases[] = {
+        {0, 0x11, {{L::LockBit, 0}}, u"P,l F9,L"_s, u""_s},
+        {3, 0x11, {{L::FSTRT, 0}, {L::LockBit, 1}}, u"P,f BE,L,P,l FD,L"_s, u"P,F,L"_s},
+        {5, 0x11, {{L::RCEN, 1}}, u"P,f BF,L,P,l FF,L"_s, u"P,F,L"_s},
+        {4, 0x22, {}, u"P,f BA,L,P,l FF,L"_s, u"P,r,L,P,F,L"_s},
+        {7, 0x22, {{L::CKSEL, 7}, {L::BODEN, 0}, {L::BODLEVEL, 1}, {L::LockBit, 1}}, u"P,f B7,L,P,l FD,L"_s,
+         u"P,r,L,P,F,L"_s},
+    };
+    // clang-format on
+    for (const auto& c : cases) {
+        TestBench b(c.device);
+        const QStringList before = testing::DetectionWire(c.code) << u"P"_s << u"s"_s << u"L"_s;
+        b.person.options.insert(c.options);
+        const auto written = b.person.options;
+        EXPECT_TRUE(b.bench.lockFuse.cmdFuseWrite_Click().done);
+        EXPECT_EQ(b.person.message, kWriteDone);
+        EXPECT_EQ(b.Wire(), before + c.written.split(u',')) << c.device;
+        if (!c.read.isEmpty()) {
+            for (const L list : c.options.keys()) {
+                b.person.options[list] = 3;
+            }
+            b.Forget();
+            EXPECT_TRUE(b.bench.lockFuse.cmdFuseRead_Click().done);
+            EXPECT_EQ(b.person.message, kReadDone);
+            EXPECT_EQ(b.Wire(), before + c.read.split(u',')) << c.device;
+            EXPECT_EQ(b.person.options, written) << c.device;
+        }
+    }
+}
+
+TEST(LockFuseBits, AFailureIsNoSuccessAndIsToldWithTheButtonsOwnText) {
+    const struct {
+        char letter;  ///< blank: the chip is protected
+        QString read, write;
+    } cases[] = {
+        // clang-format off
+        {'f', kReadDone, kWriteFailed},
+        {'F', kReadFailed, kWriteDone},
+        {'r', kReadFailed, kWriteDone},
+        {' ', u"設定デバイスと、ソケット上のデバイスがミスマッチです。"_s, kProtected},
+        // clang-format on
+    };
+    for (const auto& c : cases) {
+        for (const bool write : {false, true}) {
+            TestBench b(4);
+            b.board.SetLetterFault(c.letter, FaultKind::Short);
+            b.chip->ProgramLock(c.letter == ' ' ? 0xF9 : 0xFF);
+            const LockFuseResult result = write ? b.bench.lockFuse.cmdFuseWrite_Click()
+                                                : b.bench.lockFuse.cmdFuseRead_Click();
+            EXPECT_EQ(b.person.message, write ? c.write : c.read);
+            EXPECT_EQ(result.done, b.person.message == kReadDone || b.person.message == kWriteDone);
+            EXPECT_EQ(result.lockByte.has_value(), !write && c.letter != 'F' && c.letter != ' ');
+        }
+    }
+    TestBench b(3);
+    b.port.RefuseOpen();
+    EXPECT_FALSE(b.bench.lockFuse.cmdFuseRead_Click().done);
+    EXPECT_FALSE(b.bench.lockFuse.cmdFuseWrite_Click().done);
+    EXPECT_EQ(b.person.calls.filter(u"Lock/Fuse"_s), QStringList()) << "no writer, no word";
+}
+
+TEST(LockFuseBits, AFailedReadShowsWhatIsKeptAndAtFirstNoProtection) {
+    for (const int device : {3, 4}) {
+        TestBench b(device);
+        b.board.SetLetterFault('F', FaultKind::Silent);
+        b.person.options[L::LockBit] = 0;
+        b.bench.lockFuse.cmdFuseRead_Click();
+        EXPECT_EQ(b.person.options[L::LockBit], 2) << "must not look ready to lock the chip";
+        b.person.options[L::LockBit] = 1;
+        b.bench.lockFuse.cmdFuseWrite_Click();
+        b.person.options[L::LockBit] = 0;
+        b.bench.lockFuse.cmdFuseRead_Click();
+        // The byte that is written is the one that brown-out chips are read into.
+        EXPECT_EQ(b.person.options[L::LockBit], device == 4 ? 1 : 2);
+    }
+}
+
+}  // namespace
+}  // namespace tolvex

@@ -1,0 +1,264 @@
+// SPDX-License-Identifier: MIT
+// The link to the writer: its commands, its detection, and the choice of the port.
+#include <gtest/gtest.h>
+
+#include "tests/support/test_bench.h"
+
+namespace tolvex {
+namespace {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+using testing::TestBench;
+using Centiseconds = std::chrono::duration<int, std::centi>;
+
+/// A bench whose port is open and whose chip is in programming mode.
+struct OpenBench : TestBench {
+    OpenBench() : TestBench(4) {
+        port.Open();
+        writer.EnterProgrammingMode(flag);
+        Forget();
+    }
+
+    WriterCommands& writer = bench.commands;
+    ErrorFlag& flag = bench.state.errorFlag;
+    QString text = u"as it was"_s;
+    std::uint8_t high = 0x12, low = 0x34;
+    std::array<std::uint8_t, 3> signature{};
+};
+
+/// A command, its writes, and its texts.
+struct CommandCase {
+    char letter;
+    std::chrono::seconds timeOut;
+    void (*run)(OpenBench&);
+    QList<QByteArray> writes;
+    QString noReply;     ///< behind "ｺﾐﾆｭｹｰｼｮﾝ失敗 : "
+    QString wrongReply;  ///< empty: no reply is wrong; "=": the same text as without a reply
+};
+
+// clang-format off
+const CommandCase kCases[] = {
+    {'S', 2s, [](OpenBench& b) { b.writer.ReadSoftwareId(b.text, b.flag); }, {"S"}, u"Software ID Read S"_s, u""_s},
+    {'V', 2s, [](OpenBench& b) { b.writer.ReadSoftwareVersion(b.text, b.flag); }, {"V"}, u"Software Ver Read V"_s, u""_s},
+    {'v', 2s, [](OpenBench& b) { b.writer.ReadHardwareVersion(b.text, b.flag); }, {"v"}, u"Hardware Ver Read v"_s, u""_s},
+    {'T', 5s, [](OpenBench& b) { b.writer.SelectDeviceCode(0x0D, b.flag); }, {"T", QByteArray("\x0D\0", 2)}, u"Select device command T"_s, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : select device command T"_s},
+    {'P', 5s, [](OpenBench& b) { b.writer.EnterProgrammingMode(b.flag); }, {"P"}, u"Enter programming Mode P"_s, u"返答ﾃﾞｰﾀﾐｽ : Enter programming Mode P ?"_s},
+    {'L', 5s, [](OpenBench& b) { b.writer.LeaveProgrammingMode(b.flag); }, {"L"}, u"Leave programming Mode L"_s, u"="_s},
+    {'s', 5s, [](OpenBench& b) { b.writer.ReadSignature(b.signature, b.flag); }, {"s"}, u"Read Signature bytes s"_s, u""_s},
+    {'A', 5s, [](OpenBench& b) { b.writer.SetAddress(0x1234, b.flag); }, {"A", "\x12", "\x34"}, u"Address Select A"_s, u"="_s},
+    {'R', 5s, [](OpenBench& b) { b.writer.ReadProgramWord(b.high, b.low, b.flag); }, {"R"}, u"Read Program Memory R"_s, u""_s},
+    {'c', 5s, [](OpenBench& b) { b.writer.WriteProgramWord(0x94, 0x0C, b.flag); }, {"c", "\x0C"}, u"Low byte Write Program Memory c"_s, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Low byte Write Data Memory c"_s},
+    {'C', 5s, [](OpenBench& b) { b.writer.WriteProgramWord(0x94, 0x0C, b.flag); }, {"c", "\x0C", "C", "\x94"}, u"Hi byte Write Program Memory C"_s, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Hi byte Write Data Memory C"_s},
+    {'d', 5s, [](OpenBench& b) { b.writer.ReadDataByte(b.low, b.flag); }, {"d"}, u"Read Data Memory d"_s, u""_s},
+    {'D', 5s, [](OpenBench& b) { b.writer.WriteDataByte(0x5A, b.flag); }, {"D", "\x5A"}, u"Write Data Memory D"_s, u"="_s},
+    {'e', 5s, [](OpenBench& b) { b.writer.ChipErase(b.flag); }, {"e"}, u"Chip Erase e"_s, u"="_s},
+    {'f', 5s, [](OpenBench& b) { b.writer.WriteFuseBits(0xBE, b.flag); }, {"f", "\xBE"}, u"Write Fuse bit f"_s, u"="_s},
+    {'l', 5s, [](OpenBench& b) { b.writer.WriteLockBits(0xFD, b.flag); }, {"l", "\xFD"}, u"Write Lock bit l"_s, u"="_s},
+    {'F', 5s, [](OpenBench& b) { b.writer.ReadLockFuseBits(b.low, b.flag); }, {"F"}, u"Read Lock & Fuse bit F"_s, u""_s},
+    {'r', 5s, [](OpenBench& b) { b.writer.ReadFuseBits(b.low, b.flag); }, {"r"}, u"Read Fuse bit r"_s, u""_s},
+    {'x', 1s, [](OpenBench& b) { b.writer.LedOn(); }, {"x"}, u"LED on x"_s, u"返答ﾃﾞｰﾀﾐｽ : LED on x ?"_s},
+    {'y', 1s, [](OpenBench& b) { b.writer.LedOff(); }, {"y"}, u"LED off x"_s, u"返答ﾃﾞｰﾀﾐｽ : LED off x ?"_s},
+};
+// clang-format on
+
+const QString kNoReply = u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : "_s;
+
+TEST(SerialCommands, PutTheirBytesOnTheWireAndTellAMissingOrWrongReplyInTheirOwnWords) {
+    for (const CommandCase& c : kCases) {
+        for (const FaultKind fault : {FaultKind::Long, FaultKind::Silent, FaultKind::Wrong}) {
+            SCOPED_TRACE(c.letter);
+            const bool good = fault == FaultKind::Long, silent = fault == FaultKind::Silent;
+            OpenBench b;
+            b.flag.value = good ? 1 : 0;  // a success leaves it alone
+            b.board.SetLetterFault(c.letter, fault);
+            const auto start = b.clock.Now();
+            c.run(b);
+            ASSERT_GE(b.port.writes.size(), c.writes.size());
+            EXPECT_EQ(b.port.writes.first(c.writes.size()), c.writes);
+            EXPECT_EQ(b.flag.Failed(), good || silent || !c.wrongReply.isEmpty());
+            if (!good && b.flag.Failed()) {
+                const bool same = silent || c.wrongReply == u"=";
+                EXPECT_EQ(b.person.panels[1], same ? kNoReply + c.noReply : c.wrongReply);
+            }
+            // The pause before an argument comes on top, the one after 'L' only after a reply.
+            const auto wait = silent ? c.timeOut : std::chrono::seconds(0);
+            const auto pause = QByteArray(silent ? "fl" : "fLl").contains(c.letter) ? 100ms : 0ms;
+            EXPECT_EQ(std::chrono::floor<Centiseconds>(b.clock.Now() - start), wait + pause);
+            EXPECT_TRUE(b.port.IsOpen());
+            EXPECT_EQ(
+                b.person.calls.contains(u"status 1: ｺﾏﾝﾄﾞ送信 : Select device command T , 0xD"_s),
+                c.letter == 'T');
+            if (c.letter == 'c') {
+                EXPECT_EQ(b.Wire().last(), silent ? u"c 0C" : u"C 94") << "the other half";
+            }
+        }
+    }
+}
+
+TEST(SerialCommands, AReplyAtTheDeadlineCountsALaterOneIsNobodys) {
+    for (const auto delay : {5000ms, 5001ms}) {
+        OpenBench b;
+        b.writer.WriteDataByte(0x5A, b.flag);
+        b.port.DelayReplies(delay);
+        b.writer.ReadDataByte(b.low, b.flag);
+        EXPECT_EQ(b.flag.Failed(), delay > 5s);
+        EXPECT_EQ(b.low, delay > 5s ? 0x34 : 0x5A) << "a failure leaves the result as it was";
+        b.port.DelayReplies(0ms);
+        b.bench.connection.WaitSeconds(1);  // now it has come
+        b.flag.Clear();
+        EXPECT_TRUE(b.writer.ReadProgramWord(b.high, b.low, b.flag));
+        EXPECT_EQ(b.high, 0xFF);
+    }
+}
+
+TEST(SerialCommands, ALongReplyCountsByItsFirstBytesAShortOneNotAtAll) {
+    OpenBench b;
+    b.board.SetLetterFault('V', FaultKind::Short, 1);
+    b.board.SetLetterFault('V', FaultKind::Long, 2);
+    b.writer.ReadSoftwareVersion(b.text, b.flag);
+    EXPECT_TRUE(b.flag.Failed() && b.writer.SoftwareVersion().isEmpty());
+    EXPECT_EQ(b.text, u"as it was"_s);
+    b.writer.ReadSoftwareVersion(b.text, b.flag);
+    EXPECT_EQ(b.text, u"3.9"_s);
+    EXPECT_EQ(b.writer.SoftwareVersion(), u"3.9"_s);
+
+    // Byte by byte, as over a real line.
+    testing::SimulatedPort port(b.board, b.clock);
+    SerialConnection connection(port, b.clock);
+    connection.ConfigurePort(7);
+    ASSERT_TRUE(connection.OpenPort() && connection.PortNumber() == 7);
+    EXPECT_TRUE(connection.Exchange({.letter = 'S', .need = 7, .timeOut = 1s}));
+    EXPECT_EQ(connection.RxBuffer(), "AVR ISP");
+    const int yields = b.clock.Yields();
+    EXPECT_TRUE(connection.Exchange({.letter = 'S', .need = 0, .timeOut = 1s}));
+    connection.WaitSeconds(0);
+    EXPECT_EQ(b.clock.Yields(), yields) << "nothing to wait for costs no yield";
+}
+
+TEST(SerialCommands, ABrokenPortAndTheShutdownEndEveryWaitAtOnce) {
+    OpenBench b;
+    b.board.SetLetterFault('d', FaultKind::HangUp);
+    b.writer.ReadDataByte(b.low, b.flag);
+    b.writer.ReadDataByte(b.low, b.flag);
+    EXPECT_TRUE(b.flag.Failed() && !b.port.IsOpen());
+    EXPECT_EQ(b.person.panels[1], kNoReply + u"Read Data Memory d"_s);
+    b.port.Open();
+    b.port.DelayReplies(9s);
+    b.clock.At(b.clock.Now() + 80ms, [&b] { b.clock.End(); });
+    b.writer.EnterProgrammingMode(b.flag);
+    b.bench.connection.WaitSeconds(1);
+    EXPECT_LE(b.clock.Now(), 300ms);
+    b.port.Close();
+    EXPECT_FALSE(b.bench.connection.OpenPort());
+}
+
+TEST(WriterDetector, FindsTheWriterAndLeavesThePortOpen) {
+    TestBench b(2);
+    b.settings.values[u"ComNox"_s] = u"12"_s;
+    b.bench.state.errorFlag.Set();
+    EXPECT_TRUE(b.bench.detection.WriterCheck());
+    EXPECT_TRUE(b.port.IsOpen());
+    EXPECT_FALSE(b.bench.state.errorFlag.Failed());
+    EXPECT_EQ(b.Wire(), testing::DetectionWire(0x21));
+    EXPECT_EQ(b.person.calls.first(), u"progress: ライタと通信中！"_s);
+    EXPECT_EQ(b.person.calls.last(), u"close message"_s);
+    EXPECT_EQ(b.person.panels[1], u"ライタを検出しました。 COM12"_s);
+    EXPECT_EQ(b.person.panels[2], u"AVR ISP SW:3.9 HW:1.0"_s);
+    EXPECT_EQ(b.person.panels[5], u"COM:12"_s);
+
+    // The next one reopens the port, and keeps the version when it fails.
+    b.Forget();
+    b.board.SetLetterFault('V', FaultKind::Silent);
+    EXPECT_FALSE(b.bench.detection.WriterCheck());
+    EXPECT_EQ(b.port.Calls().join(u", "), u"close, configure 12, discard, open, close"_s);
+    EXPECT_EQ(b.bench.commands.SoftwareVersion(), u"3.9"_s);
+}
+
+TEST(WriterDetector, AFailureNamesItsStageAndClosesThePort) {
+    const std::tuple<char, FaultKind, char> cases[] = {
+        // clang-format off
+        {'-', FaultKind::Silent, 'S'}, {'S', FaultKind::Late, 'S'}, {'V', FaultKind::Silent, 'V'},
+        {'v', FaultKind::Short, 'v'}, {'v', FaultKind::HangUp, 'v'}, {'T', FaultKind::Wrong, 'T'},
+        // clang-format on
+    };
+    for (const auto& [letter, fault, stage] : cases) {
+        TestBench b;
+        b.port.RefuseOpen(letter == '-');
+        b.board.SetLetterFault(letter, fault);
+        b.person.panels[2] = u"as it was"_s;
+        EXPECT_FALSE(b.bench.detection.WriterCheck());
+        EXPECT_FALSE(b.port.IsOpen());
+        EXPECT_EQ(b.person.panels[1],
+                  u"ライタと通信ができませんでした。(Command_%1)"_s.arg(QLatin1Char(stage)));
+        EXPECT_EQ(b.person.panels[2], u"as it was"_s);
+        EXPECT_EQ(
+            b.person.message,
+            u"ライタと通信ができませんでした。\r\nPCとライタの接続を確認後、メニューバーの\r\n"
+            "[通信チェック] [COMポート選択]を実行して下さい。\r\n"_s);
+    }
+}
+
+TEST(WriterDetector, WithoutAStoredPortNothingIsOpened) {
+    for (const QString& stored : {u""_s, u"0"_s, u"seven"_s, u"21"_s}) {
+        TestBench b;
+        b.settings.values[u"ComNox"_s] = stored;
+        EXPECT_FALSE(b.bench.detection.WriterCheck());
+        EXPECT_FALSE(b.port.Calls().contains(u"open"_s));
+        EXPECT_EQ(b.person.panels[1], u"ライタと通信ができませんでした。(レジストリリード)"_s);
+        EXPECT_FALSE(b.bench.state.errorFlag.Failed());
+    }
+}
+
+TEST(PortSelection, LoadingAndCancellingCloseThePortAndCountAsFailures) {
+    TestBench b;
+    ASSERT_TRUE(b.bench.detection.WriterCheck());
+    b.settings.values[u"ComNox"_s] = u"7"_s;
+    EXPECT_EQ(b.bench.portSelection.Load(), 7);
+    EXPECT_FALSE(b.port.IsOpen());
+    EXPECT_EQ(b.port.PortNumber(), 7);
+    EXPECT_EQ(b.person.panels[1], QString());
+    ErrorFlag& flag = b.bench.state.errorFlag;
+    EXPECT_TRUE(flag.Failed());
+    flag.Clear();
+    b.bench.portSelection.Cancel();
+    EXPECT_TRUE(flag.Failed());
+    EXPECT_EQ(b.person.panels[1], u"ライター接続確認が終了していません。"_s);
+
+    b.port.RefuseOpen();
+    for (const auto& [index, port] : {std::pair{0, u"COM?"_s}, {9, u"COM9"_s}}) {
+        flag.Clear();
+        EXPECT_FALSE(b.bench.portSelection.Confirm(index, [] { FAIL() << "hidden"; }));
+        EXPECT_EQ(b.person.calls.last(),
+                  u"box Stop ポートオープン失敗|%1 のオープンに失敗しました。\r"
+                  "ポート番号を再設定してください。"_s.arg(port));
+        EXPECT_TRUE(flag.Failed());
+        EXPECT_EQ(b.settings.values[u"ComNox"_s], u"7"_s);
+    }
+}
+
+TEST(PortSelection, AnOpenedPortIsStoredAndDetected) {
+    const QString notice =
+        u"このファームウエアバージョンでは、AT90S2333/4433をサポートしません。"_s;
+    const std::tuple<QString, char, QString> cases[] = {
+        {u"3.9"_s, '-', u"ライタを検出しました。 COM3"_s},
+        {u"4.0"_s, '-', notice},
+        {u"3.9"_s, 'S', notice},
+        {u"3.9"_s, 'v', u"ライタと通信ができませんでした。(Command_v)"_s}};
+    for (const auto& [firmware, silent, panel] : cases) {
+        TestBench b;
+        b.board = SimulatedWriter(b.chip.get(), firmware);
+        b.board.SetLetterFault(silent, FaultKind::Silent);
+        b.bench.portSelection.Load();
+        bool hiddenFirst = false;
+        EXPECT_TRUE(b.bench.portSelection.Confirm(3, [&] { hiddenFirst = b.Wire().isEmpty(); }));
+        EXPECT_TRUE(hiddenFirst);
+        EXPECT_EQ(b.settings.values[u"ComNox"_s], u"3"_s);
+        EXPECT_EQ(b.person.panels[1], panel) << silent;
+        EXPECT_EQ(b.person.panels[5], u"COM:3"_s);
+        EXPECT_FALSE(b.bench.state.errorFlag.Failed()) << silent;
+    }
+}
+
+}  // namespace
+}  // namespace tolvex
