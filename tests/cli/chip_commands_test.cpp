@@ -97,7 +97,6 @@ TEST(ReadCommand, WritesFilesThatVerifyAndReplacesNone) {
     EXPECT_EQ(CliBench::Contents(data), "precious");
     EXPECT_EQ(b.Run("read @all.hex --overwrite"), kDone) << b.Err().toStdString();
     EXPECT_TRUE(b.Out().endsWith(u"保存しました: %1, %2\n"_s.arg(b.Path(u"all.hex"_s), data)));
-    EXPECT_EQ(b.Run("check @all.hex @all.eep"), kDone);
     EXPECT_EQ(b.Run("verify @all.hex"), kDone);
     EXPECT_EQ(b.Outcome("read @no/all.hex"), "2 fileNotWritten");
     EXPECT_EQ(b.Outcome("read @all.hex @all.hex --overwrite"), "2 wrongUse") << "a name twice";
