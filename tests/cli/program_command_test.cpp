@@ -43,6 +43,7 @@ TEST(ProgramCommand, ProvesEverythingBeforeTheChipChanges) {
         {Spoil('d', Silent, 9), "program @a.hex --backup @bk", "1 writerSilent"},
         {Spoil('d', Wrong, 200), "program @a.hex --keep-eeprom", "1 unstable"},
         {Spoil('R', Wrong, 9), "program @a.eep --only eeprom", "1 unstable"},
+        {kNothing, "program @a.hex @a.eep --keep-eeprom", "2 wrongUse"},
         {kNothing, "program @a.eep", "2 wrongUse"},
         {kNothing, "program @a.hex @a.hex", "2 wrongUse"},
         {kNothing, "program @a.hex --only lock", "2 wrongUse"},
