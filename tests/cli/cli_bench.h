@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QBuffer>
 #include <QFile>
 #include <QJsonDocument>
 #include <QTemporaryDir>
 #include <memory>
+#include <numeric>
 
 #include "cli/command_line.h"
 #include "tests/support/recorder.h"
@@ -17,7 +20,23 @@ namespace tolvex::testing {
 
 using namespace Qt::StringLiterals;
 
+/// A data record at `address`.
+inline QByteArray HexRecord(int address, const QByteArray& bytes) {
+    QByteArray record;
+    for (const int byte : {static_cast<int>(bytes.size()), address / 256, address % 256, 0}) {
+        record += static_cast<char>(byte);
+    }
+    record += bytes;
+    record += static_cast<char>(-std::accumulate(record.cbegin(), record.cend(), 0));
+    return ':' + record.toHex().toUpper() + "\r\n";
+}
+
+inline const QByteArray kHexEnd = ":00000001FF\r\n";
+inline const QByteArray kCode = "\x01\x02\x03\x04\x05\x06";
+inline const QByteArray kData = "\x41\x42";
+
 /// The tool in front of a simulated board at COM1, in virtual time; nothing is stored but the port.
+/// The folder holds a.hex and a.eep.
 class CliBench {
   public:
     /// The chip in the socket: its entry in the device list.
@@ -26,12 +45,11 @@ class CliBench {
           board(chip.get()),
           port(board, clock),
           comPorts(folder.path()) {
-        settings.values[QStringLiteral("ComNox")] = QStringLiteral("1");
-        settings.values[QStringLiteral("device")] = QString::number(chipIndex);
-        facts.exists = true;
-        facts.permitted = true;
+        settings.values = {{u"ComNox"_s, u"1"_s}, {u"device"_s, QString::number(chipIndex)}};
         qunsetenv("TOLVEX_PORT");
         qunsetenv("TOLVEX_DEVICE");
+        File(u"a.hex"_s, HexRecord(0, kCode) + kHexEnd);
+        File(u"a.eep"_s, HexRecord(0, kData) + kHexEnd);
     }
 
     /// The exit status; `Out`, `Err` and `Json` tell of this run alone.
@@ -41,17 +59,24 @@ class CliBench {
         out_.open(QIODevice::WriteOnly);
         error_.open(QIODevice::WriteOnly);
         Console console(out_, error_, [this] { return columns; });
-        const int status = RunCommandLine(
-            QStringList{QStringLiteral("tolvex-cli")} + arguments,
-            {behind ? *behind : port, [] { return QStringLiteral("busy"); }, clock, settings,
-             comPorts, console, signal, [this](const QString&) { return facts; }});
+        const int status =
+            RunCommandLine(QStringList{u"tolvex-cli"_s} + arguments,
+                           {port, [] { return u"busy"_s; }, clock, settings, comPorts, console,
+                            signal, [this](const QString&) { return facts; }});
         out_.close();
         error_.close();
         return status;
     }
     /// A line as it is typed: @ stands for the bench's folder, ~ for a blank inside a word.
     int Run(const char* line) { return Run(Words(line)); }
-    int RunJson(const char* line) { return Run(Words(line) + QStringList{"--json"_L1}); }
+    /// The same with --json: exit status and error code, "0" or "1 locked".
+    std::string Outcome(const std::string& line) {
+        const int status = Run(Words(line.c_str()) + QStringList{u"--json"_s});
+        EXPECT_TRUE(Out().count(u'\n') == 1 && Out().endsWith(u"}\n"_s)) << "one object always";
+        EXPECT_EQ(Json()["exitStatus"_L1].toInt(-1), status);
+        const QString code = Json()["error"_L1]["code"_L1].toString();
+        return QString(QString::number(status) + u' ' + code).trimmed().toStdString();
+    }
     QStringList Words(const char* line) const {
         QStringList words = QString::fromUtf8(line).split(u' ', Qt::SkipEmptyParts);
         return words.replaceInStrings(u"@"_s, Path({}) + u'/').replaceInStrings(u"~"_s, u" "_s);
@@ -60,18 +85,12 @@ class CliBench {
     QString Out() const { return QString::fromUtf8(out_.data()); }
     QString Err() const { return QString::fromUtf8(error_.data()); }
     QJsonObject Json() const { return QJsonDocument::fromJson(out_.data()).object(); }
-    std::string ErrorCode() const { return Json()["error"_L1]["code"_L1].toString().toStdString(); }
-
     QString Path(const QString& name) const { return folder.filePath(name); }
     /// Fills the chip with what no file here holds.
     void Fill() const {
         ChipContents contents = chip->Contents();
-        for (qsizetype i = 0; i < contents.flash.size(); ++i) {
-            contents.flash[i] = static_cast<char>(i * 7 + i / 256);
-        }
-        for (qsizetype i = 0; i < contents.eeprom.size(); ++i) {
-            contents.eeprom[i] = static_cast<char>(i * 3);
-        }
+        std::iota(contents.flash.begin(), contents.flash.end(), '\1');
+        std::iota(contents.eeprom.begin(), contents.eeprom.end(), '\7');
         chip->SetContents(contents);
     }
     /// Writes a file and gives its path.
@@ -80,6 +99,10 @@ class CliBench {
         file.open(QIODevice::WriteOnly);
         file.write(text);
         return file.fileName();
+    }
+    /// The Flash words that are told to be written.
+    std::string Written() const {
+        return Json()["written"_L1]["flashWords"_L1][0].toString().toStdString();
     }
     static QByteArray Contents(const QString& path) {
         QFile file(path);
@@ -93,51 +116,40 @@ class CliBench {
     MemorySettings settings;
     QTemporaryDir folder;
     ComPorts comPorts;
-    SerialPort* behind = nullptr;  ///< stands between the tool and `port` if there is one
-    int columns = 0;               ///< of the terminal
+    int columns = 0;  ///< of the terminal
     /// Also the place to meddle with the board while a command runs.
     std::function<int()> signal = [] { return 0; };
-    PortFacts facts;
+    PortFacts facts{.exists = true, .permitted = true};
 
   private:
     QBuffer out_, error_;
 };
 
+/// What is wrong with board, chip or port.
+using Fault = std::function<void(CliBench&)>;
+
 /// Spoils the reply to a letter, at one of its occurrences or (0) at all.
-inline auto Spoil(char letter, FaultKind kind, int occurrence = 0) {
+inline Fault Spoil(char letter, FaultKind kind, int occurrence = 0) {
     return [=](CliBench& b) { b.board.SetLetterFault(letter, kind, occurrence); };
 }
 /// Puts another chip, or none, into the socket.
-inline auto Insert(const char* part) {
+inline Fault Insert(const char* part) {
     static std::map<std::string, SimulatedChip> chips;
     const ChipModel* model = FindChipModel(QString::fromLatin1(part));
     SimulatedChip* chip = model ? &chips.try_emplace(part, *model).first->second : nullptr;
     return [=](CliBench& b) { b.board.SetChip(chip); };
 }
-inline auto Lock(std::uint8_t byte) {
+inline Fault Lock(std::uint8_t byte) {
     return [=](CliBench& b) { b.chip->ProgramLock(byte); };
 }
-inline void Nothing(CliBench&) {}
-inline void RefusePort(CliBench& b) {
-    b.port.RefuseOpen();
+/// A port of which this is known; one that refuses to be opened.
+inline Fault Facts(const PortFacts& port, bool refused = true) {
+    return [=](CliBench& b) {
+        b.facts = port;
+        b.port.RefuseOpen(refused);
+    };
 }
-
-/// A data record at `address`.
-inline QByteArray HexRecord(int address, const QByteArray& bytes, int type = 0) {
-    QByteArray record;
-    record += static_cast<char>(bytes.size());
-    record += static_cast<char>(address / 256);
-    record += static_cast<char>(address % 256);
-    record += static_cast<char>(type);
-    record += bytes;
-    int sum = 0;
-    for (const char byte : record) {
-        sum += static_cast<std::uint8_t>(byte);
-    }
-    record += static_cast<char>(-sum);
-    return ':' + record.toHex().toUpper() + "\r\n";
-}
-
-inline const QByteArray kHexEnd = ":00000001FF\r\n";
+inline const Fault kBusy = Facts({.exists = true, .permitted = true});
+inline const Fault kNothing = [](CliBench&) {};
 
 }  // namespace tolvex::testing
