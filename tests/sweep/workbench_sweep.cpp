@@ -90,6 +90,8 @@ QString Line(const QStringList& transcript) {
             line += letter = entry;
             row = row.isEmpty() ? u"="_s : row;
         } else if (const auto match = failure.match(entry); match.hasMatch()) {
+            // Without a low byte's reply the high byte isn't sent.
+            line += entry.contains(u"Low byte Write Program"_s) ? u"^"_s : QString();
             row = match.captured(1) == letter ? u"!"_s : u"failure of another command"_s;
         } else {
             for (const QStringList& shape : beginnings) {
@@ -121,7 +123,7 @@ const QString kGrammar =
 (?<fuseEnd>=『Lock/Fuse[ ]bit[ ](リード|ライト)が完了しました。』|!『Lock/Fuse[ ]bit[ ](リード|ライト)に失敗しました。』)
 (?<whole>PAR{%1}(?&flashEnd)(Ad){%2}L(=((?&ok)|(?&ng))|(?&unsure)))
 (?<used>PAR{%5}(?&flashEnd)(Ad){%6}L(=((?&ok)|(?&ng))|(?&unsure)))
-(?<write>PA(cC?){%3}L(=1_|!「(Flashメモリ[ ]ライト失敗)」『\g{-1}』)
+(?<write>PA(cC|c\^){%3}L(=1_|!「(Flashメモリ[ ]ライト失敗)」『\g{-1}』)
   <EEPROM[ ]Data[ ]Memory[ ]Programming[ ]!>P(AD){%4}L(=2_|!「EEPROMメモリ[ ]ライト失敗」『EEROMメモリ[ ]ライト失敗』)
   <Flash[ ]Program[ ]Memory[ ]Verifying[ ]!>(?&used))
 (?<broken>PA(?<words>R{1,%1})!)
@@ -327,6 +329,10 @@ class Sweep {
         const bool port = case_.rule == u"Port"_s;
         must(world.bench.state.errorFlag.Failed() == (unopened ? port : !port && !well), "flag");
         must(world.port.IsOpen() != lost || any(HangUp), "port state");
+        must(!port || unopened ||
+                 world.line.contains(u"このファーム"_s) !=
+                     (world.bench.commands.SoftwareVersion() == u"3.9"_s),
+             "firmware notice");
         const bool broken = world.line.contains(QRegularExpression(u"R!「リード終"_s));
         must(any(HangUp) || any(RefusedLetter) || any(RefusedRest) ||
                  world.t.board.InProgrammingMode() == broken,
