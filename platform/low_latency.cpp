@@ -12,11 +12,17 @@ namespace tolvex {
 
 #ifdef Q_OS_LINUX
 
+namespace {
+
+constexpr int kLowLatency = static_cast<int>(ASYNC_LOW_LATENCY);
+
+}  // namespace
+
 void LowLatency::Enter(int handle) {
     serial_struct serial{};
     changed_ = false;
-    if (::ioctl(handle, TIOCGSERIAL, &serial) == 0 && (serial.flags & ASYNC_LOW_LATENCY) == 0) {
-        serial.flags |= ASYNC_LOW_LATENCY;
+    if (::ioctl(handle, TIOCGSERIAL, &serial) == 0 && (serial.flags & kLowLatency) == 0) {
+        serial.flags |= kLowLatency;
         changed_ = ::ioctl(handle, TIOCSSERIAL, &serial) == 0;
     }
 }
@@ -24,7 +30,7 @@ void LowLatency::Enter(int handle) {
 void LowLatency::PutBack(int handle) {
     serial_struct serial{};
     if (changed_ && ::ioctl(handle, TIOCGSERIAL, &serial) == 0) {
-        serial.flags &= ~ASYNC_LOW_LATENCY;
+        serial.flags &= ~kLowLatency;
         ::ioctl(handle, TIOCSSERIAL, &serial);
     }
     changed_ = false;
