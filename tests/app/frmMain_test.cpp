@@ -166,7 +166,7 @@ TEST(MainWindow, F6GoesRoundByKeyboard) {
     for (const char* station : {"", "Open", "Combo_device", "txtPrg"}) {
         QTest::keyClick(&b.window, Qt::Key_F6);
         const QAction* menu = b.window.menuBar()->activeAction();
-        EXPECT_TRUE(*station == '\0' ? menu->text() == u"ファイル(&F)"
+        EXPECT_TRUE(*station == '\0' ? menu != nullptr && menu->text() == u"ファイル(&F)"
                                      : b.Focus() == QLatin1StringView(station));
     }
     for (int back = 0; back < 3; ++back) {
