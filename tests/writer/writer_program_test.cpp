@@ -74,6 +74,11 @@ TEST_F(WriterProgram, KeepsChipLogAndLinkOverHangUpsAndRuns) {
     const QString terminal = Ready();
     ASSERT_FALSE(terminal.isEmpty()) << program.readAllStandardError().constData();
     EXPECT_EQ(QFile::symLinkTarget(link), terminal);
+    QProcess second;
+    second.start(program.program(), {u"--link"_s, link});
+    EXPECT_TRUE(second.waitForFinished(kPatience) && second.exitCode() == 1);
+    EXPECT_EQ(second.readAllStandardError(),
+              u"tolvex-writer: %1 leads to %2 already\n"_s.arg(link, terminal).toUtf8());
     Connect();
     EXPECT_EQ(Ask('s', 3), "01931e");
     // The line is raw: bytes that a terminal would take for control characters or new lines.
