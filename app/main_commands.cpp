@@ -53,8 +53,10 @@ void MainCommands::mnuViewStatusBar_Click() {
 }
 
 void MainCommands::mnuViewOptions_Click() {
-    parts_.dialogs.ShowBox(BoxIcon::None, u"Tolvex"_s,
-                           u"ｵﾌﾟｼｮﾝ ﾀﾞｲｱﾛｸﾞのｺｰﾄﾞをここに記述します !"_s);
+    parts_.guard.Run([this] {
+        parts_.dialogs.ShowBox(BoxIcon::None, u"Tolvex"_s,
+                               u"ｵﾌﾟｼｮﾝ ﾀﾞｲｱﾛｸﾞのｺｰﾄﾞをここに記述します !"_s);
+    });
 }
 
 void MainCommands::mnuWindowCascade_Click() {
@@ -105,9 +107,11 @@ void MainCommands::mnuWindowArrangeIcons_Click() {
 
 /// No help file is registered with the program.
 void MainCommands::mnuHelpContents_Click() {
-    parts_.dialogs.ShowBox(
-        BoxIcon::Information, parts_.window.windowTitle(),
-        u"ﾍﾙﾌﾟの目次を表示できません。 このﾌﾟﾛｼﾞｪｸﾄに関連付けられたﾍﾙﾌﾟが存在しません。"_s);
+    parts_.guard.Run([this] {
+        parts_.dialogs.ShowBox(
+            BoxIcon::Information, parts_.window.windowTitle(),
+            u"ﾍﾙﾌﾟの目次を表示できません。 このﾌﾟﾛｼﾞｪｸﾄに関連付けられたﾍﾙﾌﾟが存在しません。"_s);
+    });
 }
 
 void MainCommands::mmuIndex_Click() {

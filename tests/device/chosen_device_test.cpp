@@ -48,7 +48,7 @@ TEST(DeviceSelection, SetsSizesCodeAndOptions) {
 
 TEST(DeviceSelection, StartsWithTheStoredDeviceAndAllListsFilled) {
     TestBench b;
-    b.settings.values[u"device"_s] = u"10"_s;
+    b.settings.values[u"device"_s] = u"99"_s;
     b.bench.selection.FillDeviceLists();
     EXPECT_EQ(b.settings.values[u"device"_s], u"0"_s) << "damaged: the first";
     b.settings.values[u"device"_s] = u"8"_s;

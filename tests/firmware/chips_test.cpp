@@ -44,7 +44,8 @@ int ProgramAndVerify(FirmwareBench& bench) {
 }
 
 class EveryChip : public ::testing::TestWithParam<int> {};
-INSTANTIATE_TEST_SUITE_P(Firmware, EveryChip, ::testing::Range(0, 10));
+INSTANTIATE_TEST_SUITE_P(Firmware, EveryChip,
+                         ::testing::Range(0, static_cast<int>(ChipModels().size())));
 
 TEST_P(EveryChip, GoesThroughAllOperations) {
     FirmwareBench bench(GetParam());

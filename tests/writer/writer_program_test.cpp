@@ -140,7 +140,7 @@ TEST_F(WriterProgram, EndsAtOnceWhenItCannotWork) {
         {u"--fault 0:silent"_s, 2, u"--fault is K:KIND, such as 3:silent, and not 0:silent"_s},
         {u"--empty --device 1"_s, 2, u"--empty goes with neither --device nor --state"_s},
         {u"--log x --log y"_s, 2, u"--log was given twice"_s},
-        {u"--device 10"_s, 2, u"--device: no such chip: 10"_s},
+        {u"--device 99"_s, 2, u"--device: no such chip: 99"_s},
         {u"blink.hex"_s, 2, u"unknown argument: blink.hex"_s},
         {u"--device 8 --state "_s + Path(u"state"_s), 1,
          u"state file %1 holds a chip of another kind: AT90S2313"_s.arg(Path(u"state"_s))},
