@@ -22,7 +22,7 @@ until_true() {  # seconds command...
         sleep 0.2
     done
 }
-no_process() { ! pgrep -x 'tolvex|tolvex-writer' >/dev/null; }
+no_process() { ! pgrep '^tolvex' >/dev/null; }
 
 # A display for `on_display`. Without a window manager, which the window does not need.
 start_display() {
@@ -37,7 +37,7 @@ on_display() { as_person env DISPLAY=:5 XDG_RUNTIME_DIR=/tmp/session "$@"; }
 is_window() { DISPLAY=:5 xdotool search --onlyvisible --class '^tolvex$' >/dev/null 2>&1; }
 window_appears() { until_true 30 is_window; }
 end_programs() {
-    pkill -x 'tolvex|tolvex-writer' || true
+    pkill '^tolvex' || true
     until_true 10 no_process
 }
 
@@ -169,7 +169,7 @@ use_the_terminal() {
         tolvex-cli --port COM1 --device AT90S2313 --trace fault.trace program blink.hex
         tolvex-cli --port COM1 --device AT90S2313 read read.hex
         tolvex-cli --port COM1 --device AT90S2313 verify read.hex
-        tolvex-cli check read.hex read.eep
+        tolvex-cli --device AT90S2313 check read.hex read.eep
         tolvex-cli --port COM1 doctor
         kill %1; wait
         [ ! -e ~/.config/Tolvex/ports/com1 ]
