@@ -179,12 +179,9 @@ use_the_terminal() {
         kill %1 2>/dev/null || true; wait
         rm -f ready read.* fault.trace'
     rm $home/blink.*
-    for program in tolvex tolvex-cli tolvex-writer; do
-        [ $program = tolvex ] || $program --help 2>&1 >/dev/null | grep . && fail "$program warns"
-    done
-    for language in C C.UTF-8; do
-        as_person env LANG=$language tolvex-cli --version >/dev/null 2>/tmp/said
-        [ ! -s /tmp/said ] || { cat /tmp/said; fail "tolvex-cli warns with LANG=$language"; }
+    for command in 'tolvex-cli --version' 'tolvex-writer --help'; do
+        as_person env LANG=C sh -c "$command" >/dev/null 2>/tmp/said
+        [ ! -s /tmp/said ] || { cat /tmp/said; fail "$command warns under LANG=C"; }
     done
 }
 
