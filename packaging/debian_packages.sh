@@ -50,6 +50,14 @@ tell_progress() {
 need_build_packages() {
     need_packages "to build Tolvex" \
         g++ cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-svg-dev libgl-dev libgtest-dev scdoc
+    need_icon_plugin
+}
+
+# The plug-in that draws the icons is a package of its own since Debian 13.
+need_icon_plugin() {
+    local svg
+    svg=$(dpkg-query -W -f '${Version}' libqt6svg6 2>/dev/null) || return 0
+    ! dpkg --compare-versions "$svg" ge 6.7.2-5~ || need_packages "to draw the icons" qt6-svg-plugins
 }
 
 # For the firmware and its simulator; everything else builds without them.

@@ -34,7 +34,7 @@ class CliProgram : public ::testing::Test {
     }
     /// For `sh -c`, with $0 the tool and its options and $1 the folder.
     void Start(QString script) {
-        script.replace(u"$0"_s, u"$0 --port $1/port --device AT90S2313"_s);
+        script.replace(u"$0"_s, u"\"$0\" --port $1/port --device AT90S2313"_s);
         tool_.setWorkingDirectory(QStringLiteral(TOLVEX_SOURCE_DIR));
         tool_.start(u"sh"_s, {u"-c"_s, u"export XDG_CONFIG_HOME=$1/config; "_s + script,
                               QStringLiteral(TOLVEX_BIN_DIR "/tolvex-cli"), folder_.path()});
