@@ -55,11 +55,11 @@ TEST(ReadCommand, WritesFilesThatVerifyAndReplacesNone) {
     b.Fill();
     const QString data = b.File(u"all.eep"_s, "precious");  // never named
     EXPECT_EQ(b.Outcome("read @all.hex"), "2 fileExists");
-    EXPECT_TRUE(b.port.Wire().isEmpty() && CliBench::Contents(data) == "precious");
+    EXPECT_TRUE(b.port.Wire().isEmpty() && Bytes(data) == "precious");
     EXPECT_EQ(b.Run("read @all.hex --overwrite"), kDone) << b.Err().toStdString();
     EXPECT_TRUE(b.Out().endsWith(u"保存しました: %1, %2\n"_s.arg(b.Path(u"all.hex"_s), data)));
     EXPECT_EQ(b.Run("verify @all.hex"), kDone);
-    const QByteArray text = CliBench::Contents(data);
+    const QByteArray text = Bytes(data);
     EXPECT_EQ(b.Run("read - --only eeprom"), kDone);
     EXPECT_EQ(b.Out(), QString::fromUtf8(text)) << "and nothing else";
     Insert("AT90S2323")(b);

@@ -103,7 +103,7 @@ struct World : CliBench {
     QByteArray Files() const {
         QByteArray files;
         for (const QString& name : QDir(Path({})).entryList(QDir::Files | QDir::Hidden)) {
-            files += name.toUtf8() + Contents(Path(name));
+            files += name.toUtf8() + Bytes(Path(name));
         }
         return files;
     }
@@ -123,51 +123,50 @@ using Rule = std::pair<const char*, bool>;
 
 /// The rules that a run has to keep, whatever befalls it.
 QList<Rule> Judge(const World& w, const World& calm, int exchange, int trouble, int status) {
-    const QJsonObject json = w.Json(), written = json["written"_L1].toObject();
-    const QString code = json["error"_L1]["code"_L1].toString();
-    const bool done = status == kDone, uncertain = written["uncertain"_L1].toBool();
-    // A wrong byte of what nothing is compared with looks right: data come without a checksum.
-    const bool unproven = trouble == Wrong && w.command.shows;
+    const QJsonObject json = w.Json(), wanted = calm.Json(),
+                      written = json["written"_L1].toObject();
+    const QString code = json["error"_L1]["code"_L1].toString(), errors = w.Err();
+    const char* const wantedCode = kTroubles[trouble][1];
     const ChipContents& chip = w.chip->Contents();
-    const bool counts = w.command.asked == Both && written["erased"_L1].toBool() && !uncertain &&
-                        trouble != kForgotten;
-    const bool acknowledged = QByteArray(w.command.line).startsWith("erase");
-    const std::string words[] = {"", "0000", "0000-0001", "0000-0002"};
+    const bool done = status == kDone, unopened = exchange == 0, signalled = trouble == kSignal;
+    const bool changed = chip != w.before, uncertain = written["uncertain"_L1].toBool();
+    const bool erased = written["erased"_L1].toBool(), onlyErases = w.Deeds().endsWith(u'e');
+    // A wrong byte of what nothing is compared with looks right: data come without a checksum.
+    const bool unproven = done && trouble == Wrong && w.command.shows;
+    const bool counts = w.command.asked == Both && erased && !uncertain && trouble != kForgotten;
     const qsizetype used = counts ? chip.flash.size() - chip.flash.count('\xFF') : 0;
+    const QString words[] = {{}, u"0000"_s, u"0000-0001"_s, u"0000-0002"_s};
+    const bool told =
+        erased || uncertain || written.contains("fuseByte"_L1) || written.contains("lockByte"_L1);
+    // Before an erase nobody needs the signature; after a lock it is the proof, before the L.
+    const bool needed = wantedCode && !signalled &&
+                        !w.letters.value(exchange - 1).startsWith(u's') && !w.chip->ReadProtected();
+    // A command cut in two swallows the L as its end.
+    const bool may =
+        code == u"lineLost" || trouble == RefusedRest || errors.contains(u"モードのまま"_s);
+    // clang-format off
     return {
-        {"a success is one", !done || w.Holds() || (trouble == kForgotten && acknowledged)},
-        // Before an erase nobody needs the signature; after a lock it is the proof, before the L.
-        {"a lost reply is none", !done || trouble == kSignal || !kTroubles[trouble][1] ||
-                                     w.letters[exchange - 1] == u's' || w.chip->ReadProtected()},
+        {"a success is one", !done || w.Holds() || (trouble == kForgotten && onlyErases)},
+        {"a lost reply is none", !done || !needed},
         {"a success has done and looked at everything", !done || w.Deeds() == calm.Deeds()},
-        {"what comes out is true",
-         !done || unproven ||
-             (json.value("part"_L1) == calm.Json().value("part"_L1) &&
-              json.value("options"_L1) == calm.Json().value("options"_L1))},
-        {"files are whole, old or new",
-         w.Files() == (done ? calm.Files() : w.old) || (done && unproven)},
-        {"one cause is told", done == code.isEmpty() && w.Err().count(u"tolvex-cli: "_s) == !done},
-        {"a change is told", chip == w.before || uncertain || written["erased"_L1].toBool() ||
-                                 written.contains("fuseByte"_L1) ||
-                                 written.contains("lockByte"_L1)},
-        {"no other change", w.command.asked != Same || chip == w.before},
-        {"written words are told", !counts || (used % 2 == 0 && w.Written() == words[used / 2])},
+        {"it knows the part", !done || unproven || json.value("part"_L1) == wanted.value("part"_L1)},
+        {"it shows the bits", !done || unproven || json.value("options"_L1) == wanted.value("options"_L1)},
+        {"files are whole, old or new", unproven || w.Files() == (done ? calm.Files() : w.old)},
+        {"one cause is told", done == code.isEmpty() && errors.count(u"tolvex-cli: "_s) == !done},
+        {"a change is told", !changed || told},
+        {"no other change", !changed || w.command.asked != Same},
+        {"written words are told", used % 2 == 0 && (!counts || written["flashWords"_L1][0].toString() == words[used / 2])},
         {"port closed", !w.troubled.IsOpen()},
-        // A command cut in two swallows the L as its end.
-        {"programming mode left", !w.board.InProgrammingMode() || code == u"lineLost" ||
-                                      trouble == RefusedRest ||
-                                      w.Err().contains(u"モードのまま"_s)},
+        {"programming mode left", !w.board.InProgrammingMode() || may},
         {"given up soon", w.clock.Now() < std::chrono::seconds(40)},
-        {"a signal ends it, and nothing goes out but a word's other half and L",
-         trouble != kSignal || ((!done || exchange == calm.letters.size()) &&
-                                w.letters.size() <= exchange + 2 && !w.Err().contains(u"失敗"_s))},
-        {"too much does no harm", done || trouble != Long || exchange == 0},
-        {"a failure is told as what it is",
-         done || (exchange == 0 ? status == kNoPort && w.letters.isEmpty()
-                                : status == (trouble == kSignal ? 130 : kRefused) &&
-                                      (!kTroubles[trouble][1] ||
-                                       code == QLatin1StringView(kTroubles[trouble][1])))},
+        {"a signal ends it", !signalled || (status == 130 && !errors.contains(u"失敗"_s)) || exchange == calm.letters.size()},
+        {"and nothing goes out but a word's other half and L", !signalled || w.letters.size() <= exchange + 2},
+        {"too much does no harm", done || trouble != Long},
+        {"an unopened port is told", !unopened || (status == kNoPort && w.letters.isEmpty())},
+        {"a failure is told as what it is", done || unopened || !wantedCode || code == QLatin1StringView(wantedCode)},
+        {"and by its status", done || unopened || status == (signalled ? 130 : kRefused)},
     };
+    // clang-format on
 }
 
 /// The number of broken rules.
