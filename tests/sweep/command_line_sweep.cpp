@@ -82,11 +82,12 @@ struct World : CliBench {
         command.asked.Apply(asked);
         letters.clear();
         exchange < 0 || trouble >= kEnd ? troubled.Plan({}) : troubled.Plan({{exchange, trouble}});
-        signal = [=, this, kept = std::optional(before)]() mutable {
+        signal = [=, this, kept = std::optional(before), commands = 0]() mutable {
             const bool past = letters.size() >= exchange;
             if (trouble == kForgotten && !past) {
                 kept = chip->Contents();
-            } else if (trouble == kForgotten && kept) {
+                commands = board.CommandCount();
+            } else if (trouble == kForgotten && kept && board.CommandCount() > commands) {
                 chip->SetContents(*std::exchange(kept, {}));
             }
             return trouble == kSignal && past ? 2 : 0;
