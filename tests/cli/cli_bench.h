@@ -4,13 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <QBuffer>
-#include <QFile>
 #include <QJsonDocument>
 #include <QTemporaryDir>
 #include <memory>
 #include <numeric>
 
 #include "cli/command_line.h"
+#include "tests/support/real_files.h"
 #include "tests/support/recorder.h"
 #include "tests/support/simulated_port.h"
 #include "tests/support/virtual_clock.h"
@@ -61,7 +61,7 @@ class CliBench {
         Console console(out_, error_, [this] { return columns; });
         const int status =
             RunCommandLine(QStringList{u"tolvex-cli"_s} + arguments,
-                           {port, [] { return u"busy"_s; }, clock, settings, comPorts, console,
+                           {*usedPort, [] { return u"busy"_s; }, clock, settings, comPorts, console,
                             signal, [this](const QString&) { return facts; }});
         out_.close();
         error_.close();
@@ -89,26 +89,15 @@ class CliBench {
     /// Fills the chip with what no file here holds.
     void Fill() const {
         ChipContents contents = chip->Contents();
-        std::iota(contents.flash.begin(), contents.flash.end(), '\1');
+        std::iota(contents.flash.begin(), contents.flash.end(), '\x10');
         std::iota(contents.eeprom.begin(), contents.eeprom.end(), '\7');
         chip->SetContents(contents);
     }
     /// Writes a file and gives its path.
     QString File(const QString& name, const QByteArray& text) const {
-        QFile file(Path(name));
-        file.open(QIODevice::WriteOnly);
-        file.write(text);
-        return file.fileName();
+        PutFile(Path(name), text);
+        return Path(name);
     }
-    /// The Flash words that are told to be written.
-    std::string Written() const {
-        return Json()["written"_L1]["flashWords"_L1][0].toString().toStdString();
-    }
-    static QByteArray Contents(const QString& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
-    }
-
     VirtualClock clock;
     std::unique_ptr<SimulatedChip> chip;
     SimulatedWriter board;
@@ -116,6 +105,7 @@ class CliBench {
     MemorySettings settings;
     QTemporaryDir folder;
     ComPorts comPorts;
+    SerialPort* usedPort = &port;
     int columns = 0;  ///< of the terminal
     /// Also the place to meddle with the board while a command runs.
     std::function<int()> signal = [] { return 0; };
@@ -124,6 +114,10 @@ class CliBench {
   private:
     QBuffer out_, error_;
 };
+
+inline QByteArray Compact(const QJsonObject& object) {
+    return QJsonDocument(object).toJson(QJsonDocument::Compact);
+}
 
 /// What is wrong with board, chip or port.
 using Fault = std::function<void(CliBench&)>;
