@@ -97,7 +97,7 @@ TEST(MainWindow, EachCommandDoesWhatItSays) {
         {"mmuLEDoff", "", ""},
         {"mnuViewToolbar", "", "no toolbar"},
         {"mnuViewStatusBar", "", "no status bar"},
-        {"mnuViewOptions", "", "box Information Tolvex|ｵﾌﾟｼｮﾝ ﾀﾞｲｱﾛｸﾞのｺｰﾄﾞをここに記述します !"},
+        {"mnuViewOptions", "", "box Tolvex|ｵﾌﾟｼｮﾝ ﾀﾞｲｱﾛｸﾞのｺｰﾄﾞをここに記述します !"},
         {"mmuIndex", "Command1", "ボードの修正"},
         {"mnuHelpContents", "", kNoHelp},
         {"mnuHelpSearch", "", kNoHelp},

@@ -3,23 +3,15 @@
 
 #include <QTimer>
 
-#include "writer/chip_models.h"
-
 namespace tolvex::testing {
 
 using namespace Qt::StringLiterals;
 
-WindowBench::WindowBench(int chipIndex, int baud)
-    : chip(*FindChipModel(QString::number(chipIndex))),
-      board(&chip),
-      port(board, clock, baud),
-      folders{folder.path() + u'/', {folder.path() + u'/'}},
+WindowBench::WindowBench(int deviceIndex, int baud)
+    : Surroundings(deviceIndex, baud),
       comPorts(folder.path()),
       program({port, clock, settings, folders, comPorts, person, help}) {
-    settings.values = {{u"Index_First_Flag"_s, u"1"_s},
-                       {u"Index_Com_Flag"_s, u"1"_s},
-                       {u"ComNox"_s, u"1"_s},
-                       {u"device"_s, QString::number(chipIndex)}};
+    settings.values[u"Index_First_Flag"_s] = settings.values[u"Index_Com_Flag"_s] = u"1"_s;
 }
 
 void WindowBench::Start() {

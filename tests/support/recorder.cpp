@@ -30,8 +30,7 @@ void Recorder::CloseMessage() {
 
 void Recorder::SetProgress(bool on, double, double value, double maximum) {
     if (on) {
-        const bool visible = value != maximum;
-        progress << (maximum == 0 ? Progress{visible, 1, 1} : Progress{visible, value, maximum});
+        progress << (maximum == 0 ? 1 : value / maximum);
     }
 }
 
@@ -48,8 +47,10 @@ FileDialogAnswer Recorder::Ask(const QString& dialog, const FileDialogRequest& r
 }
 
 void Recorder::ShowBox(BoxIcon icon, const QString& title, const QString& text) {
-    calls << u"box %1 %2|%3"_s.arg(icon == BoxIcon::Stop ? u"Stop"_s : u"Information"_s, title,
-                                   text);
+    const QString name = icon == BoxIcon::Stop          ? u"Stop "_s
+                         : icon == BoxIcon::Information ? u"Information "_s
+                                                        : QString();
+    calls << u"box "_s + name + title + u'|' + text;
 }
 
 bool Recorder::AskOkCancel(const QString& title, const QString& text) {

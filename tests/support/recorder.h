@@ -18,16 +18,10 @@ class Recorder : public StatusPanels,
                  public SettingPanel,
                  public Dialogs {
   public:
-    struct Progress {
-        bool visible;
-        double value;
-        double maximum;
-    };
-
     QStringList calls;
     QMap<int, QString> panels;      ///< what each status panel shows now
     QString message;                ///< what the message dialog shows now; null = closed
-    QList<Progress> progress;       ///< every SetProgress(on), as the bar would show it
+    QList<double> progress;         ///< how full each SetProgress(on) makes the bar
     QMap<OptionList, int> options;  ///< selected entries
     QMap<OptionList, QStringList> optionEntries;
     QMap<OptionList, bool> optionShown;

@@ -4,7 +4,6 @@
 #include <QCoreApplication>
 #include <QRegularExpression>
 #include <cstdio>
-#include <functional>
 #include <random>
 
 #include "tests/support/test_bench.h"
@@ -25,53 +24,6 @@ struct Fault {
     int trouble;
 };
 using Faults = QList<Fault>;
-
-/// The simulated board behind a line that faults befall. Every letter goes into the transcript.
-class TroubledPort : public SimulatedPort {
-  public:
-    TroubledPort(SimulatedWriter& board, VirtualClock& clock, QStringList& transcript)
-        : SimulatedPort(board, clock, 0), board_(board), transcript_(transcript) {}
-
-    void Plan(const Faults& faults) {
-        faults_ = faults;
-        exchange_ = 0;
-        board_.ClearFaults();
-        RefuseOpen(!faults.isEmpty() && faults[0].exchange == 0);
-    }
-    void DiscardInput() override {
-        begins_ = true;
-        SimulatedPort::DiscardInput();
-    }
-    bool Write(QByteArrayView bytes) override {
-        const bool letter = std::exchange(begins_, false);
-        if (letter) {
-            ++exchange_;
-            transcript_ << QChar::fromLatin1(bytes[0]);
-        }
-        for (const Fault& fault : faults_) {
-            const int next = board_.CommandCount() + 1;
-            if (fault.exchange != exchange_) {
-                continue;
-            }
-            if (fault.trouble == (letter ? RefusedLetter : RefusedRest)) {
-                return false;
-            }
-            if (letter && fault.trouble == Dead) {
-                board_.SetFaultFrom(next, FaultKind::Silent);
-            } else if (letter && fault.trouble < Dead) {
-                board_.SetFault(next, static_cast<FaultKind>(fault.trouble));
-            }
-        }
-        return SimulatedPort::Write(bytes);
-    }
-
-  private:
-    SimulatedWriter& board_;
-    QStringList& transcript_;
-    Faults faults_;
-    int exchange_ = 0;
-    bool begins_ = true;
-};
 
 /// A run as one line: the letters sent, "=" or "!" behind a row of them (all well, or a command has
 /// told that it failed), "「text」" status panel 1, "<text>" progress, "『text』" a message, "_"
@@ -148,38 +100,10 @@ const QString kGrammar =
 struct Case {
     QString rule;
     int device;
-    bool (*run)(Workbench&);  ///< true: the program takes it for a success
     void (*images)(MemoryImages&) = [](MemoryImages&) {};  ///< the chip holds what they were before
     int words = 0, bytes = 0, lastWord = 0, lastByte = 0;  ///< to program
 };
 
-bool Programs(Workbench& bench) {
-    const ChainResult r = bench.toolbar.Click(u"Program");
-    return r.erase && r.erase->erased && (r.program->nothingToWrite || r.program->Verified());
-}
-bool Verifies(Workbench& bench) {
-    const ChainResult r = bench.toolbar.Click(u"Verify");
-    return r.verify && r.verify->Matches();
-}
-bool Reads(Workbench& bench) {
-    const ChainResult r = bench.toolbar.Click(u"Read");
-    return r.read && r.read->Complete();
-}
-bool Erases(Workbench& bench) {
-    const ChainResult r = bench.toolbar.Click(u"Erase");
-    return r.erase && r.erase->erased;
-}
-bool ChoosesPort(Workbench& bench) {
-    bench.portSelection.Load();
-    bench.portSelection.Confirm(1, [] {});
-    return bench.connection.IsOpen();
-}
-bool WritesFuses(Workbench& bench) {
-    return bench.lockFuse.cmdFuseWrite_Click().done;
-}
-bool ReadsFuses(Workbench& bench) {
-    return bench.lockFuse.cmdFuseRead_Click().done;
-}
 void Clear(MemoryImages& images) {
     images = {};
 }
@@ -197,65 +121,77 @@ void Change(MemoryImages& images) {
 }
 
 QList<Case> Cases() {
-    QList<Case> cases = {{u"Program"_s, 0, Programs, OneWord, 2, 0, 0, 0},
-                         {u"Nothing"_s, 0, Programs, Clear},
-                         {u"Verify"_s, 0, Verifies},
-                         {u"Verify"_s, 0, Verifies, Change},
-                         {u"Read"_s, 0, Reads, Clear},
-                         {u"Erase"_s, 0, Erases},
-                         {u"Port"_s, 0, ChoosesPort}};
+    QList<Case> cases = {{u"Program"_s, 0, OneWord, 2, 0, 0, 0},
+                         {u"Nothing"_s, 0, Clear},
+                         {u"Verify"_s, 0},
+                         {u"Verify"_s, 0, Change},
+                         {u"Read"_s, 0, Clear},
+                         {u"Erase"_s, 0},
+                         {u"Port"_s, 0}};
     // A device of each kind of fuses.
     for (const int device : {0, 3, 4, 5}) {
-        cases << Case{u"Program"_s, device, Programs, AFew, 5, 3, 4, 9}
-              << Case{u"FuseWrite"_s, device, WritesFuses};
+        cases << Case{u"Program"_s, device, AFew, 5, 3, 4, 9} << Case{u"FuseWrite"_s, device};
         if (TestBench(device).person.fuseReadEnabled) {
-            cases << Case{u"FuseRead"_s, device, ReadsFuses};
+            cases << Case{u"FuseRead"_s, device};
         }
     }
     return cases;
 }
 
-/// A program in front of a chip that holds something.
-struct World {
-    explicit World(const Case& c) : t(c.device), now(c) {
-        t.FillImages(1);
-        before = {t.FlashOfImages(), t.EepromOfImages(), 0xFF, 0xFA};
-        t.chip->SetContents(before);
-        bench.selection.FillDeviceLists();
-        bench.state.images = t.bench.state.images;
+/// A program in front of a chip that holds something, on a line that faults befall.
+struct World : TestBench {
+    explicit World(const Case& c)
+        : TestBench(c.device), button(c.rule == u"Nothing" ? u"Program"_s : c.rule) {
+        FillImages(1);
+        before = {FlashOfImages(), EepromOfImages(), 0xFF, 0xFA};
+        chip->SetContents(before);
         c.images(bench.state.images);
-        t.person.options[OptionList::LockBit] = 1;
-        t.person.options[OptionList::CKSEL] = 5;
+        person.options[OptionList::LockBit] = 1;
+        person.options[OptionList::CKSEL] = 5;
     }
+    /// Every letter goes into the transcript, on a closed port too.
     void Run(const Faults& faults) {
-        port.Plan(faults);
-        t.person.calls.clear();
-        success = now.run(bench);
-        line = Line(t.person.calls);
+        int exchange = 0;
+        port.OnWrite([&](QByteArrayView bytes, bool begins) {
+            if (begins) {
+                ++exchange;
+                person.calls << QChar::fromLatin1(bytes[0]);
+            }
+            return std::ranges::all_of(faults, [&](const Fault& fault) {
+                return fault.exchange != exchange || Befall(fault.trouble, begins);
+            });
+        });
+        board.ClearFaults();
+        port.RefuseOpen(!faults.isEmpty() && faults[0].exchange == 0);
+        person.calls.clear();
+        success = Press(button);
+        port.OnWrite({});
+        line = Line(person.calls);
+    }
+    /// What becomes of a write, or of the reply to it; false: it is refused.
+    bool Befall(int trouble, bool begins) {
+        const int next = board.CommandCount() + 1;
+        if (begins && trouble == Dead) {
+            board.SetFaultFrom(next, FaultKind::Silent);
+        } else if (begins && trouble < Dead) {
+            board.SetFault(next, static_cast<FaultKind>(trouble));
+        }
+        return trouble != (begins ? RefusedLetter : RefusedRest);
     }
     QByteArray Images() const {
         return {reinterpret_cast<const char*>(&bench.state.images), sizeof bench.state.images};
     }
     QByteArray Held() const {
-        const ChipContents& chip = t.chip->Contents();
-        QByteArray held = Images() + chip.flash + chip.eeprom + static_cast<char>(chip.lock) +
-                          static_cast<char>(chip.fuses);
-        for (const int entry : t.person.options) {
+        const ChipContents& holds = chip->Contents();
+        QByteArray held = Images() + holds.flash + holds.eeprom + static_cast<char>(holds.lock) +
+                          static_cast<char>(holds.fuses);
+        for (const int entry : person.options) {
             held += static_cast<char>(entry);
         }
         return held;
     }
 
-    TestBench t;
-    const Case& now;
-    TroubledPort port{t.board, t.clock, t.person.calls};
-    Workbench bench{{.port = port,
-                     .clock = t.clock,
-                     .settings = t.settings,
-                     .folders = t.folders,
-                     .person = t.person.AsPerson(),
-                     .mainCaption = {},
-                     .showPortDialog = {}}};
+    QString button;
     ChipContents before;
     QString line;
     bool success = false;
@@ -287,7 +223,7 @@ class Sweep {
         // A command cut in two leaves the board waiting for its end, which costs an attempt a byte.
         for (int attempt = 0; attempt == 0 || (attempt < 3 && world.line != calm_.line);
              ++attempt) {
-            world.t.chip->SetContents(world.before);
+            world.chip->SetContents(world.before);
             world.Run({});
         }
         Must(world.line == calm_.line && world.Held() == calm_.Held(), "the next one works", faults,
@@ -319,7 +255,7 @@ class Sweep {
         };
         const auto match = grammar_.match(world.line);
         must(match.hasMatch(), "told and done as the rules say");
-        const Recorder& person = world.t.person;
+        const Recorder& person = world.person;
         const QString& dialog = person.message;
         const bool unopened = !faults.isEmpty() && faults[0].exchange == 0;
         const bool lost = unopened || dialog.startsWith(u"ライタと通信が"_s);
@@ -335,7 +271,7 @@ class Sweep {
              "firmware notice");
         const bool broken = world.line.contains(QRegularExpression(u"R!「リード終"_s));
         must(any(HangUp) || any(RefusedLetter) || any(RefusedRest) ||
-                 world.t.board.InProgrammingMode() == broken,
+                 world.board.InProgrammingMode() == broken,
              "programming mode left");
         must(case_.rule == u"Read"_s || world.Images() == start_, "images kept");
         if (broken && faults.size() == 1) {
@@ -346,7 +282,7 @@ class Sweep {
         }
         Recorder fresh;
         const Person reader = fresh.AsPerson();
-        ListingFiles again({world.t.folders.listings, reader, world.bench.state});
+        ListingFiles again({world.folders.listings, reader, world.bench.state});
         again.RefreshFlashListing();
         again.RefreshEepromListing();
         must((!person.calls.contains(u"flash listing"_s) ||
@@ -355,7 +291,7 @@ class Sweep {
                   fresh.eepromListing == person.eepromListing),
              "listings");
         if (dialog.startsWith(u"ベリファイ　FLASH"_s)) {
-            QFile file(world.t.folder.filePath(u"avrvfy.txt"_s));
+            QFile file(world.folder.filePath(u"avrvfy.txt"_s));
             const QByteArray report = file.open(QIODevice::ReadOnly) ? file.readAll() : "";
             must(report.contains("Flash  A") == dialog.contains(u"FLASH : NG"_s) &&
                      report.contains("EEPROM A") == dialog.contains(u"EEPROM : NG"_s),
