@@ -6,12 +6,8 @@
 
 #include "tests/app/window_bench.h"
 
-namespace tolvex {
+namespace tolvex::testing {
 namespace {
-
-using namespace Qt::StringLiterals;
-using testing::RunningBench;
-using testing::WindowBench;
 
 TEST(MainWindow, BarsStandAsAPersonReadsThem) {
     RunningBench b;
@@ -178,4 +174,4 @@ TEST(MainWindow, F6GoesRoundByKeyboard) {
 }
 
 }  // namespace
-}  // namespace tolvex
+}  // namespace tolvex::testing

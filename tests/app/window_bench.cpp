@@ -5,8 +5,6 @@
 
 namespace tolvex::testing {
 
-using namespace Qt::StringLiterals;
-
 WindowBench::WindowBench(int deviceIndex, int baud)
     : Surroundings(deviceIndex, baud),
       comPorts(folder.path()),

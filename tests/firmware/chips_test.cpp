@@ -57,20 +57,6 @@ TEST_P(EveryChip, GoesThroughAllOperations) {
     EXPECT_EQ(Bytes(code), Bytes(bench.Path(u"code.hex"_s)));
     EXPECT_EQ(Bytes(data), Bytes(bench.Path(u"data.eep"_s)));
 
-    const std::tuple<FuseLayout, QString, int> fuses[] = {
-        {FuseLayout::FSTRT, u"FSTRT=Enable"_s, 0xFE},
-        {FuseLayout::RCEN, u"RCEN=Disable"_s, 0xFF},
-        {FuseLayout::BodCksel, u"CKSEL=1K CK"_s, 0xFF},
-    };
-    for (const auto& [layout, change, byte] : fuses) {
-        if (model.fuseLayout == layout) {
-            EXPECT_EQ(bench.Run({u"fuses"_s, change, u"LOCK=write"_s}), kDone) << bench.words;
-            EXPECT_EQ(bench.chip.Contents().fuses, byte);
-            EXPECT_EQ(bench.chip.Contents().lock, 0xFD);
-            EXPECT_EQ(bench.Run({u"fuses"_s}), kDone);
-            EXPECT_NE(bench.words.find("LOCK = write"), std::string::npos) << bench.words;
-        }
-    }
     EXPECT_EQ(bench.Run({u"lock"_s, u"full"_s}), kDone);
     EXPECT_TRUE(bench.chip.ReadProtected());
     EXPECT_EQ(bench.Run({u"detect"_s}), kRefused) << "protected";

@@ -13,8 +13,6 @@
 #include "writer/chip_state_file.h"
 #include "writer/trace_replay.h"
 
-using namespace Qt::StringLiterals;
-
 namespace tolvex::testing {
 namespace {
 

@@ -13,8 +13,6 @@
 #include "platform/qt_serial_port.h"
 #include "tests/support/test_bench.h"
 
-using namespace Qt::StringLiterals;
-
 namespace tolvex::testing {
 namespace {
 
@@ -100,6 +98,5 @@ int Soak(int cycles) {
 
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
-    const int cycles = QCoreApplication::arguments().value(1, u"1000"_s).toInt();
-    return tolvex::testing::Soak(cycles);
+    return tolvex::testing::Soak(argc > 1 ? QByteArray(argv[1]).toInt() : 1000);
 }

@@ -6,8 +6,6 @@
 
 namespace tolvex::testing {
 
-using namespace Qt::StringLiterals;
-
 QStringList Recorder::Seen() const {
     static const QRegularExpression seen(u"^(status 1|message OK|progress|close message)"_s);
     return calls.filter(seen);

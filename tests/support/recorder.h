@@ -9,6 +9,8 @@
 
 namespace tolvex::testing {
 
+using namespace Qt::StringLiterals;
+
 /// The person, as the operations see them: keeps every call in order, answers from a script.
 /// `calls` reads like a transcript: "status 1: text", "message OK: text", "progress: text",
 /// "close message", "option LockBit = 2", "verify report", "box Stop title|text" ...

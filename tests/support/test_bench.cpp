@@ -7,8 +7,6 @@
 
 namespace tolvex::testing {
 
-using namespace Qt::StringLiterals;
-
 Surroundings::Surroundings(int deviceIndex, int baud)
     : chip(std::make_unique<SimulatedChip>(ChipModels()[static_cast<std::size_t>(deviceIndex)])),
       board(chip.get()),

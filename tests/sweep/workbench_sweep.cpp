@@ -8,8 +8,6 @@
 
 #include "tests/support/test_bench.h"
 
-using namespace Qt::StringLiterals;
-
 namespace tolvex::testing {
 namespace {
 
