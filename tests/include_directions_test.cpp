@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Who may include what: the house as a stack. Build targets keep Qt's widgets out of what is no
-// window, but not one folder out of another: with one include root, any file finds any header.
+// Who may include what: the house as a stack. Build targets hold the rest (no widgets in what is no
+// window, no app in the tests of cli) but not this: with one include root, any file finds any
+// header.
 #include <gtest/gtest.h>
 
 #include <QDirIterator>
@@ -70,18 +71,6 @@ TEST(IncludeDirections, LeadDownwards) {
         standing << folder;
         EXPECT_TRUE(QDir(QStringLiteral(TOLVEX_SOURCE_DIR "/") + folder).exists());
         std::cout << qPrintable(folder + u": "_s + Check(folder, allowed).join(u' ')) << '\n';
-    }
-}
-
-/// Tests may use whatever there is, but of the two programs on top only the one that they test.
-TEST(IncludeDirections, TestsMirrorTheFolders) {
-    for (const Floor& tested : kHouse) {
-        QStringList allowed;
-        for (const Floor& floor : kHouse) {
-            const bool onTop = floor.folder == u"app" || floor.folder == u"cli";
-            allowed << (onTop ? tested.folder : floor.folder);
-        }
-        Check(u"tests/"_s + tested.folder, allowed);
     }
 }
 

@@ -74,22 +74,13 @@ TEST(RunAlone, TheFocusComesBackUnlessThePersonTookIt) {
     }
 }
 
-TEST(RunAlone, KeysTypedAheadAndOpenMenusDoNothing) {
-    RunningBench b(3);
-    b.port.ForgetTrace();
+TEST(RunAlone, AnOpenMenuIsClosed) {
+    RunningBench b;
     auto* popup = b.Find<QMenu>("mnuFile");
     popup->popup(QPoint());
     EXPECT_TRUE(popup->isVisible());
-    auto* write = b.Find<QWidget>("cmdFuseWrite");
-    b.clock.OnYield([&] {
-        EXPECT_FALSE(popup->isVisible());
-        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            QApplication::postEvent(write, new QKeyEvent(type, Qt::Key_Space, Qt::NoModifier));
-        }
-    });
-    b.Click("Read");  // which ends without a message that would process events itself
-    QApplication::processEvents();
-    EXPECT_TRUE(b.port.Wire().contains(u"R"_s) && b.port.Wire().filter(u"l "_s).isEmpty());
+    b.Click("Read");
+    EXPECT_FALSE(popup->isVisible());
 }
 
 TEST(RunAlone, NothingBlocksTheEventLoop) {

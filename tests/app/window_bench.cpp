@@ -23,11 +23,6 @@ void WindowBench::Click(const char* name) {
     QApplication::processEvents();
 }
 
-void WindowBench::OpenSample() {
-    person.fileAnswers = {Chosen(QStringLiteral(TOLVEX_SOURCE_DIR "/samples/blink.hex"))};
-    Click("Open");
-}
-
 QMdiSubWindow* WindowBench::Child(const char* name) {
     for (QMdiSubWindow* child : window.Area().subWindowList()) {
         if (child->widget()->objectName() == QString::fromLatin1(name)) {

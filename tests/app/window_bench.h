@@ -34,8 +34,6 @@ class WindowBench : public Surroundings {
     QString Focus();  ///< the name of the control that the keyboard would reach
     /// Clicks a button or chooses a menu item, and waits for what it does.
     void Click(const char* name);
-    /// Opens the sample, whose code and data both fit every chip.
-    void OpenSample();
     /// What the message dialog says now; null while there is none.
     QString Message();
     QString Panel(int panel) { return window.Panels().PanelText(panel); }

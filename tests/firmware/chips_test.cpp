@@ -29,17 +29,14 @@ QByteArray Flash(const ChipModel& model) {
     return bytes.replace(kEnd, blank, QByteArray(blank, '\xFF'));
 }
 
-QByteArray Eeprom(const ChipModel& model) {
-    return RandomBytes(model.eepromBytes, 2);
-}
-
 int ProgramAndVerify(FirmwareBench& bench) {
     const ChipModel& model = bench.chip.Model();
     const QString code = bench.Path(u"code.hex"_s), data = bench.Path(u"data.eep"_s);
-    EXPECT_TRUE(WriteHex(code, Flash(model)) && WriteHex(data, Eeprom(model)));
+    const QByteArray flash = Flash(model), eeprom = RandomBytes(model.eepromBytes, 2);
+    EXPECT_TRUE(WriteHex(code, flash) && WriteHex(data, eeprom));
     const int status = bench.Run({u"program"_s, code, data});
-    EXPECT_EQ(bench.chip.Contents().flash, Flash(model)) << bench.words;
-    EXPECT_EQ(bench.chip.Contents().eeprom, Eeprom(model)) << bench.words;
+    EXPECT_EQ(bench.chip.Contents().flash, flash) << bench.words;
+    EXPECT_EQ(bench.chip.Contents().eeprom, eeprom) << bench.words;
     return status;
 }
 

@@ -98,7 +98,6 @@ struct FileCommandBench {
 
 TEST(DataFileName, ThreeCharactersGiveWayAndAMissingFileIsLookedForInOtherCase) {
     const std::tuple<QString, QStringList, QString> cases[] = {
-        // clang-format off
         {u"blink.html"_s, {}, u"blink.heep"_s},
         {u"x.EEP"_s, {}, u"x.EEP"_s},
         {u"𠮷.hex"_s, {}, u"𠮷.eep"_s},
@@ -109,7 +108,6 @@ TEST(DataFileName, ThreeCharactersGiveWayAndAMissingFileIsLookedForInOtherCase) 
         {u"BLINK.HEX"_s, {u"BLINK.EEP"_s, u"BLINK.eep"_s}, u"BLINK.eep"_s},
         {u"blink.hex"_s, {u"BLINK.EEP"_s, u"blink.EEP"_s}, u"blink.EEP"_s},
         {u"[a]*.hex"_s, {u"[A]*.EEP"_s}, u"[A]*.EEP"_s},
-        // clang-format on
     };
     for (const auto& [chosen, there, found] : cases) {
         const QTemporaryDir folder;

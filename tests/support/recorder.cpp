@@ -2,14 +2,8 @@
 #include "tests/support/recorder.h"
 
 #include <QFileInfo>
-#include <QRegularExpression>
 
 namespace tolvex::testing {
-
-QStringList Recorder::Seen() const {
-    static const QRegularExpression seen(u"^(status 1|message OK|progress|close message)"_s);
-    return calls.filter(seen);
-}
 
 void Recorder::SetStatusText(int panel, const QString& text) {
     panels[panel] = text;
@@ -32,12 +26,6 @@ void Recorder::SetProgress(bool on, double, double value, double maximum) {
     }
 }
 
-void Recorder::SelectOption(OptionList list, int entry) {
-    options[list] = entry;
-    static const char* const kNames[] = {"FSTRT", "RCEN", "BODLEVEL", "BODEN", "CKSEL", "LockBit"};
-    calls << QString::asprintf("option %s = %d", kNames[static_cast<int>(list)], entry);
-}
-
 FileDialogAnswer Recorder::Ask(const QString& dialog, const FileDialogRequest& request) {
     fileRequests << request;
     calls << dialog + request.title;
@@ -45,10 +33,8 @@ FileDialogAnswer Recorder::Ask(const QString& dialog, const FileDialogRequest& r
 }
 
 void Recorder::ShowBox(BoxIcon icon, const QString& title, const QString& text) {
-    const QString name = icon == BoxIcon::Stop          ? u"Stop "_s
-                         : icon == BoxIcon::Information ? u"Information "_s
-                                                        : QString();
-    calls << u"box "_s + name + title + u'|' + text;
+    static const char* const kIcons[] = {"", "Information ", "Stop "};
+    calls << u"box "_s + QLatin1StringView(kIcons[static_cast<int>(icon)]) + title + u'|' + text;
 }
 
 bool Recorder::AskOkCancel(const QString& title, const QString& text) {

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 /// The person, as the operations see them: keeps every call in order, answers from a script.
 /// `calls` reads like a transcript: "status 1: text", "message OK: text", "progress: text",
-/// "close message", "option LockBit = 2", "verify report", "box Stop title|text" ...
+/// "close message", "verify report", "box Stop title|text" ...
 class Recorder : public StatusPanels,
                  public MessageDialog,
                  public ListingWindows,
@@ -38,8 +38,6 @@ class Recorder : public StatusPanels,
     QList<FileDialogRequest> fileRequests;
 
     Person AsPerson() { return {*this, *this, *this, *this, *this}; }
-    /// The calls that a person sees (status 1 and the message dialog), in order.
-    QStringList Seen() const;
 
     void SetStatusText(int panel, const QString& text) override;
 
@@ -58,7 +56,7 @@ class Recorder : public StatusPanels,
         options[list] = -1;
     }
     int SelectedOption(OptionList list) const override { return options.value(list, -1); }
-    void SelectOption(OptionList list, int entry) override;
+    void SelectOption(OptionList list, int entry) override { options[list] = entry; }
     void ShowOption(OptionList list, bool on) override { optionShown[list] = on; }
     void EnableFuseRead(bool enabled) override { fuseReadEnabled = enabled; }
     void FillDevices(const QStringList& names) override { devices = names; }

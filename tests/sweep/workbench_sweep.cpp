@@ -253,8 +253,7 @@ class Sweep {
         };
         const auto match = grammar_.match(world.line);
         must(match.hasMatch(), "told and done as the rules say");
-        const Recorder& person = world.person;
-        const QString& dialog = person.message;
+        const QString& dialog = world.person.message;
         const bool unopened = !faults.isEmpty() && faults[0].exchange == 0;
         const bool lost = unopened || dialog.startsWith(u"ライタと通信が"_s);
         const bool well = (dialog.isNull() || dialog.contains(u"完了"_s) ||
@@ -263,10 +262,6 @@ class Sweep {
         const bool port = case_.rule == u"Port"_s;
         must(world.bench.state.errorFlag.Failed() == (unopened ? port : !port && !well), "flag");
         must(world.port.IsOpen() != lost || any(HangUp), "port state");
-        must(!port || unopened ||
-                 world.line.contains(u"このファーム"_s) !=
-                     (world.bench.commands.SoftwareVersion() == u"3.9"_s),
-             "firmware notice");
         const bool broken = world.line.contains(QRegularExpression(u"R!「リード終"_s));
         must(any(HangUp) || any(RefusedLetter) || any(RefusedRest) ||
                  world.board.InProgrammingMode() == broken,
@@ -277,23 +272,6 @@ class Sweep {
             must(world.Images().first(got) == calm_.Images().first(got) &&
                      world.Images().sliced(got) == start_.sliced(got),
                  "what was read stays, the rest too");
-        }
-        Recorder fresh;
-        const Person reader = fresh.AsPerson();
-        ListingFiles again({world.folders.listings, reader, world.bench.state});
-        again.RefreshFlashListing();
-        again.RefreshEepromListing();
-        must((!person.calls.contains(u"flash listing"_s) ||
-              fresh.flashListing == person.flashListing) &&
-                 (!person.calls.contains(u"eeprom listing"_s) ||
-                  fresh.eepromListing == person.eepromListing),
-             "listings");
-        if (dialog.startsWith(u"ベリファイ　FLASH"_s)) {
-            QFile file(world.folder.filePath(u"avrvfy.txt"_s));
-            const QByteArray report = file.open(QIODevice::ReadOnly) ? file.readAll() : "";
-            must(report.contains("Flash  A") == dialog.contains(u"FLASH : NG"_s) &&
-                     report.contains("EEPROM A") == dialog.contains(u"EEPROM : NG"_s),
-                 "report");
         }
         const bool unproven = any(Wrong) && case_.rule.endsWith(u"ead"_s);
         must(!world.success || (calm_.success && (unproven || world.Held() == calm_.Held())),
