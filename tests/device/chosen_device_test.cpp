@@ -106,6 +106,7 @@ TEST(DeviceCheck, JudgesTheSizeCode) {
         // clang-format off
         {2, {{2, 0x97, 0x1E}}, V::Accepted, {}, u"1E:97:02"_s},
         {2, {{1, 0x90, 0x1E}}, V::Mismatch, kMismatch, u"1E:90:01"_s},
+        {2, {{1, 0x93, 0x1E}}, V::Mismatch, kMismatch, u"1E:93:01"_s},
         {8, {{0, 0, 0}, {0xFF, 0xFF, 0xFF}, {1, 0x93, 0x1E}}, V::Accepted, {}, u"1E:93:01"_s},
         {2, QList<Signature>(5, Signature{2, 2, 0}), V::Protected, kProtected, u"00:02:02"_s},
         {2, QList<Signature>(5, Signature{0xFF, 0xFF, 0xFF}), V::EmptySocket, kEmpty, u"FF:FF:FF"_s},

@@ -161,7 +161,7 @@ struct World : TestBench {
         });
         board.ClearFaults();
         port.RefuseOpen(!faults.isEmpty() && faults[0].exchange == 0);
-        person.calls.clear();
+        Forget();
         success = Press(button);
         port.OnWrite({});
         line = Line(person.calls);
@@ -267,6 +267,12 @@ class Sweep {
                  world.board.InProgrammingMode() == broken,
              "programming mode left");
         must(case_.rule == u"Read"_s || world.Images() == start_, "images kept");
+        double bar = 0;
+        for (const double step : world.person.progress) {
+            must(step == 0 || step >= bar, "the bar only moves on, or begins again");
+            bar = step;
+        }
+        must(!world.success || case_.words == 0 || bar == 1, "the bar ends full");
         if (broken && faults.size() == 1) {
             const qsizetype got = 2 * (world.line.count(u'R') - world.line.count(u"Re"_s) - 1);
             must(world.Images().first(got) == calm_.Images().first(got) &&
