@@ -44,7 +44,7 @@ class EveryChip : public ::testing::TestWithParam<int> {};
 INSTANTIATE_TEST_SUITE_P(Firmware, EveryChip,
                          ::testing::Range(0, static_cast<int>(ChipModels().size())));
 
-TEST_P(EveryChip, GoesThroughAllOperations) {
+TEST_P(EveryChip, IsProgrammedReadLockedAndErased) {
     FirmwareBench bench(GetParam());
     const ChipModel& model = bench.chip.Model();
     EXPECT_EQ(bench.Run({u"detect"_s}), kDone) << bench.words;
