@@ -35,30 +35,30 @@ TEST(ProgramOperation, GoesOverTheWire) {
 }
 
 TEST(ProgramOperation, WritesAndVerifiesAsFarAsTheImagesReach) {
-    const struct {
-        int device;
-        QList<std::size_t> flashCells, eepromCells;  ///< none at all: random ones everywhere
-        int wordsWritten, wordsVerified, bytesVerified;
-    } cases[] = {{0, {0}, {}, 2, 1, 1},  // the first word alone takes the second along
-                 {0, {}, {5}, 0, 1, 6},
-                 {0, {1023}, {63}, 512, 512, 64},
-                 {0, {0, 1024}, {63, 64}, 2, 1, 64},  // what lies beyond the chip does not count
-                 {8, {}, {}, 4096, 4096, 512}};
-    for (const auto& c : cases) {
-        TestBench b(c.device);
-        if (c.device == 8) {
+    // A device, the Flash and EEPROM cells in use (none at all: random ones everywhere), the words
+    // written, and the words and bytes verified.
+    using Cells = QList<std::size_t>;
+    const std::tuple<int, Cells, Cells, int, int, int> cases[] = {
+        {0, {0}, {}, 2, 1, 1},  // the first word alone takes the second along
+        {0, {}, {5}, 0, 1, 6},
+        {0, {1023}, {63}, 512, 512, 64},
+        {0, {0, 1024}, {63, 64}, 2, 1, 64},  // what lies beyond the chip does not count
+        {8, {}, {}, 4096, 4096, 512}};
+    for (const auto& [device, flash, eeprom, written, words, bytes] : cases) {
+        TestBench b(device);
+        if (flash.isEmpty() && eeprom.isEmpty()) {
             b.FillImages(1);
         }
-        for (const std::size_t cell : c.flashCells) {
+        for (const std::size_t cell : flash) {
             b.bench.state.images.flash[cell] = 0;
         }
-        for (const std::size_t cell : c.eepromCells) {
+        for (const std::size_t cell : eeprom) {
             b.bench.state.images.eeprom[cell] = 0;
         }
         EXPECT_TRUE(b.Press(u"Program"_s));
-        EXPECT_EQ(b.Wire().filter(u"C "_s).size(), c.wordsWritten);
-        EXPECT_EQ(b.Wire().count(u"R"_s), c.wordsVerified);
-        EXPECT_EQ(b.Wire().count(u"d"_s), c.bytesVerified);
+        EXPECT_EQ(b.Wire().filter(u"C "_s).size(), written);
+        EXPECT_EQ(b.Wire().count(u"R"_s), words);
+        EXPECT_EQ(b.Wire().count(u"d"_s), bytes);
         EXPECT_EQ(b.chip->Contents().flash, b.FlashOfImages());
         EXPECT_EQ(b.chip->Contents().eeprom, b.EepromOfImages());
     }

@@ -97,13 +97,9 @@ const QString kMismatch =
 
 TEST(DeviceCheck, JudgesTheSizeCode) {
     using V = ChipVerdict;
-    const struct {
-        int device;
-        QList<Signature> replies;  ///< exactly as many as are asked for; none left = silence
-        V verdict;
-        QString message, panel;
-    } cases[] = {
-        // clang-format off
+    // clang-format off
+    // The replies are exactly as many as are asked for; none left is silence.
+    const struct { int device; QList<Signature> replies; V verdict; QString message, panel; } cases[] = {
         {2, {{2, 0x97, 0x1E}}, V::Accepted, {}, u"1E:97:02"_s},
         {2, {{1, 0x90, 0x1E}}, V::Mismatch, kMismatch, u"1E:90:01"_s},
         {2, {{1, 0x93, 0x1E}}, V::Mismatch, kMismatch, u"1E:93:01"_s},
@@ -113,8 +109,8 @@ TEST(DeviceCheck, JudgesTheSizeCode) {
         {0, QList<Signature>(5, Signature{1, 0x03, 0x1E}), V::Accepted, {}, u"1E:03:01"_s},  // unknown counts as 512 words
         {2, {}, V::NoReply, {}, u"--:--:--"_s},
         {0, {{1, 0x94, 0x1E}, {2, 0x94, 0x1E}}, V::NoReply, {}, u"1E:94:02"_s},
-        // clang-format on
     };
+    // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.panel.toStdString());
         TestBench b(c.device);
