@@ -6,12 +6,8 @@
 
 #include "tests/app/window_bench.h"
 
-namespace tolvex {
+namespace tolvex::testing {
 namespace {
-
-using namespace Qt::StringLiterals;
-using testing::RunningBench;
-using testing::WindowBench;
 
 void Close(QMdiSubWindow* window) {
     window->close();
@@ -156,4 +152,4 @@ TEST(ChildWindows, TheDefaultLayoutShowsEverythingInAnyFont) {
 }
 
 }  // namespace
-}  // namespace tolvex
+}  // namespace tolvex::testing

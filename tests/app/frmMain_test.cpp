@@ -5,13 +5,10 @@
 #include <QTest>
 
 #include "tests/app/window_bench.h"
+#include "tests/support/real_files.h"
 
-namespace tolvex {
+namespace tolvex::testing {
 namespace {
-
-using namespace Qt::StringLiterals;
-using testing::RunningBench;
-using testing::WindowBench;
 
 TEST(MainWindow, BarsStandAsAPersonReadsThem) {
     RunningBench b;
@@ -59,6 +56,36 @@ TEST(MainWindow, BarsStandAsAPersonReadsThem) {
     EXPECT_EQ(b.Panel(4), QDate::currentDate().toString(u"yyyy/MM/dd"_s));
 }
 
+TEST(MainWindow, ShowsItselfWhileALongFileIsReadAndClosesAtOnce) {
+    // The last record of the data is one too far.
+    const struct {
+        QString name, status;
+        QByteArray end;
+        bool closes;
+    } cases[] = {{u"long.hex"_s, u"ファイルをオープンしました。"_s, ":0100020055A8", false},
+                 {u"long.eep"_s, u"before"_s, ":01FFFF005500", false},
+                 {u"long.hex"_s, u"ファイルを読み込んでいます。"_s, ":0100020055A8", true}};
+    for (const auto& [name, status, end, closes] : cases) {
+        RunningBench b;
+        const QString path = b.folder.filePath(name);
+        testing::PutFile(path, QByteArray(":0100000012ED\r\n").repeated(100'000) + end);
+        b.window.SetStatusText(1, u"before"_s);
+        QStringList seen;
+        b.clock.OnYield([&b, &seen, close = closes] {
+            seen << b.Panel(1) + (b.window.Tools().isEnabled() ? u" enabled"_s : QString());
+            if (close) {
+                b.program.ShutDown();
+            }
+        });
+        Q_EMIT b.window.FilesDropped({path});
+        QTRY_VERIFY(!seen.isEmpty() && (closes || b.window.Tools().isEnabled()));
+        EXPECT_EQ(seen, QStringList(closes ? 1 : 2, u"ファイルを読み込んでいます。"_s));
+        EXPECT_EQ(b.Panel(1), status);
+        EXPECT_EQ(b.program.Bench().state.images.flash[3],
+                  status.endsWith(u"した。") ? 0x55 : 0xFF);
+    }
+}
+
 /// Everything that a command can show or do.
 std::string Outcome(WindowBench& b) {
     QStringList seen = b.person.calls + b.dialogsSeen;
@@ -97,7 +124,7 @@ TEST(MainWindow, EachCommandDoesWhatItSays) {
         {"mmuLEDoff", "", ""},
         {"mnuViewToolbar", "", "no toolbar"},
         {"mnuViewStatusBar", "", "no status bar"},
-        {"mnuViewOptions", "", "box Information Tolvex|ｵﾌﾟｼｮﾝ ﾀﾞｲｱﾛｸﾞのｺｰﾄﾞをここに記述します !"},
+        {"mnuViewOptions", "", "box Tolvex|ｵﾌﾟｼｮﾝ ﾀﾞｲｱﾛｸﾞのｺｰﾄﾞをここに記述します !"},
         {"mmuIndex", "Command1", "ボードの修正"},
         {"mnuHelpContents", "", kNoHelp},
         {"mnuHelpSearch", "", kNoHelp},
@@ -178,4 +205,4 @@ TEST(MainWindow, F6GoesRoundByKeyboard) {
 }
 
 }  // namespace
-}  // namespace tolvex
+}  // namespace tolvex::testing

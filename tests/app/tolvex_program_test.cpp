@@ -10,10 +10,8 @@
 
 #include "tests/support/real_files.h"
 
-namespace tolvex {
+namespace tolvex::testing {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 constexpr int kPatience = 20'000;  // ms, for a loaded machine
 
@@ -21,14 +19,12 @@ TEST(TolvexProgram, IgnoresArgumentsAndEndsInOrderWhenTheSystemAsks) {
     // The last row ends under the port dialog of a first start.
     for (const auto& [number, flag] : {std::pair(SIGTERM, '1'), {SIGINT, '1'}, {SIGHUP, '0'}}) {
         QTemporaryDir dir;  // with a copy of the program, because its listings lie beside it
-        const auto bytes = [&dir](const QString& name) {
-            return testing::Bytes(dir.filePath(name));
-        };
+        const auto bytes = [&dir](const QString& name) { return Bytes(dir.filePath(name)); };
         QFile::copy(QStringLiteral(TOLVEX_BIN_DIR "/tolvex"), dir.filePath(u"tolvex"_s));
         QDir(dir.path()).mkpath(u"Tolvex"_s);
-        testing::PutFile(dir.filePath(u"Tolvex/Tolvex.conf"_s),
-                         QByteArray("[Settings]\nIndex_First_Flag=1\ndevice=2\nMainLeft=3000\n") +
-                             "Index_Com_Flag=" + flag);
+        PutFile(dir.filePath(u"Tolvex/Tolvex.conf"_s),
+                QByteArray("[Settings]\nIndex_First_Flag=1\ndevice=2\nMainLeft=3000\n") +
+                    "Index_Com_Flag=" + flag);
         auto environment = QProcessEnvironment::systemEnvironment();
         environment.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
         for (const QString& folder :
@@ -58,4 +54,4 @@ TEST(TolvexProgram, IgnoresArgumentsAndEndsInOrderWhenTheSystemAsks) {
 }
 
 }  // namespace
-}  // namespace tolvex
+}  // namespace tolvex::testing

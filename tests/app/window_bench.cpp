@@ -3,23 +3,13 @@
 
 #include <QTimer>
 
-#include "writer/chip_models.h"
-
 namespace tolvex::testing {
 
-using namespace Qt::StringLiterals;
-
-WindowBench::WindowBench(int chipIndex, int baud)
-    : chip(*FindChipModel(QString::number(chipIndex))),
-      board(&chip),
-      port(board, clock, baud),
-      folders{folder.path() + u'/', {folder.path() + u'/'}},
+WindowBench::WindowBench(int deviceIndex, int baud)
+    : Surroundings(deviceIndex, baud),
       comPorts(folder.path()),
       program({port, clock, settings, folders, comPorts, person, help}) {
-    settings.values = {{u"Index_First_Flag"_s, u"1"_s},
-                       {u"Index_Com_Flag"_s, u"1"_s},
-                       {u"ComNox"_s, u"1"_s},
-                       {u"device"_s, QString::number(chipIndex)}};
+    settings.values[u"Index_First_Flag"_s] = settings.values[u"Index_Com_Flag"_s] = u"1"_s;
 }
 
 void WindowBench::Start() {
@@ -31,11 +21,6 @@ void WindowBench::Click(const char* name) {
     ASSERT_TRUE(Item(name) != nullptr || Find<QAbstractButton>(name) != nullptr) << name;
     Item(name) != nullptr ? Item(name)->trigger() : Find<QAbstractButton>(name)->click();
     QApplication::processEvents();
-}
-
-void WindowBench::OpenSample() {
-    person.fileAnswers = {Chosen(QStringLiteral(TOLVEX_SOURCE_DIR "/samples/blink.hex"))};
-    Click("Open");
 }
 
 QMdiSubWindow* WindowBench::Child(const char* name) {

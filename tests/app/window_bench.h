@@ -7,24 +7,19 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPlainTextEdit>
-#include <QTemporaryDir>
 #include <QToolButton>
 
 #include "app/window_program.h"
-#include "tests/support/recorder.h"
-#include "tests/support/simulated_port.h"
-#include "tests/support/virtual_clock.h"
-#include "writer/simulated_writer.h"
+#include "tests/support/test_bench.h"
 
 namespace tolvex::testing {
 
-/// The window program with real widgets, in front of a simulated board in virtual time.
-class WindowBench {
+/// The window program with real widgets; file dialogs and message boxes are the recorder's.
+class WindowBench : public Surroundings {
   public:
-    /// `chip` is an index of the device list. Both first-start dialogs have been shown before, and
-    /// COM1 is chosen, unless the caller changes `settings` before `Start`.
-    /// With 0 baud a reply is there at once, so that only pauses yield.
-    explicit WindowBench(int chip = 0, int baud = 0);
+    /// Both first-start dialogs have been shown before, unless the caller changes `settings` before
+    /// `Start`. With 0 baud a reply is there at once, so that only pauses yield.
+    explicit WindowBench(int deviceIndex = 0, int baud = 0);
 
     /// Starts the program and waits until the windows stand.
     void Start();
@@ -39,8 +34,6 @@ class WindowBench {
     QString Focus();  ///< the name of the control that the keyboard would reach
     /// Clicks a button or chooses a menu item, and waits for what it does.
     void Click(const char* name);
-    /// Opens the sample, whose code and data both fit every chip.
-    void OpenSample();
     /// What the message dialog says now; null while there is none.
     QString Message();
     QString Panel(int panel) { return window.Panels().PanelText(panel); }
@@ -52,16 +45,7 @@ class WindowBench {
     void DuringDialog(std::function<void(QWidget&)> look) { look_ = std::move(look); }
     QStringList dialogsSeen;  ///< the captions of those that came
 
-    VirtualClock clock;
-    SimulatedChip chip;
-    SimulatedWriter board;
-    SimulatedPort port;
-    MemorySettings settings;
-    QTemporaryDir folder;
-    AppDir folders;
     ComPorts comPorts;
-    Recorder person;  ///< answers file dialogs and message boxes
-
     struct Help : HelpViewer {
         QString shown;
         void ShowContents(const QString& file) override { shown = file; }
@@ -76,7 +60,7 @@ class WindowBench {
 
 /// One that has been started.
 struct RunningBench : WindowBench {
-    explicit RunningBench(int chipIndex = 0) : WindowBench(chipIndex) { Start(); }
+    explicit RunningBench(int deviceIndex = 0) : WindowBench(deviceIndex) { Start(); }
 };
 
 }  // namespace tolvex::testing

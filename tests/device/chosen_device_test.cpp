@@ -5,13 +5,9 @@
 #include "device/fuse_encoding.h"
 #include "tests/support/test_bench.h"
 
-namespace tolvex {
+namespace tolvex::testing {
 namespace {
-
-using namespace Qt::StringLiterals;
-using testing::TestBench;
 using L = OptionList;
-using Signature = std::array<std::uint8_t, 3>;
 
 TEST(DeviceSelection, SetsSizesCodeAndOptions) {
     const QList<L> none, fstrt{L::FSTRT}, rcen{L::RCEN}, bod{L::BODLEVEL, L::BODEN, L::CKSEL};
@@ -74,6 +70,8 @@ TEST(DeviceSelection, StartsWithTheStoredDeviceAndAllListsFilled) {
     EXPECT_EQ(b.person.options[L::FSTRT], 0);
 }
 
+using Signature = std::array<std::uint8_t, 3>;
+
 /// A writer that gives scripted signatures in turn, then none.
 class SignatureWriter : public SerialCommands {
   public:
@@ -99,23 +97,20 @@ const QString kMismatch =
 
 TEST(DeviceCheck, JudgesTheSizeCode) {
     using V = ChipVerdict;
-    const struct {
-        int device;
-        QList<Signature> replies;  ///< exactly as many as are asked for; none left = silence
-        V verdict;
-        QString message, panel;
-    } cases[] = {
-        // clang-format off
+    // clang-format off
+    // The replies are exactly as many as are asked for; none left is silence.
+    const struct { int device; QList<Signature> replies; V verdict; QString message, panel; } cases[] = {
         {2, {{2, 0x97, 0x1E}}, V::Accepted, {}, u"1E:97:02"_s},
         {2, {{1, 0x90, 0x1E}}, V::Mismatch, kMismatch, u"1E:90:01"_s},
+        {2, {{1, 0x93, 0x1E}}, V::Mismatch, kMismatch, u"1E:93:01"_s},
         {8, {{0, 0, 0}, {0xFF, 0xFF, 0xFF}, {1, 0x93, 0x1E}}, V::Accepted, {}, u"1E:93:01"_s},
         {2, QList<Signature>(5, Signature{2, 2, 0}), V::Protected, kProtected, u"00:02:02"_s},
         {2, QList<Signature>(5, Signature{0xFF, 0xFF, 0xFF}), V::EmptySocket, kEmpty, u"FF:FF:FF"_s},
         {0, QList<Signature>(5, Signature{1, 0x03, 0x1E}), V::Accepted, {}, u"1E:03:01"_s},  // unknown counts as 512 words
         {2, {}, V::NoReply, {}, u"--:--:--"_s},
         {0, {{1, 0x94, 0x1E}, {2, 0x94, 0x1E}}, V::NoReply, {}, u"1E:94:02"_s},
-        // clang-format on
     };
+    // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.panel.toStdString());
         TestBench b(c.device);
@@ -145,18 +140,13 @@ TEST(DeviceCheck, LetsAnotherSizePassWhenTold) {
     EXPECT_EQ(b.person.message, kMismatch);
 }
 
-const QString kReadDone = u"Lock/Fuse bit リードが完了しました。"_s;
-const QString kReadFailed = u"Lock/Fuse bit リードに失敗しました。"_s;
-const QString kWriteDone = u"Lock/Fuse bit ライトが完了しました。"_s;
-const QString kWriteFailed = u"Lock/Fuse bit ライトに失敗しました。"_s;
-
 TEST(FuseEncoding, LockBitsThatNoEntryStandsForLeaveTheList) {
     const std::tuple<FuseGroup, std::uint8_t, int> cases[] = {
         {FuseGroup::FSTRT, 0x3F, 0},     {FuseGroup::RCEN, 0x41, 1},
         {FuseGroup::RCEN, 0xBF, 5},      {FuseGroup::BOD_CKSEL, 0xF9, 0},
         {FuseGroup::BOD_CKSEL, 0x07, 2}, {FuseGroup::BOD_CKSEL, 0xFB, 5}};
     for (const auto& [group, byte, entry] : cases) {
-        testing::Recorder lists;
+        Recorder lists;
         lists.options[L::LockBit] = 5;  // as it was
         DecodeLock(group, byte, lists);
         EXPECT_EQ(lists.options[L::LockBit], entry) << int{byte};
@@ -177,54 +167,21 @@ TEST(LockFuseBits, GoesOverTheWireFusesFirstAndComesBack) {
     // clang-format on
     for (const auto& c : cases) {
         TestBench b(c.device);
-        const QStringList before = testing::DetectionWire(c.code) << u"P"_s << u"s"_s << u"L"_s;
+        const QStringList before = DetectionWire(c.code) << u"P"_s << u"s"_s << u"L"_s;
         b.person.options.insert(c.options);
         const auto written = b.person.options;
-        EXPECT_TRUE(b.bench.lockFuse.cmdFuseWrite_Click().done);
-        EXPECT_EQ(b.person.message, kWriteDone);
+        EXPECT_TRUE(b.Press(u"FuseWrite"_s));
         EXPECT_EQ(b.Wire(), before + c.written.split(u',')) << c.device;
         if (!c.read.isEmpty()) {
             for (const L list : c.options.keys()) {
                 b.person.options[list] = 3;
             }
             b.Forget();
-            EXPECT_TRUE(b.bench.lockFuse.cmdFuseRead_Click().done);
-            EXPECT_EQ(b.person.message, kReadDone);
+            EXPECT_TRUE(b.Press(u"FuseRead"_s));
             EXPECT_EQ(b.Wire(), before + c.read.split(u',')) << c.device;
             EXPECT_EQ(b.person.options, written) << c.device;
         }
     }
-}
-
-TEST(LockFuseBits, AFailureIsNoSuccessAndIsToldWithTheButtonsOwnText) {
-    const struct {
-        char letter;  ///< blank: the chip is protected
-        QString read, write;
-    } cases[] = {
-        // clang-format off
-        {'f', kReadDone, kWriteFailed},
-        {'F', kReadFailed, kWriteDone},
-        {'r', kReadFailed, kWriteDone},
-        {' ', u"設定デバイスと、ソケット上のデバイスがミスマッチです。"_s, kProtected},
-        // clang-format on
-    };
-    for (const auto& c : cases) {
-        for (const bool write : {false, true}) {
-            TestBench b(4);
-            b.board.SetLetterFault(c.letter, FaultKind::Short);
-            b.chip->ProgramLock(c.letter == ' ' ? 0xF9 : 0xFF);
-            const LockFuseResult result = write ? b.bench.lockFuse.cmdFuseWrite_Click()
-                                                : b.bench.lockFuse.cmdFuseRead_Click();
-            EXPECT_EQ(b.person.message, write ? c.write : c.read);
-            EXPECT_EQ(result.done, b.person.message == kReadDone || b.person.message == kWriteDone);
-            EXPECT_EQ(result.lockByte.has_value(), !write && c.letter != 'F' && c.letter != ' ');
-        }
-    }
-    TestBench b(3);
-    b.port.RefuseOpen();
-    EXPECT_FALSE(b.bench.lockFuse.cmdFuseRead_Click().done);
-    EXPECT_FALSE(b.bench.lockFuse.cmdFuseWrite_Click().done);
-    EXPECT_EQ(b.person.calls.filter(u"Lock/Fuse"_s), QStringList()) << "no writer, no word";
 }
 
 TEST(LockFuseBits, AFailedReadShowsWhatIsKeptAndAtFirstNoProtection) {
@@ -232,16 +189,16 @@ TEST(LockFuseBits, AFailedReadShowsWhatIsKeptAndAtFirstNoProtection) {
         TestBench b(device);
         b.board.SetLetterFault('F', FaultKind::Silent);
         b.person.options[L::LockBit] = 0;
-        b.bench.lockFuse.cmdFuseRead_Click();
+        b.Press(u"FuseRead"_s);
         EXPECT_EQ(b.person.options[L::LockBit], 2) << "must not look ready to lock the chip";
         b.person.options[L::LockBit] = 1;
-        b.bench.lockFuse.cmdFuseWrite_Click();
+        b.Press(u"FuseWrite"_s);
         b.person.options[L::LockBit] = 0;
-        b.bench.lockFuse.cmdFuseRead_Click();
+        b.Press(u"FuseRead"_s);
         // The byte that is written is the one that brown-out chips are read into.
         EXPECT_EQ(b.person.options[L::LockBit], device == 4 ? 1 : 2);
     }
 }
 
 }  // namespace
-}  // namespace tolvex
+}  // namespace tolvex::testing

@@ -85,9 +85,8 @@ TEST_F(MessageWindowTest, TheProgressOfAMinimisedProgramWaitsForItsWindow) {
 }
 
 TEST_F(MessageWindowTest, TheLongestMessageIsWhole) {
-    // clang-format off
-    const QString text = u"デバイス選択と、ソケット上のデバイスが一致しません。\r\n購入直後のデバイスを使用する場合は、チップイレース(<消 Erase>ボタン)を実行してください。\r\n"_s;
-    // clang-format on
+    const QString text =
+        u"デバイス選択と、ソケット上のデバイスが一致しません。\r\n購入直後のデバイスを使用する場合は、チップイレース(<消 Erase>ボタン)を実行してください。\r\n"_s;
     messages.ShowMessage(MessageMode::Message, text);
     const auto* label = Window()->findChild<FittedLabel*>();
     EXPECT_EQ(Window()->size(), QSize(383, 120));

@@ -29,17 +29,14 @@ QByteArray Flash(const ChipModel& model) {
     return bytes.replace(kEnd, blank, QByteArray(blank, '\xFF'));
 }
 
-QByteArray Eeprom(const ChipModel& model) {
-    return RandomBytes(model.eepromBytes, 2);
-}
-
 int ProgramAndVerify(FirmwareBench& bench) {
     const ChipModel& model = bench.chip.Model();
     const QString code = bench.Path(u"code.hex"_s), data = bench.Path(u"data.eep"_s);
-    EXPECT_TRUE(WriteHex(code, Flash(model)) && WriteHex(data, Eeprom(model)));
+    const QByteArray flash = Flash(model), eeprom = RandomBytes(model.eepromBytes, 2);
+    EXPECT_TRUE(WriteHex(code, flash) && WriteHex(data, eeprom));
     const int status = bench.Run({u"program"_s, code, data});
-    EXPECT_EQ(bench.chip.Contents().flash, Flash(model)) << bench.words;
-    EXPECT_EQ(bench.chip.Contents().eeprom, Eeprom(model)) << bench.words;
+    EXPECT_EQ(bench.chip.Contents().flash, flash) << bench.words;
+    EXPECT_EQ(bench.chip.Contents().eeprom, eeprom) << bench.words;
     return status;
 }
 
@@ -47,7 +44,7 @@ class EveryChip : public ::testing::TestWithParam<int> {};
 INSTANTIATE_TEST_SUITE_P(Firmware, EveryChip,
                          ::testing::Range(0, static_cast<int>(ChipModels().size())));
 
-TEST_P(EveryChip, GoesThroughAllOperations) {
+TEST_P(EveryChip, IsProgrammedReadLockedAndErased) {
     FirmwareBench bench(GetParam());
     const ChipModel& model = bench.chip.Model();
     EXPECT_EQ(bench.Run({u"detect"_s}), kDone) << bench.words;
@@ -57,20 +54,6 @@ TEST_P(EveryChip, GoesThroughAllOperations) {
     EXPECT_EQ(Bytes(code), Bytes(bench.Path(u"code.hex"_s)));
     EXPECT_EQ(Bytes(data), Bytes(bench.Path(u"data.eep"_s)));
 
-    const std::tuple<FuseLayout, QString, int> fuses[] = {
-        {FuseLayout::FSTRT, u"FSTRT=Enable"_s, 0xFE},
-        {FuseLayout::RCEN, u"RCEN=Disable"_s, 0xFF},
-        {FuseLayout::BodCksel, u"CKSEL=1K CK"_s, 0xFF},
-    };
-    for (const auto& [layout, change, byte] : fuses) {
-        if (model.fuseLayout == layout) {
-            EXPECT_EQ(bench.Run({u"fuses"_s, change, u"LOCK=write"_s}), kDone) << bench.words;
-            EXPECT_EQ(bench.chip.Contents().fuses, byte);
-            EXPECT_EQ(bench.chip.Contents().lock, 0xFD);
-            EXPECT_EQ(bench.Run({u"fuses"_s}), kDone);
-            EXPECT_NE(bench.words.find("LOCK = write"), std::string::npos) << bench.words;
-        }
-    }
     EXPECT_EQ(bench.Run({u"lock"_s, u"full"_s}), kDone);
     EXPECT_TRUE(bench.chip.ReadProtected());
     EXPECT_EQ(bench.Run({u"detect"_s}), kRefused) << "protected";

@@ -13,8 +13,6 @@
 #include "writer/chip_state_file.h"
 #include "writer/trace_replay.h"
 
-using namespace Qt::StringLiterals;
-
 namespace tolvex::testing {
 namespace {
 
@@ -161,26 +159,12 @@ class AnyPort : public SerialPort {
 };
 
 void Answer(const QByteArray& bytes) {
+    const char* const buttons[] = {"Program", "Read", "Verify", "Erase", "FuseRead", "FuseWrite"};
+    const QByteArray choice = bytes.left(2).leftJustified(2, '\0');
     AnyPort port(bytes.mid(2));
-    TestBench t(bytes.size() < 2 ? 0 : static_cast<std::uint8_t>(bytes[0]) % 10);
-    Workbench bench({.port = port,
-                     .clock = t.clock,
-                     .settings = t.settings,
-                     .folders = t.folders,
-                     .person = t.person.AsPerson(),
-                     .mainCaption = {},
-                     .showPortDialog = {}});
-    bench.selection.FillDeviceLists();
-    bench.state.images.flash[1] = bench.state.images.eeprom[1] = 0x55;
-    const QStringList keys = {u"Program"_s, u"Read"_s, u"Verify"_s, u"Erase"_s};
-    const int operation = bytes.size() < 2 ? 0 : static_cast<std::uint8_t>(bytes[1]) % 6;
-    if (operation == 4) {
-        bench.lockFuse.cmdFuseRead_Click();
-    } else if (operation == 5) {
-        bench.lockFuse.cmdFuseWrite_Click();
-    } else {
-        bench.toolbar.Click(keys[operation]);
-    }
+    TestBench t(static_cast<std::uint8_t>(choice[0]) % 10, &port);
+    t.bench.state.images.flash[1] = t.bench.state.images.eeprom[1] = 0x55;
+    t.Press(QString::fromLatin1(buttons[static_cast<std::uint8_t>(choice[1]) % 6]));
 }
 
 }  // namespace

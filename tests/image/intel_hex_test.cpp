@@ -3,18 +3,18 @@
 
 #include <gtest/gtest.h>
 
+#include <QBuffer>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <random>
 
+#include "image/hex_check.h"
 #include "image/hex_writer.h"
 #include "tests/support/real_files.h"
 
-namespace tolvex {
+namespace tolvex::testing {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 struct ReaderTest : ::testing::Test {
     QTemporaryDir dir;
@@ -27,11 +27,12 @@ struct ReaderTest : ::testing::Test {
     /// "0=12 1=34 no colon flag". `swap` is 1 where the image has each pair the other way round.
     template <typename Image>
     QByteArray Read(const QByteArray& file, Image& image,
-                    HexReadResult (*read)(const QString&, Image&, ErrorFlag&), std::size_t swap) {
-        testing::PutFile(path, file);
+                    HexReadResult (*read)(const QString&, Image&, ErrorFlag&, const Breath&),
+                    std::size_t swap) {
+        PutFile(path, file);
         image.fill(0xEE);  // no value of any case
         flag.Clear();
-        const HexReadResult result = read(path, image, flag);
+        const HexReadResult result = read(path, image, flag, {});
         QString text;
         for (std::size_t address = 0; address < image.size() - swap; ++address) {
             if (const int cell = image[address ^ swap]; cell != 0xEE) {
@@ -79,7 +80,7 @@ TEST_F(ReaderTest, AByteBeyondTheImageEndsTheRead) {
 
 TEST_F(ReaderTest, OnlyRegularFilesAreRead) {
     const QString fifo = dir.filePath(u"fifo"_s), link = dir.filePath(u"link"_s);
-    testing::MakeFifo(fifo);
+    MakeFifo(fifo);
     QFile::link(path, link);
     Code(":0100000012\n");
     EXPECT_EQ(ReadCodeHex(QString(), flash, flag), HexReadResult::Complete);
@@ -93,8 +94,8 @@ TEST_F(ReaderTest, OnlyRegularFilesAreRead) {
     EXPECT_TRUE(FileExists(link));
     EXPECT_EQ(ReadDataHex(link, eeprom, flag), HexReadResult::Complete);
     QFile::setPermissions(path, QFile::WriteOwner);
-    testing::OpenToAll(dir.path());
-    const testing::OrdinaryUser user;
+    OpenToAll(dir.path());
+    const OrdinaryUser user;
     EXPECT_TRUE(!user.Bound() || !FileExists(path)) << "there, but not to be opened";
 }
 
@@ -115,21 +116,21 @@ TEST_F(WriterTest, AnIndependentToolMakesTheSameFiles) {
     for (const int size : {64, 512, 8192}) {
         QByteArray bytes(size, '\0'), swapped;
         std::ranges::generate(bytes, [&random] { return static_cast<char>(random()); });
-        testing::PutFile(raw, bytes);
+        PutFile(raw, bytes);
         QProcess::execute(u"srec_cat"_s, {raw, u"-binary"_s, u"-output"_s, theirs, u"-intel"_s,
                                           u"-address-length=2"_s, u"-line-length=44"_s});
-        const QByteArray expected = testing::Bytes(theirs).replace("\n", "\r\n");
+        const QByteArray expected = Bytes(theirs).replace("\n", "\r\n");
         EXPECT_EQ(ReadCodeHex(theirs, images.flash, flag), HexReadResult::Complete);
         for (std::size_t cell = 0; cell < static_cast<std::size_t>(size); ++cell) {
             swapped += static_cast<char>(images.flash[cell ^ 1]);
         }
         EXPECT_EQ(swapped, bytes) << "the image has a word's high byte first";
         EXPECT_EQ(WriteCodeHex(path, images.flash, size / 2), HexWriteResult::Written);
-        EXPECT_EQ(testing::Bytes(path), expected);
+        EXPECT_EQ(Bytes(path), expected);
         if (size <= 512) {
             EXPECT_EQ(ReadDataHex(theirs, images.eeprom, flag), HexReadResult::Complete);
             EXPECT_EQ(WriteDataHex(path, images.eeprom, size), HexWriteResult::Written);
-            EXPECT_EQ(testing::Bytes(path), expected);
+            EXPECT_EQ(Bytes(path), expected);
         }
     }
     for (const char* sample : {"blink.hex", "blink.eep"}) {
@@ -138,19 +139,57 @@ TEST_F(WriterTest, AnIndependentToolMakesTheSameFiles) {
     }
 }
 
-TEST_F(WriterTest, EveryFailureIsNoticed) {
-    const HexWriteResult failed = HexWriteResult::Failed, written = HexWriteResult::Written;
-    const QString fifo = dir.filePath(u"fifo"_s), halfACharacter = path + QChar(0xD842);
-    testing::MakeFifo(fifo);
-    for (const QString& bad : {QString(), dir.path(), dir.filePath(u"no/such.eep"_s), fifo}) {
-        EXPECT_EQ(WriteCodeHex(bad, images.flash, 512), failed) << bad.toStdString();
-    }
-    EXPECT_EQ(WriteCodeHex(halfACharacter, images.flash, 512), written) << "and no exception";
-    const testing::FullDisk full(10);
+TEST_F(WriterTest, NoFailureStaysHidden) {
+    const QString halfACharacter = path + QChar(0xD842);
+    EXPECT_EQ(WriteCodeHex(halfACharacter, images.flash, 512), HexWriteResult::Written);
+    EXPECT_EQ(WriteCodeHex(dir.filePath(u"no/such"_s), images.flash, 512), HexWriteResult::Failed);
+    const FullDisk full(10);
     // The end record alone stays in the buffer until the file is closed.
-    EXPECT_EQ(WriteDataHex(path, images.eeprom, 0), failed);
-    EXPECT_EQ(WriteCodeHex(path, images.flash, 4096), failed);
+    EXPECT_EQ(WriteDataHex(path, images.eeprom, 0), HexWriteResult::Failed);
+    EXPECT_EQ(WriteCodeHex(path, images.flash, 4096), HexWriteResult::Failed);
+}
+
+HexReport Check(QByteArray text) {
+    QBuffer file(&text);
+    file.open(QIODevice::ReadOnly);
+    return CheckHex(file, 64);
+}
+
+TEST(HexCheck, NamesEachFaultWithItsLine) {
+    const QByteArray end = ":00000001FF\r\n", data = ":020000001234B8\r\n";
+    // What is found has its line and its first address.
+    const std::tuple<const char*, QByteArray, QString> cases[] = {
+        {"CR alone", ":020000001234B8\r:00000001FF\r", {}},
+        {"up to the last byte", ":01003F0012AE\r\n" + end, {}},
+        {"no colon", data.mid(1) + end, u"noColon 1 -1"_s},
+        {"blank line", data + "\r\n" + end, u"noColon 2 -1"_s},
+        {"lower case", ":01000000ab54\r\n" + end, u"lowerCase 1 -1"_s},
+        {"blank at the end", ":020000001234B8 \r\n" + end, u"digit 1 -1"_s},
+        {"too long", ":02000000123456B8\r\n" + end, u"length 1 -1"_s},
+        {"endless", ':' + QByteArray(100'000, '0') + "\r\n" + end, u"length 1 -1"_s},
+        {"checksum", ":020000001234B9\r\n" + end, u"checksum 1 -1"_s},
+        {"type 6", ":00000006FA\r\n" + end, u"unknownType 1 -1"_s},
+        {"segment base, with data inside it", ":020000020001FB\r\n" + data + end,
+         u"baseAddress 1 -1"_s},
+        {"overlap", data + ":0100010034CA\r\n" + end, u"overlap 2 1"_s},
+        {"outside", ":02003F00123479\r\n" + end, u"outsideMemory 1 64"_s},
+        {"early end", end + data, u"earlyEnd 1 -1"_s},
+        {"missing end", data, u"missingEnd 1 -1"_s},
+    };
+    for (const auto& [what, text, expected] : cases) {
+        const HexReport report = Check(text);
+        QStringList found;
+        for (const HexFinding& finding : report.findings) {
+            found << u"%1 %2 %3"_s.arg(HexFaultName(finding.fault))
+                         .arg(finding.line)
+                         .arg(finding.address);
+        }
+        EXPECT_EQ(found.join(u'\n'), expected) << what;
+    }
+    const HexReport overlapping = Check(data + ":020001001234B7\r\n" + end);
+    EXPECT_EQ(overlapping.records, 2);
+    EXPECT_EQ(overlapping.bytes, 3) << "each address once";
 }
 
 }  // namespace
-}  // namespace tolvex
+}  // namespace tolvex::testing

@@ -13,8 +13,6 @@
 #include "platform/qt_serial_port.h"
 #include "tests/support/test_bench.h"
 
-using namespace Qt::StringLiterals;
-
 namespace tolvex::testing {
 namespace {
 
@@ -33,7 +31,7 @@ class HastyClock : public EventClock {
 
 struct Holding {
     double megabytes = 0;
-    qsizetype descriptors = 0, files = 0;
+    long long descriptors = 0, files = 0;
 };
 
 Holding Now(const QString& folder) {
@@ -46,50 +44,38 @@ Holding Now(const QString& folder) {
 }
 
 int Soak(int cycles) {
-    TestBench t(0);
-    const QString link = t.folder.filePath(u"ports/com1"_s);
-    QDir(t.folder.path()).mkdir(u"ports"_s);
-    QStringList options = {u"--link"_s, link, u"--baud"_s, u"0"_s};
+    HastyClock clock;
+    const QTemporaryDir place;
+    const ComPorts ports(place.path());
+    QtSerialPort port(ports);
+    TestBench t(0, &port, &clock);
+    QDir(place.path()).mkdir(u"ports"_s);
+    QStringList options = {u"--link"_s, place.filePath(u"ports/com1"_s), u"--baud"_s, u"0"_s};
+    int hangUps = 0;
     for (int command = 7000; command < 2000 * cycles; command += 101'111) {
         options << u"--fault"_s << u"%1:hang-up"_s.arg(command);
+        ++hangUps;
     }
     QProcess writer;
     writer.start(QStringLiteral(TOLVEX_BIN_DIR "/tolvex-writer"), options);
     writer.waitForReadyRead();
-    const ComPorts ports(t.folder.path());
-    QtSerialPort port(ports);
-    HastyClock clock;
-    Workbench bench({.port = port,
-                     .clock = clock,
-                     .settings = t.settings,
-                     .folders = t.folders,
-                     .person = t.person.AsPerson(),
-                     .mainCaption = {},
-                     .showPortDialog = {}});
-    bench.selection.FillDeviceLists();
-    bench.state.images.flash[1] = bench.state.images.eeprom[1] = 0x55;
     int failed = 0;
     Holding early;
     for (int cycle = 1; cycle <= cycles; ++cycle) {
-        for (const char16_t* key : {u"Program", u"Verify", u"Read", u"Erase"}) {
+        // Anew, because a read that broke off leaves part of itself.
+        t.bench.state.images = {};
+        t.bench.state.images.flash[1] = t.bench.state.images.eeprom[1] = 0x55;
+        for (const QString& button : {u"Program"_s, u"Verify"_s, u"Read"_s, u"Erase"_s}) {
             QElapsedTimer timer;
             timer.start();
-            const ChainResult result = bench.toolbar.Click(QStringView(key));
-            const bool done = result.program  ? result.program->Verified()
-                              : result.verify ? result.verify->Matches()
-                              : result.read   ? result.read->Complete()
-                                              : result.erase && result.erase->erased;
+            const bool done = t.Press(button);
             failed += done ? 0 : 1;
-            t.person.calls.clear();
-            t.person.progress.clear();
+            t.Forget();
             if (!done && timer.elapsed() > 5000) {
                 std::printf("a lost line held the program up for %lld ms\n", timer.elapsed());
                 return 1;
             }
         }
-        // What a read that broke off has left of the images.
-        bench.state.images = {};
-        bench.state.images.flash[1] = bench.state.images.eeprom[1] = 0x55;
         if (cycle == (cycles + 9) / 10) {
             early = Now(t.folder.path());
         }
@@ -97,13 +83,11 @@ int Soak(int cycles) {
     const Holding late = Now(t.folder.path());
     writer.terminate();
     writer.waitForFinished();
-    const auto hangUps = (options.size() - 4) / 2;
-    std::printf(
-        "%d cycles, %d failed operations at %d hang-ups; %.1f -> %.1f MB, %d -> %d descriptors, "
-        "%d -> %d files\n",
-        cycles, failed, static_cast<int>(hangUps), early.megabytes, late.megabytes,
-        static_cast<int>(early.descriptors), static_cast<int>(late.descriptors),
-        static_cast<int>(early.files), static_cast<int>(late.files));
+    std::printf("%d cycles, %d failed operations at %d hang-ups\n", cycles, failed, hangUps);
+    for (const Holding& now : {early, late}) {
+        std::printf("%.1f MB, %lld descriptors, %lld files\n", now.megabytes, now.descriptors,
+                    now.files);
+    }
     const bool grown = late.megabytes > early.megabytes + 1 ||
                        late.descriptors > early.descriptors || late.files > early.files;
     return grown || failed > 2 * hangUps ? 1 : 0;
@@ -114,6 +98,5 @@ int Soak(int cycles) {
 
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
-    const int cycles = QCoreApplication::arguments().value(1, u"1000"_s).toInt();
-    return tolvex::testing::Soak(cycles);
+    return tolvex::testing::Soak(argc > 1 ? QByteArray(argv[1]).toInt() : 1000);
 }

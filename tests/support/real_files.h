@@ -13,6 +13,8 @@
 
 namespace tolvex::testing {
 
+using namespace Qt::StringLiterals;
+
 inline void PutFile(const QString& path, const QByteArray& bytes) {
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {

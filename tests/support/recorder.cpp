@@ -2,16 +2,8 @@
 #include "tests/support/recorder.h"
 
 #include <QFileInfo>
-#include <QRegularExpression>
 
 namespace tolvex::testing {
-
-using namespace Qt::StringLiterals;
-
-QStringList Recorder::Seen() const {
-    static const QRegularExpression seen(u"^(status 1|message OK|progress|close message)"_s);
-    return calls.filter(seen);
-}
 
 void Recorder::SetStatusText(int panel, const QString& text) {
     panels[panel] = text;
@@ -30,15 +22,8 @@ void Recorder::CloseMessage() {
 
 void Recorder::SetProgress(bool on, double, double value, double maximum) {
     if (on) {
-        const bool visible = value != maximum;
-        progress << (maximum == 0 ? Progress{visible, 1, 1} : Progress{visible, value, maximum});
+        progress << (maximum == 0 ? 1 : value / maximum);
     }
-}
-
-void Recorder::SelectOption(OptionList list, int entry) {
-    options[list] = entry;
-    static const char* const kNames[] = {"FSTRT", "RCEN", "BODLEVEL", "BODEN", "CKSEL", "LockBit"};
-    calls << QString::asprintf("option %s = %d", kNames[static_cast<int>(list)], entry);
 }
 
 FileDialogAnswer Recorder::Ask(const QString& dialog, const FileDialogRequest& request) {
@@ -48,8 +33,8 @@ FileDialogAnswer Recorder::Ask(const QString& dialog, const FileDialogRequest& r
 }
 
 void Recorder::ShowBox(BoxIcon icon, const QString& title, const QString& text) {
-    calls << u"box %1 %2|%3"_s.arg(icon == BoxIcon::Stop ? u"Stop"_s : u"Information"_s, title,
-                                   text);
+    static const char* const kIcons[] = {"", "Information ", "Stop "};
+    calls << u"box "_s + QLatin1StringView(kIcons[static_cast<int>(icon)]) + title + u'|' + text;
 }
 
 bool Recorder::AskOkCancel(const QString& title, const QString& text) {

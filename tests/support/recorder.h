@@ -9,25 +9,21 @@
 
 namespace tolvex::testing {
 
+using namespace Qt::StringLiterals;
+
 /// The person, as the operations see them: keeps every call in order, answers from a script.
 /// `calls` reads like a transcript: "status 1: text", "message OK: text", "progress: text",
-/// "close message", "option LockBit = 2", "verify report", "box Stop title|text" ...
+/// "close message", "verify report", "box Stop title|text" ...
 class Recorder : public StatusPanels,
                  public MessageDialog,
                  public ListingWindows,
                  public SettingPanel,
                  public Dialogs {
   public:
-    struct Progress {
-        bool visible;
-        double value;
-        double maximum;
-    };
-
     QStringList calls;
     QMap<int, QString> panels;      ///< what each status panel shows now
     QString message;                ///< what the message dialog shows now; null = closed
-    QList<Progress> progress;       ///< every SetProgress(on), as the bar would show it
+    QList<double> progress;         ///< how full each SetProgress(on) makes the bar
     QMap<OptionList, int> options;  ///< selected entries
     QMap<OptionList, QStringList> optionEntries;
     QMap<OptionList, bool> optionShown;
@@ -42,8 +38,6 @@ class Recorder : public StatusPanels,
     QList<FileDialogRequest> fileRequests;
 
     Person AsPerson() { return {*this, *this, *this, *this, *this}; }
-    /// The calls that a person sees (status 1 and the message dialog), in order.
-    QStringList Seen() const;
 
     void SetStatusText(int panel, const QString& text) override;
 
@@ -62,7 +56,7 @@ class Recorder : public StatusPanels,
         options[list] = -1;
     }
     int SelectedOption(OptionList list) const override { return options.value(list, -1); }
-    void SelectOption(OptionList list, int entry) override;
+    void SelectOption(OptionList list, int entry) override { options[list] = entry; }
     void ShowOption(OptionList list, bool on) override { optionShown[list] = on; }
     void EnableFuseRead(bool enabled) override { fuseReadEnabled = enabled; }
     void FillDevices(const QStringList& names) override { devices = names; }

@@ -25,10 +25,15 @@ void SimulatedPort::DiscardInput() {
     if (!IsOpen()) {
         calls_ << u"discard"_s;
     }
+    begins_ = true;
     input_.clear();
 }
 
 bool SimulatedPort::Write(QByteArrayView bytes) {
+    const bool begins = std::exchange(begins_, false);
+    if (hook_ && !hook_(bytes, begins)) {
+        return false;
+    }
     if (IsOpen()) {
         writes.append(bytes.toByteArray());
         board_->Send(bytes, clock_.Now());

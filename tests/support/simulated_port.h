@@ -3,6 +3,7 @@
 
 #include <QList>
 #include <QStringList>
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -38,6 +39,11 @@ class SimulatedPort : public SerialPort {
     /// Opening fails from now on, as for a port that is missing or busy.
     void RefuseOpen(bool refuse = true) { refuse_ = refuse; }
 
+    /// Runs before every write and hears whether a command begins with it; false refuses it.
+    void OnWrite(std::function<bool(QByteArrayView bytes, bool begins)> hook) {
+        hook_ = std::move(hook);
+    }
+
     /// One entry a command that the board carried out: "A 00 10", "c 0C".
     QStringList Wire() const { return wire_; }
     /// "configure 3", "discard", "open", "open refused", "close", "hang-up", in order. Only the
@@ -56,6 +62,8 @@ class SimulatedPort : public SerialPort {
     int baud_;
     PortSettings settings_;
     bool refuse_ = false;
+    std::function<bool(QByteArrayView, bool)> hook_;
+    bool begins_ = true;
     std::chrono::milliseconds delay_{0};
     std::shared_ptr<PacedBoard> board_;  // lives while the port is open; with it go bytes under way
     std::optional<VirtualClock::Instant> wakeAt_;

@@ -7,24 +7,45 @@
 
 namespace tolvex::testing {
 
-using namespace Qt::StringLiterals;
-
-TestBench::TestBench(int deviceIndex)
+Surroundings::Surroundings(int deviceIndex, int baud)
     : chip(std::make_unique<SimulatedChip>(ChipModels()[static_cast<std::size_t>(deviceIndex)])),
       board(chip.get()),
-      port(board, clock, 0),
-      folders{folder.path() + u'/', {folder.path() + u'/'}},
-      bench({.port = port,
-             .clock = clock,
+      port(board, clock, baud),
+      folders{folder.path() + u'/', {folder.path() + u'/'}} {
+    settings.values[u"ComNox"_s] = u"1"_s;
+    settings.values[u"device"_s] = QString::number(deviceIndex);
+}
+
+TestBench::TestBench(int deviceIndex, SerialPort* line, EventClock* time)
+    : Surroundings(deviceIndex, 0),
+      bench({.port = line == nullptr ? port : *line,
+             .clock = time == nullptr ? clock : *time,
              .settings = settings,
              .folders = folders,
              .person = person.AsPerson(),
-             .mainCaption = [] { return u"Tolvex Version 1.40.25"_s; },
+             .mainCaption = {},
              .showPortDialog = {}}) {
-    settings.values[u"ComNox"_s] = u"1"_s;
-    settings.values[u"device"_s] = QString::number(deviceIndex);
     bench.selection.FillDeviceLists();
     Forget();
+}
+
+bool TestBench::Press(const QString& button) {
+    if (button == u"Port") {
+        bench.portSelection.Load();
+        bench.portSelection.Confirm(1, [] {});
+        return bench.connection.IsOpen();
+    }
+    if (button == u"FuseRead") {
+        return bench.lockFuse.cmdFuseRead_Click().done;
+    }
+    if (button == u"FuseWrite") {
+        return bench.lockFuse.cmdFuseWrite_Click().done;
+    }
+    const ChainResult r = bench.toolbar.Click(button);
+    return r.program  ? r.erase->erased && (r.program->nothingToWrite || r.program->Verified())
+           : r.read   ? r.read->Complete()
+           : r.verify ? r.verify->Matches()
+                      : r.erase && r.erase->erased;
 }
 
 void TestBench::Forget() {

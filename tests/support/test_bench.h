@@ -12,22 +12,11 @@
 
 namespace tolvex::testing {
 
-/// The whole program without windows, in front of a simulated board in virtual time, at COM1, with
-/// a chip of the selected device in the socket.
-class TestBench {
-  public:
-    /// `deviceIndex` is the entry of the device list. The records start empty.
-    explicit TestBench(int deviceIndex = 0);
-
-    /// What went over the wire since the last `Forget`, in order: "A 00 10", "P" ...
-    QStringList Wire() const { return port.Wire(); }
-    /// Empties all records.
-    void Forget();
-    /// Both images filled with `seed`'s random bytes, over the whole device.
-    void FillImages(unsigned seed);
-    /// The images as the chip holds them, cut to the device's sizes.
-    QByteArray FlashOfImages() const;
-    QByteArray EepromOfImages() const;
+/// What a program meets: a simulated board in virtual time, at COM1, with a chip of the stored
+/// device in its socket, and a person on record.
+struct Surroundings {
+    /// `deviceIndex` is the entry of the device list.
+    Surroundings(int deviceIndex, int baud);
 
     VirtualClock clock;
     std::unique_ptr<SimulatedChip> chip;
@@ -37,6 +26,28 @@ class TestBench {
     MemorySettings settings;
     QTemporaryDir folder;
     AppDir folders;
+};
+
+/// The whole program without windows.
+class TestBench : public Surroundings {
+  public:
+    /// The records start empty. Another line, or another time, can take the place of the simulated
+    /// one; they are not owned and outlive the bench.
+    explicit TestBench(int deviceIndex = 0, SerialPort* line = nullptr, EventClock* time = nullptr);
+
+    /// Presses "Program", "Read", "Verify", "Erase", "FuseRead" or "FuseWrite", or chooses "Port"
+    /// COM1. True when the program takes what it did for a success.
+    bool Press(const QString& button);
+    /// What went over the wire since the last `Forget`, in order: "A 00 10", "P" ...
+    QStringList Wire() const { return port.Wire(); }
+    /// Empties all records.
+    void Forget();
+    /// Both images filled with `seed`'s random bytes, over the whole device.
+    void FillImages(unsigned seed);
+    /// The images as a chip holds them, cut to the device's sizes.
+    QByteArray FlashOfImages() const;
+    QByteArray EepromOfImages() const;
+
     Workbench bench;
 };
 

@@ -6,12 +6,11 @@
 #include <cstdio>
 
 #include "tests/cli/cli_bench.h"
-#include "tests/sweep/troubled_port.h"
+#include "tests/sweep/troubles.h"
 
 namespace tolvex::testing {
 namespace {
 
-using enum TroubledPort::Trouble;
 constexpr int kForgotten = kEnd, kSignal = kEnd + 1;  ///< acknowledged, and not done; a signal
 
 /// What a chip holds after one was changed so: nothing = as before, 0 = as before.
@@ -73,7 +72,7 @@ struct World : CliBench {
         File(u"out.hex"_s, "old");
         File(u"out.eep"_s, "old");
         old = Files();
-        usedPort = &troubled;
+        usedPort = &fast;
     }
     /// With a fresh chip.
     int Run(int exchange = -1, int trouble = 0) {
@@ -110,7 +109,8 @@ struct World : CliBench {
     ChipContents before, asked;
     QByteArray old;
     QStringList letters;
-    TroubledPort troubled{board, clock, letters};
+    SimulatedPort fast{board, clock, 0};
+    TroubledLine troubled{fast, board, letters};
 };
 
 using Rule = std::pair<const char*, bool>;
@@ -151,7 +151,7 @@ QList<Rule> Judge(const World& w, const World& calm, int exchange, int trouble, 
         {"a change is told", !changed || told},
         {"no other change", !changed || w.asked != w.before},
         {"written words are told", used % 2 == 0 && (!counts || written["flashWords"_L1][0].toString() == words[used / 2])},
-        {"port closed", !w.troubled.IsOpen()},
+        {"port closed", !w.fast.IsOpen()},
         {"programming mode left", !w.board.InProgrammingMode() || may},
         {"given up soon", w.clock.Now() < std::chrono::seconds(40)},
         {"a signal ends it", !signalled || (status == 130 && !errors.contains(u"失敗"_s)) || exchange == calm.letters.size()},

@@ -1,51 +1,26 @@
 // SPDX-License-Identifier: MIT
 // At every yield of every operation one of the things that a person can do, against the window
 // program in virtual time: tolvex_window_sweep [--full].
-#include <QApplication>
-#include <QDropEvent>
-#include <QMdiSubWindow>
-#include <QMenu>
-#include <QMimeData>
+#include <QTest>
 #include <QTimer>
 #include <cstdio>
 
 #include "tests/app/window_bench.h"
 
-using namespace Qt::StringLiterals;
-
 namespace tolvex::testing {
 namespace {
+
+const QString kSample = QStringLiteral(TOLVEX_SOURCE_DIR "/samples/blink.hex");
 
 struct Deed {
     QString name;
     std::function<void()> doIt;
 };
 
-void Press(QWidget* widget) {
-    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-        QMouseEvent event(type, widget->rect().center(),
-                          widget->mapToGlobal(widget->rect().center()), Qt::LeftButton,
-                          Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(widget, &event);
-    }
-}
-
-void Type(QWidget* widget, int key, Qt::KeyboardModifiers modifiers) {
-    QKeyEvent press(QEvent::KeyPress, key, modifiers, QString(QChar(key & 0xFF)));
-    QApplication::sendEvent(widget, &press);
-}
-
-void Drop(WindowBench& b) {
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(QStringLiteral(TOLVEX_SOURCE_DIR "/samples/blink.hex"))});
-    QDropEvent drop(QPoint(), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&b.program.Window(), &drop);
-}
-
 /// Everything within reach now, apart from ending the program.
 QList<Deed> Deeds(WindowBench& b) {
-    QList<Deed> deeds = {{u"drop"_s, [&b] { Drop(b); }}};
-    for (QAction* action : b.program.Window().findChildren<QAction*>()) {
+    QList<Deed> deeds;
+    for (QAction* action : b.window.findChildren<QAction*>()) {
         if (action->objectName() != u"mnuFileExit"_s && !action->isSeparator()) {
             deeds << Deed{action->text() + u" of the menu"_s, [action] { action->trigger(); }};
         }
@@ -55,23 +30,27 @@ QList<Deed> Deeds(WindowBench& b) {
             continue;
         }
         const QString name = widget->objectName();
-        deeds << Deed{u"press "_s + name, [widget] { Press(widget); }};
-        for (const int key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Escape, Qt::Key_Down}) {
+        deeds << Deed{u"press "_s + name, [widget] { QTest::mouseClick(widget, Qt::LeftButton); }};
+        for (const auto key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Escape, Qt::Key_Down}) {
             deeds << Deed{QKeySequence(key).toString() + u" in "_s + name,
-                          [widget, key] { Type(widget, key, Qt::NoModifier); }};
+                          [widget, key] { QTest::keyClick(widget, key); }};
         }
         deeds << Deed{u"Ctrl+S in "_s + name,
-                      [widget] { Type(widget, Qt::Key_S, Qt::ControlModifier); }};
+                      [widget] { QTest::keyClick(widget, Qt::Key_S, Qt::ControlModifier); }};
     }
-    for (QMdiSubWindow* child : b.program.Window().Area().subWindowList()) {
+    for (QMdiSubWindow* child : b.window.Area().subWindowList()) {
         deeds << Deed{u"close "_s + child->windowTitle(), [child] { child->close(); }}
               << Deed{u"maximise "_s + child->windowTitle(), [child] { child->showMaximized(); }};
     }
-    for (const int panel : {1, 5}) {
-        deeds << Deed{u"panel"_s,
-                      [&b, panel] { Q_EMIT b.program.Window().Panels().PanelClicked(panel); }};
-    }
-    return deeds;
+    // As an assistive tool may that goes past what is disabled.
+    auto* setting = b.Find<frmSetting>("frmSetting");
+    return deeds << Deed{u"drop"_s, [&b] { Q_EMIT b.window.FilesDropped({kSample}); }}
+                 << Deed{u"panel"_s, [&b] { Q_EMIT b.window.Panels().PanelClicked(5); }}
+                 << Deed{u"tool"_s, [&b] { Q_EMIT b.window.Tools().ButtonClicked(u"Clear"_s); }}
+                 << Deed{u"device"_s, [setting] { Q_EMIT setting->DeviceChosen(5); }}
+                 << Deed{u"READ"_s, [setting] { Q_EMIT setting->FuseReadClicked(); }}
+                 << Deed{u"WRITE"_s, [setting] { Q_EMIT setting->FuseWriteClicked(); }}
+                 << Deed{u"address"_s, [&b] { b.Type("txtAddress", u"G"_s); }};
 }
 
 /// Does it, and puts away whatever it has opened.
@@ -101,30 +80,87 @@ struct Operation {
 QString Run(const Operation& operation, const std::function<void(WindowBench&, int)>& atYield) {
     WindowBench b(operation.device, 19200);
     b.Start();
-    b.program.Bench().state.images.flash[1] = 0x12;
-    b.program.Bench().state.images.eeprom[3] = 0x34;
+    MemoryImages& images = b.program.Bench().state.images;
+    images.flash[1] = 0x12;
+    images.eeprom[3] = 0x34;
     if (operation.fault != 0) {
         b.board.SetFault(operation.fault, FaultKind::Silent);
     }
+    auto& flag = b.program.Bench().state.errorFlag.value;
+    bool touched = false;
     int yields = 0;
     b.clock.OnYield([&] {
         if (!b.clock.Ended()) {
+            const auto before = std::exchange(flag, 2);  // kept by who leaves it alone
             atYield(b, ++yields);
+            touched = touched || std::exchange(flag, before) != 2;
         }
     });
     b.Click(operation.button);
     b.clock.OnYield({});
-    const MemoryImages& images = b.program.Bench().state.images;
-    const QByteArray bytes(reinterpret_cast<const char*>(&images), sizeof images);
-    auto* message = b.Find<FittedLabel>("txtMsg");
-    QString left = b.clock.Ended() ? u"ended, "_s : b.port.Wire().join(u' ');
-    left += message == nullptr ? u"no message"_s : message->WholeText();
-    for (const int panel : {1, 2, 3, 5}) {
-        left += u'|' + (b.clock.Ended() ? QString() : b.Panel(panel));
+    if (b.clock.Ended()) {
+        const QString open = b.port.IsOpen() ? u"the port, "_s : QString();
+        return open + (b.window.isVisible() ? u"the window, "_s : QString()) + b.Message() +
+               b.ListingFiles().join(u' ');
     }
-    left += u" %1 %2 %3 %4"_s.arg(b.port.IsOpen()).arg(b.program.Window().isVisible());
-    left = left.arg(b.clock.Ended() ? b.ListingFiles().size() : 0);
-    return left.arg(qHash(bytes) ^ (b.clock.Ended() ? 0 : qHash(b.chip.Contents().flash)));
+    const QByteArray bytes(reinterpret_cast<const char*>(&images), sizeof images);
+    QString left = b.port.Wire().join(u' ') + b.Message();
+    for (const int panel : {1, 2, 3, 5}) {
+        left += u'|' + b.Panel(panel);
+    }
+    left += u" %1 %2 %3 "_s.arg(b.port.IsOpen()).arg(b.window.isVisible()).arg(touched);
+    return left + QString::number(qHash(bytes) ^ qHash(b.chip->Contents().flash));
+}
+
+/// All deeds at all yields. Gives how many of the runs left something else than the calm one.
+int Sweep(const Operation& operation, bool full) {
+    int yields = 0, failures = 0;
+    qsizetype deeds = 0;
+    const QString calm = Run(operation, [&](WindowBench& b, int) {
+        ++yields;
+        deeds = std::max(deeds, Deeds(b).size());
+    });
+    const auto tell = [&](int yield, const QString& deed, const QString& left) {
+        std::printf("%s, yield %d, %s: left\n  %s\ninstead of\n  %s\n", operation.button, yield,
+                    qPrintable(deed), qPrintable(left.right(400)), qPrintable(calm.right(400)));
+    };
+    // One deed after another, one at each yield; or at `only` one yield.
+    const auto differs = [&](qsizetype first, int only) {
+        QString name;
+        const QString left = Run(operation, [&](WindowBench& b, int yield) {
+            if (only == 0 || yield == only) {
+                const QList<Deed> now = Deeds(b);
+                const Deed& deed = now[(first + yield) % now.size()];
+                name = deed.name;
+                Do(deed);
+            }
+        });
+        if (left != calm && only != 0) {
+            tell(only, name, left);
+        }
+        return left != calm;
+    };
+    for (qsizetype first = 0; first < deeds; first += full ? 1 : 1 + deeds / 12) {
+        if (differs(first, 0)) {
+            ++failures;
+            for (int yield = 1; yield <= yields && !differs(first, yield); ++yield) {
+            }
+        }
+    }
+    for (int end = 1; end <= yields; end += full ? 1 : 1 + yields / 12) {
+        const QString left = Run(operation, [end](WindowBench& b, int yield) {
+            if (yield == end) {
+                b.window.close();
+            }
+        });
+        if (!left.isEmpty()) {
+            ++failures;
+            tell(end, u"closed"_s, left);
+        }
+    }
+    std::printf("%s: %d yields, %lld deeds\n", operation.button, yields,
+                static_cast<long long>(deeds));
+    return failures;
 }
 
 }  // namespace
@@ -137,58 +173,15 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     const bool full = QApplication::arguments().contains(u"--full"_s);
-    int failures = 0;
     QList<Operation> operations = {{"Program", 0, 0},      {"Program", 0, 9},
                                    {"Erase", 0, 6},        {"cmdFuseRead", 4, 0},
                                    {"cmdFuseWrite", 4, 0}, {"cmdFuseWrite", 4, 9}};
     if (full) {
         operations << Operation{"Verify", 0, 0};
     }
+    int failures = 0;
     for (const Operation& operation : operations) {
-        int yields = 0;
-        qsizetype deeds = 0;
-        const QString calm = Run(operation, [&](WindowBench& b, int) {
-            ++yields;
-            deeds = std::max(deeds, Deeds(b).size());
-        });
-        const auto differs = [&](qsizetype first, int only) {
-            QString name;
-            const QString left = Run(operation, [&](WindowBench& b, int yield) {
-                const QList<Deed> now = Deeds(b);
-                if (only == 0 || yield == only) {
-                    name = now[(first + yield) % now.size()].name;
-                    Do(now[(first + yield) % now.size()]);
-                }
-            });
-            if (left != calm && only != 0) {
-                std::printf("%s, yield %d, %s: left\n  %s\ninstead of\n  %s\n", operation.button,
-                            only, qPrintable(name), qPrintable(left.right(400)),
-                            qPrintable(calm.right(400)));
-            }
-            return left != calm;
-        };
-        for (qsizetype first = 0; first < deeds; first += full ? 1 : 1 + deeds / 12) {
-            if (!differs(first, 0)) {
-                continue;
-            }
-            ++failures;
-            for (int yield = 1; yield <= yields && !differs(first, yield); ++yield) {
-            }
-        }
-        for (int end = 1; end <= yields; end += full ? 1 : 1 + yields / 12) {
-            const QString left = Run(operation, [end](WindowBench& b, int yield) {
-                if (yield == end) {
-                    b.program.Window().close();
-                }
-            });
-            if (left.section(u' ', 0, -2) != u"ended, no message|||| 0 0 0"_s) {
-                ++failures;
-                std::printf("%s, closed at yield %d: left\n  %s\n", operation.button, end,
-                            qPrintable(left));
-            }
-        }
-        std::printf("%s: %d yields, %lld deeds\n", operation.button, yields,
-                    static_cast<long long>(deeds));
+        failures += Sweep(operation, full);
     }
     return failures == 0 ? 0 : 1;
 }

@@ -4,20 +4,13 @@
 #include <QCoreApplication>
 #include <QRegularExpression>
 #include <cstdio>
-#include <functional>
 #include <random>
 
 #include "tests/support/test_bench.h"
-#include "tests/sweep/troubled_port.h"
-
-using namespace Qt::StringLiterals;
+#include "tests/sweep/troubles.h"
 
 namespace tolvex::testing {
 namespace {
-
-using Fault = TroubledPort::Fault;
-using Faults = QList<Fault>;
-using enum TroubledPort::Trouble;
 
 /// A run as one line: the letters sent, "=" or "!" behind a row of them (all well, or a command has
 /// told that it failed), "「text」" status panel 1, "<text>" progress, "『text』" a message, "_"
@@ -94,38 +87,10 @@ const QString kGrammar =
 struct Case {
     QString rule;
     int device;
-    bool (*run)(Workbench&);  ///< true: the program takes it for a success
     void (*images)(MemoryImages&) = [](MemoryImages&) {};  ///< the chip holds what they were before
     int words = 0, bytes = 0, lastWord = 0, lastByte = 0;  ///< to program
 };
 
-bool Programs(Workbench& bench) {
-    const ChainResult r = bench.toolbar.Click(u"Program");
-    return r.erase && r.erase->erased && (r.program->nothingToWrite || r.program->Verified());
-}
-bool Verifies(Workbench& bench) {
-    const ChainResult r = bench.toolbar.Click(u"Verify");
-    return r.verify && r.verify->Matches();
-}
-bool Reads(Workbench& bench) {
-    const ChainResult r = bench.toolbar.Click(u"Read");
-    return r.read && r.read->Complete();
-}
-bool Erases(Workbench& bench) {
-    const ChainResult r = bench.toolbar.Click(u"Erase");
-    return r.erase && r.erase->erased;
-}
-bool ChoosesPort(Workbench& bench) {
-    bench.portSelection.Load();
-    bench.portSelection.Confirm(1, [] {});
-    return bench.connection.IsOpen();
-}
-bool WritesFuses(Workbench& bench) {
-    return bench.lockFuse.cmdFuseWrite_Click().done;
-}
-bool ReadsFuses(Workbench& bench) {
-    return bench.lockFuse.cmdFuseRead_Click().done;
-}
 void Clear(MemoryImages& images) {
     images = {};
 }
@@ -143,65 +108,55 @@ void Change(MemoryImages& images) {
 }
 
 QList<Case> Cases() {
-    QList<Case> cases = {{u"Program"_s, 0, Programs, OneWord, 2, 0, 0, 0},
-                         {u"Nothing"_s, 0, Programs, Clear},
-                         {u"Verify"_s, 0, Verifies},
-                         {u"Verify"_s, 0, Verifies, Change},
-                         {u"Read"_s, 0, Reads, Clear},
-                         {u"Erase"_s, 0, Erases},
-                         {u"Port"_s, 0, ChoosesPort}};
+    QList<Case> cases = {{u"Program"_s, 0, OneWord, 2, 0, 0, 0},
+                         {u"Nothing"_s, 0, Clear},
+                         {u"Verify"_s, 0},
+                         {u"Verify"_s, 0, Change},
+                         {u"Read"_s, 0, Clear},
+                         {u"Erase"_s, 0},
+                         {u"Port"_s, 0}};
     // A device of each kind of fuses.
     for (const int device : {0, 3, 4, 5}) {
-        cases << Case{u"Program"_s, device, Programs, AFew, 5, 3, 4, 9}
-              << Case{u"FuseWrite"_s, device, WritesFuses};
+        cases << Case{u"Program"_s, device, AFew, 5, 3, 4, 9} << Case{u"FuseWrite"_s, device};
         if (TestBench(device).person.fuseReadEnabled) {
-            cases << Case{u"FuseRead"_s, device, ReadsFuses};
+            cases << Case{u"FuseRead"_s, device};
         }
     }
     return cases;
 }
 
-/// A program in front of a chip that holds something.
-struct World {
-    explicit World(const Case& c) : t(c.device), now(c) {
-        t.FillImages(1);
-        before = {t.FlashOfImages(), t.EepromOfImages(), 0xFF, 0xFA};
-        t.chip->SetContents(before);
-        bench.selection.FillDeviceLists();
-        bench.state.images = t.bench.state.images;
+/// A program in front of a chip that holds something, on a line that faults befall.
+struct World : TestBench {
+    explicit World(const Case& c)
+        : TestBench(c.device), button(c.rule == u"Nothing" ? u"Program"_s : c.rule) {
+        FillImages(1);
+        before = {FlashOfImages(), EepromOfImages(), 0xFF, 0xFA};
+        chip->SetContents(before);
         c.images(bench.state.images);
-        t.person.options[OptionList::LockBit] = 1;
-        t.person.options[OptionList::CKSEL] = 5;
+        person.options[OptionList::LockBit] = 1;
+        person.options[OptionList::CKSEL] = 5;
     }
-    void Run(const Faults& faults) {
-        port.Plan(faults);
-        t.person.calls.clear();
-        success = now.run(bench);
-        line = Line(t.person.calls);
+    void Run(const Mishaps& faults) {
+        troubled.Plan(faults);
+        Forget();
+        success = Press(button);
+        line = Line(person.calls);
     }
     QByteArray Images() const {
         return {reinterpret_cast<const char*>(&bench.state.images), sizeof bench.state.images};
     }
     QByteArray Held() const {
-        const ChipContents& chip = t.chip->Contents();
-        QByteArray held = Images() + chip.flash + chip.eeprom + static_cast<char>(chip.lock) +
-                          static_cast<char>(chip.fuses);
-        for (const int entry : t.person.options) {
+        const ChipContents& holds = chip->Contents();
+        QByteArray held = Images() + holds.flash + holds.eeprom + static_cast<char>(holds.lock) +
+                          static_cast<char>(holds.fuses);
+        for (const int entry : person.options) {
             held += static_cast<char>(entry);
         }
         return held;
     }
 
-    TestBench t;
-    const Case& now;
-    TroubledPort port{t.board, t.clock, t.person.calls};
-    Workbench bench{{.port = port,
-                     .clock = t.clock,
-                     .settings = t.settings,
-                     .folders = t.folders,
-                     .person = t.person.AsPerson(),
-                     .mainCaption = {},
-                     .showPortDialog = {}}};
+    TroubledLine troubled{port, board, person.calls};
+    QString button;
     ChipContents before;
     QString line;
     bool success = false;
@@ -225,7 +180,7 @@ class Sweep {
     }
     int Exchanges() const { return static_cast<int>(letters_.size()); }
 
-    void Try(const Faults& faults) {
+    void Try(const Mishaps& faults) {
         World world(case_);
         world.Run(faults);
         Judge(world, faults);
@@ -233,7 +188,7 @@ class Sweep {
         // A command cut in two leaves the board waiting for its end, which costs an attempt a byte.
         for (int attempt = 0; attempt == 0 || (attempt < 3 && world.line != calm_.line);
              ++attempt) {
-            world.t.chip->SetContents(world.before);
+            world.chip->SetContents(world.before);
             world.Run({});
         }
         Must(world.line == calm_.line && world.Held() == calm_.Held(), "the next one works", faults,
@@ -244,29 +199,28 @@ class Sweep {
     static inline int runs = 0, failures = 0;
 
   private:
-    void Must(bool holds, const char* what, const Faults& faults, const QString& line) const {
+    void Must(bool holds, const char* what, const Mishaps& faults, const QString& line) const {
         if (holds || ++failures > 10) {
             return;
         }
         std::printf("%s, device %d", qPrintable(case_.rule), case_.device);
-        for (const Fault& fault : faults) {
-            std::printf(", %s at %d", TroubledPort::kNames[fault.trouble], fault.exchange);
+        for (const Mishap& fault : faults) {
+            std::printf(", %s at %d", kNames[fault.trouble], fault.exchange);
         }
         std::printf(": not so: %s\n  %s\n", what, qPrintable(line));
     }
 
     /// What a chip's data are nobody can tell but the chip: a wrong byte of a read looks right.
-    void Judge(World& world, const Faults& faults) const {
+    void Judge(World& world, const Mishaps& faults) const {
         const auto must = [&](bool holds, const char* what) {
             Must(holds, what, faults, world.line);
         };
         const auto any = [&faults](int trouble) {
-            return std::ranges::find(faults, trouble, &Fault::trouble) != faults.end();
+            return std::ranges::find(faults, trouble, &Mishap::trouble) != faults.end();
         };
         const auto match = grammar_.match(world.line);
         must(match.hasMatch(), "told and done as the rules say");
-        const Recorder& person = world.t.person;
-        const QString& dialog = person.message;
+        const QString& dialog = world.person.message;
         const bool unopened = !faults.isEmpty() && faults[0].exchange == 0;
         const bool lost = unopened || dialog.startsWith(u"ライタと通信が"_s);
         const bool well = (dialog.isNull() || dialog.contains(u"完了"_s) ||
@@ -275,37 +229,22 @@ class Sweep {
         const bool port = case_.rule == u"Port"_s;
         must(world.bench.state.errorFlag.Failed() == (unopened ? port : !port && !well), "flag");
         must(world.port.IsOpen() != lost || any(HangUp), "port state");
-        must(!port || unopened ||
-                 world.line.contains(u"このファーム"_s) !=
-                     (world.bench.commands.SoftwareVersion() == u"3.9"_s),
-             "firmware notice");
         const bool broken = world.line.contains(QRegularExpression(u"R!「リード終"_s));
         must(any(HangUp) || any(RefusedLetter) || any(RefusedRest) ||
-                 world.t.board.InProgrammingMode() == broken,
+                 world.board.InProgrammingMode() == broken,
              "programming mode left");
         must(case_.rule == u"Read"_s || world.Images() == start_, "images kept");
+        double bar = 0;
+        for (const double step : world.person.progress) {
+            must(step >= bar || (step == 0 && (bar == 1 || !world.success)), "the bar moves on");
+            bar = step;
+        }
+        must(!world.success || case_.words == 0 || bar == 1, "the bar ends full");
         if (broken && faults.size() == 1) {
             const qsizetype got = 2 * (world.line.count(u'R') - world.line.count(u"Re"_s) - 1);
             must(world.Images().first(got) == calm_.Images().first(got) &&
                      world.Images().sliced(got) == start_.sliced(got),
                  "what was read stays, the rest too");
-        }
-        Recorder fresh;
-        const Person reader = fresh.AsPerson();
-        ListingFiles again({world.t.folders.listings, reader, world.bench.state});
-        again.RefreshFlashListing();
-        again.RefreshEepromListing();
-        must((!person.calls.contains(u"flash listing"_s) ||
-              fresh.flashListing == person.flashListing) &&
-                 (!person.calls.contains(u"eeprom listing"_s) ||
-                  fresh.eepromListing == person.eepromListing),
-             "listings");
-        if (dialog.startsWith(u"ベリファイ　FLASH"_s)) {
-            QFile file(world.t.folder.filePath(u"avrvfy.txt"_s));
-            const QByteArray report = file.open(QIODevice::ReadOnly) ? file.readAll() : "";
-            must(report.contains("Flash  A") == dialog.contains(u"FLASH : NG"_s) &&
-                     report.contains("EEPROM A") == dialog.contains(u"EEPROM : NG"_s),
-                 "report");
         }
         const bool unproven = any(Wrong) && case_.rule.endsWith(u"ead"_s);
         must(!world.success || (calm_.success && (unproven || world.Held() == calm_.Held())),
