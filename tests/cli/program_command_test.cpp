@@ -32,7 +32,7 @@ TEST(Commands, RefuseWhatIsWrong) {
     const Fault unset = [](CliBench& b) { b.settings.values.remove(u"ComNox"_s); };
     const std::tuple<Fault, QByteArray, const char*> cases[] = {
         // clang-format off
-        {Insert("AT90S2323"), every + "erase; program @a.hex", "1 wrongChip"},
+        {Insert("AT90S2323"), every + "erase; program @a.hex; erase --backup @bk", "1 wrongChip"},
         {Insert("none"), every + "erase; program @a.hex", "1 emptySocket"},
         {Lock(0xF9), every + "program @a.hex --backup @bk", "1 locked"},
         {kBusy, every + "erase; program @a.hex; lock full", "3 portBusy"},
