@@ -32,7 +32,7 @@ TEST(Commands, RefuseWhatIsWrong) {
     const Fault unset = [](CliBench& b) { b.settings.values.remove(u"ComNox"_s); };
     const std::tuple<Fault, QByteArray, const char*> cases[] = {
         // clang-format off
-        {Insert("AT90S2323"), every + "erase; program @a.hex", "1 wrongChip"},
+        {Insert("AT90S2323"), every + "erase; program @a.hex; erase --backup @bk", "1 wrongChip"},
         {Insert("none"), every + "erase; program @a.hex", "1 emptySocket"},
         {Lock(0xF9), every + "program @a.hex --backup @bk", "1 locked"},
         {kBusy, every + "erase; program @a.hex; lock full", "3 portBusy"},
@@ -98,10 +98,13 @@ TEST(ProgramCommand, ReadsAFileOnceAndKnowsHowLongItTakes) {
         CliBench b;
         b.Fill();
         const ChipContents before = b.chip->Contents();
+        b.File(u"a.eep"_s, HexRecord(0, "\x41\xFF\x42") + kHexEnd);
         b.signal = [&] { return QFile::remove(b.Words(line)[1]) ? 0 : 0; };
         EXPECT_EQ(b.Outcome(line), "0") << b.Err().toStdString();
         EXPECT_NEAR(b.Json()["plan"_L1]["seconds"_L1].toDouble(),
                     std::chrono::duration<double>(b.clock.Now()).count(), 0.01);
+        EXPECT_EQ(b.Json()["written"_L1]["eepromBytes"_L1].toArray().size(),
+                  before.flash == b.chip->Contents().flash ? 2 : 1);
         EXPECT_NE(b.chip->Contents().flash == before.flash,
                   b.chip->Contents().eeprom == before.eeprom);
     }

@@ -77,6 +77,8 @@ TEST(SerialCommands, PutTheirBytesOnTheWireAndTellAMissingOrWrongReplyInTheirOwn
             ASSERT_GE(b.port.writes.size(), c.writes.size());
             EXPECT_EQ(b.port.writes.first(c.writes.size()), c.writes);
             EXPECT_EQ(b.flag.Failed(), good || silent || !c.wrongReply.isEmpty());
+            EXPECT_TRUE(c.letter != 'S' || !good || b.text == u"AVR ISP");
+            EXPECT_TRUE(c.letter != 'V' || !good || b.writer.SoftwareVersion() == u"3.9");
             if (!good && b.flag.Failed()) {
                 const bool same = silent || c.wrongReply == u"=";
                 EXPECT_EQ(b.person.panels[1], same ? kNoReply + c.noReply : c.wrongReply);
