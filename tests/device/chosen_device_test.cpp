@@ -184,6 +184,15 @@ TEST(LockFuseBits, GoesOverTheWireFusesFirstAndComesBack) {
     }
 }
 
+TEST(LockFuseBits, AChipThatFailsItsCheckIsLeftAlone) {
+    for (const QString& button : {u"FuseRead"_s, u"FuseWrite"_s}) {
+        TestBench b(4);
+        b.chip->ProgramLock(0xF9);  // which makes it tell no signature
+        EXPECT_FALSE(b.Press(button));
+        EXPECT_EQ(b.Wire().join(u','), u"S,V,v,T 22 00,P,s,s,s,s,s,L"_s) << button.toStdString();
+    }
+}
+
 TEST(LockFuseBits, AFailedReadShowsWhatIsKeptAndAtFirstNoProtection) {
     for (const int device : {3, 4}) {
         TestBench b(device);

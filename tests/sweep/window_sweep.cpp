@@ -104,7 +104,7 @@ QString Run(const Operation& operation, const std::function<void(WindowBench&, i
                b.ListingFiles().join(u' ');
     }
     const QByteArray bytes(reinterpret_cast<const char*>(&images), sizeof images);
-    QString left = b.port.Wire().join(u' ') + b.Message();
+    QString left = b.port.Wire().join(u' ') + b.Message() + b.settings.values[u"device"_s];
     for (const int panel : {1, 2, 3, 5}) {
         left += u'|' + b.Panel(panel);
     }
