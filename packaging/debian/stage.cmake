@@ -26,3 +26,6 @@ if(NOT pages)
   message(FATAL_ERROR "There are no manual pages: scdoc was missing when the build was configured.")
 endif()
 execute_process(COMMAND ${gzip} -9 -n ${doc}/changelog ${pages} COMMAND_ERROR_IS_FATAL ANY)
+# Whatever the umask of whoever builds.
+execute_process(COMMAND find ${CPACK_TEMPORARY_DIRECTORY} -type d -exec chmod 755 {} +
+  COMMAND_ERROR_IS_FATAL ANY)
