@@ -16,6 +16,14 @@ namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+QString ReadingText() {
+    return u"ファイルを読み込んでいます。"_s;
+}
+
+}  // namespace
+
 WindowProgram::WindowProgram(const Parts& parts)
     : parts_(parts),
       setting_(new frmSetting),
@@ -31,7 +39,8 @@ WindowProgram::WindowProgram(const Parts& parts)
                          .panel = *setting_,
                          .dialogs = parts.dialogs},
               .mainCaption = [this] { return window_.windowTitle(); },
-              .showPortDialog = [this] { ShowPortDialog(); }}),
+              .showPortDialog = [this] { ShowPortDialog(); },
+              .breath = [this] { return BreatheInReading(); }}),
       modify_(new frmModify(bench_.patch)),
       guard_([this](bool busy) { SetBusy(busy); }),
       commands_({.window = window_,
@@ -97,6 +106,7 @@ void WindowProgram::SetBusy(bool busy) {
             popup->hide();  // its items would still do what they say
         }
     } else if (!parts_.clock.Ended()) {
+        EndReading();
         QCoreApplication::processEvents();  // keys typed ahead meet disabled controls
     }
     window_.SetBusy(busy);
@@ -105,6 +115,27 @@ void WindowProgram::SetBusy(bool busy) {
     messages_.SetBusy(busy);
     if (!busy) {
         GiveFocusBack();
+    }
+}
+
+/// A file of many megabytes: the window says so and goes on showing itself.
+bool WindowProgram::BreatheInReading() {
+    if (!messageBeforeReading_) {
+        messageBeforeReading_ = window_.Panels().PanelText(kMessagePanel);
+        window_.SetStatusText(kMessagePanel, ReadingText());
+        window_.setCursor(Qt::WaitCursor);
+    }
+    parts_.clock.Yield(parts_.clock.Now());
+    return !parts_.clock.Ended();
+}
+
+void WindowProgram::EndReading() {
+    if (messageBeforeReading_) {
+        window_.unsetCursor();
+        if (window_.Panels().PanelText(kMessagePanel) == ReadingText()) {
+            window_.SetStatusText(kMessagePanel, *messageBeforeReading_);
+        }
+        messageBeforeReading_.reset();
     }
 }
 

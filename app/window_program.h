@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <memory>
+#include <optional>
 
 #include "app/child_windows.h"
 #include "app/frmMain.h"
@@ -57,6 +57,8 @@ class WindowProgram : public QObject {
     void SetBusy(bool busy);
 
     void GiveFocusBack();
+    bool BreatheInReading();
+    void EndReading();
 
     void MDIForm_Load();
     void MDIForm_QueryUnload();
@@ -80,6 +82,7 @@ class WindowProgram : public QObject {
     MainCommands commands_;
     MenuBar* menus_;           ///< owned by the window
     QPointer<QWidget> focus_;  ///< of the window when the running operation began
+    std::optional<QString> messageBeforeReading_;  ///< while a long file is read
 };
 
 }  // namespace tolvex

@@ -4,6 +4,7 @@
 #include <sys/resource.h>
 #include <sys/utsname.h>
 
+#include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
@@ -293,13 +294,17 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM",
             qEnvironmentVariable("TOLVEX_BENCH_PLATFORM", u"offscreen"_s).toLatin1());
     const QCoreApplication application(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
-    const QJsonObject result =
-        tolvex::bench::Bench(folder.path(), arguments.contains(u"--quick"_s)).MeasureAll();
-    const qsizetype json = arguments.indexOf(u"--json"_s);
-    QFile file(arguments.value(json + 1));
-    return json < 0 || (file.open(QIODevice::WriteOnly) &&
-                        file.write(QJsonDocument(result).toJson()) > 0)
+    QCommandLineParser line;
+    line.setApplicationDescription(u"Measures how fast Tolvex is and prints a table."_s);
+    const QCommandLineOption quick(u"quick"_s, u"A minute and a half instead of ten."_s);
+    const QCommandLineOption json(u"json"_s, u"Write the figures to FILE as well."_s, u"FILE"_s);
+    line.addOptions({quick, json});
+    line.addHelpOption();
+    line.process(application);
+    const QJsonObject result = tolvex::bench::Bench(folder.path(), line.isSet(quick)).MeasureAll();
+    QFile file(line.value(json));
+    return !line.isSet(json) || (file.open(QIODevice::WriteOnly) &&
+                                 file.write(QJsonDocument(result).toJson()) > 0)
                ? 0
                : 1;
 }

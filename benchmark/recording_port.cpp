@@ -21,6 +21,13 @@ QByteArray RecordingPort::ReadAll() {
     return bytes;
 }
 
+void RecordingPort::Close() {
+    if (file_.isOpen() && port_.IsOpen()) {
+        file_.write(QByteArray::number(qlonglong{clock_.Now().count()}) + " close\n");
+    }
+    port_.Close();
+}
+
 void RecordingPort::Record(char direction, QByteArrayView bytes) {
     if (file_.isOpen() && !bytes.isEmpty()) {
         file_.write(QByteArray::number(qlonglong{clock_.Now().count()}) + ' ' + direction + ' ' +

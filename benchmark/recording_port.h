@@ -17,7 +17,7 @@ class RecordingPort : public SerialPort {
     void Configure(const PortSettings& settings) override { port_.Configure(settings); }
     int PortNumber() const override { return port_.PortNumber(); }
     bool Open() override { return port_.Open(); }
-    void Close() override { port_.Close(); }
+    void Close() override;
     bool IsOpen() const override { return port_.IsOpen(); }
     int InputCount() const override { return port_.InputCount(); }
     void DiscardInput() override { port_.DiscardInput(); }

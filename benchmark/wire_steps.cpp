@@ -66,6 +66,8 @@ QList<WireStep> StepsOfTrace(const QString& path) {
             collector.Sent(at, bytes);
         } else if (words.value(1) == "<") {
             collector.Received(at, bytes.size());
+        } else if (words.value(1) == "close") {
+            collector.Sent(at, {});  // nothing, but the pause before it counts
         }
     }
     return collector.steps;

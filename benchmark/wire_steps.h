@@ -9,7 +9,8 @@
 
 namespace tolvex::bench {
 
-/// What a client does on the line: waits, writes, and expects so many bytes before the next step.
+/// What a client does on the line: waits, writes (nothing before it closes), and expects so many
+/// bytes before the next step.
 struct WireStep {
     std::chrono::microseconds pause{0};
     QByteArray bytes;

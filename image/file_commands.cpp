@@ -252,7 +252,8 @@ bool FileCommands::OpenNamedCode() {
     const QString& name = names_.CodeFileName;
     person_.windows.SetFlashCaption(u"Program : "_s + name);
     images_.ClearFlashImage();
-    return Continues(ReadCodeHex(name, images_.flash, flag_), u"HEX ファイルのオープンエラー"_s) &&
+    return Continues(ReadCodeHex(name, images_.flash, flag_, breath_),
+                     u"HEX ファイルのオープンエラー"_s) &&
            listings_.RefreshFlashListing();
 }
 
@@ -262,8 +263,8 @@ bool FileCommands::OpenNamedData() {
     person_.windows.SetEepromCaption(found ? u"EEPROM : "_s + name
                                            : u"EEPROM memory : Not found EEP file"_s);
     images_.ClearEepromImage();
-    if (found &&
-        !Continues(ReadDataHex(name, images_.eeprom, flag_), u"EEP  ファイルのオープンエラー"_s)) {
+    if (found && !Continues(ReadDataHex(name, images_.eeprom, flag_, breath_),
+                            u"EEP  ファイルのオープンエラー"_s)) {
         return false;
     }
     return listings_.RefreshEepromListing();

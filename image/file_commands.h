@@ -24,6 +24,7 @@ class FileCommands {
         const Person& person;
         ProgramState& state;
         std::function<QString()> mainCaption;  ///< the main window's caption, the title of one box
+        Breath breath = {};                    ///< while a long file is read
     };
 
     explicit FileCommands(Parts parts)
@@ -34,7 +35,8 @@ class FileCommands {
           names_(parts.state.names),
           device_(parts.state.device),
           flag_(parts.state.errorFlag),
-          mainCaption_(std::move(parts.mainCaption)) {}
+          mainCaption_(std::move(parts.mainCaption)),
+          breath_(std::move(parts.breath)) {}
 
     void mnuFileOpenCode_Click();
     void mnuFileOpenData_Click();
@@ -77,6 +79,7 @@ class FileCommands {
     const CurrentDevice& device_;
     ErrorFlag& flag_;
     std::function<QString()> mainCaption_;
+    Breath breath_;
     /// What the last file dialog ended with: the path it returned, or, after a cancel, the name it
     /// had been given.
     QString dialogPath_;

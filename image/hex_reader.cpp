@@ -2,6 +2,7 @@
 #include "image/hex_reader.h"
 
 #include <QFile>
+#include <algorithm>
 
 #include "image/hex_line.h"
 
@@ -12,6 +13,31 @@ namespace {
 constexpr qsizetype kDataStart = 9;
 /// Nothing behind the 255th data byte is ever looked at.
 constexpr qsizetype kLongestRecord = kDataStart + 2 * 255;
+/// Some hundredths of a second, and more than any chip's file has.
+constexpr qint64 kBytesPerBreath = 512 * 1024;
+
+class BreathingFile final : public QFile {
+  public:
+    BreathingFile(const QString& path, const Breath& breath) : QFile(path), breath_(breath) {}
+
+    bool GaveUp() const { return gaveUp_; }
+
+  protected:
+    qint64 readData(char* data, qint64 most) override {
+        if (breath_ && sinceBreath_ >= kBytesPerBreath) {
+            sinceBreath_ = 0;
+            gaveUp_ = gaveUp_ || !breath_();
+        }
+        const qint64 got = gaveUp_ ? -1 : QFile::readData(data, most);
+        sinceBreath_ += std::max<qint64>(got, 0);
+        return got;
+    }
+
+  private:
+    const Breath& breath_;
+    qint64 sinceBreath_ = 0;
+    bool gaveUp_ = false;
+};
 
 int ByteAt(QStringView line, qsizetype position, ErrorFlag& flag) {
     return HexValue4(u"0", u"0", line.mid(position, 1), line.mid(position + 1, 1), flag);
@@ -51,17 +77,18 @@ HexReadResult ReadRecords(QIODevice& device, ErrorFlag& flag, Store store) {
 }
 
 template <typename Image>
-HexReadResult ReadFile(const QString& path, Image& image, ErrorFlag& flag,
+HexReadResult ReadFile(const QString& path, Image& image, ErrorFlag& flag, const Breath& breath,
                        HexReadResult (*read)(QIODevice&, Image&, ErrorFlag&)) {
     if (path.isEmpty()) {
         return HexReadResult::Complete;
     }
-    QFile file(path);
+    BreathingFile file(path, breath);
     if (!FileExists(path) || !file.open(QIODevice::ReadOnly)) {
         return HexReadResult::Failed;
     }
     const HexReadResult result = read(file, image, flag);
-    return file.error() == QFileDevice::NoError ? result : HexReadResult::Failed;
+    const bool whole = file.error() == QFileDevice::NoError && !file.GaveUp();
+    return whole ? result : HexReadResult::Failed;
 }
 
 }  // namespace
@@ -87,12 +114,14 @@ HexReadResult ReadDataHex(QIODevice& device, EepromImage& image, ErrorFlag& flag
     });
 }
 
-HexReadResult ReadCodeHex(const QString& path, FlashImage& image, ErrorFlag& flag) {
-    return ReadFile<FlashImage>(path, image, flag, ReadCodeHex);
+HexReadResult ReadCodeHex(const QString& path, FlashImage& image, ErrorFlag& flag,
+                          const Breath& breath) {
+    return ReadFile<FlashImage>(path, image, flag, breath, ReadCodeHex);
 }
 
-HexReadResult ReadDataHex(const QString& path, EepromImage& image, ErrorFlag& flag) {
-    return ReadFile<EepromImage>(path, image, flag, ReadDataHex);
+HexReadResult ReadDataHex(const QString& path, EepromImage& image, ErrorFlag& flag,
+                          const Breath& breath) {
+    return ReadFile<EepromImage>(path, image, flag, breath, ReadDataHex);
 }
 
 }  // namespace tolvex

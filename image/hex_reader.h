@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QIODevice>
+#include <functional>
 
 #include "image/image.h"
 
@@ -13,6 +14,10 @@ enum class HexReadResult {
     Failed    ///< the file can't be opened or read, or a byte lies beyond the image
 };
 
+/// Called again and again while a file of megabytes is read, so that a window can show itself in
+/// the meantime; false = give the read up, which then counts as failed.
+using Breath = std::function<bool()>;
+
 /// Reads an Intel HEX file into an image. Bytes stored before a stop stay; cells that the file does
 /// not name keep what they hold. An empty path reads nothing and is `Complete`.
 ///
@@ -23,8 +28,10 @@ enum class HexReadResult {
 /// nothing else here.
 ///
 /// Lines end with LF, CRLF or a lone CR. A blank line is a line without a colon.
-HexReadResult ReadCodeHex(const QString& path, FlashImage& image, ErrorFlag& flag);
-HexReadResult ReadDataHex(const QString& path, EepromImage& image, ErrorFlag& flag);
+HexReadResult ReadCodeHex(const QString& path, FlashImage& image, ErrorFlag& flag,
+                          const Breath& breath = {});
+HexReadResult ReadDataHex(const QString& path, EepromImage& image, ErrorFlag& flag,
+                          const Breath& breath = {});
 /// The same from an open device, to its end.
 HexReadResult ReadCodeHex(QIODevice& device, FlashImage& image, ErrorFlag& flag);
 HexReadResult ReadDataHex(QIODevice& device, EepromImage& image, ErrorFlag& flag);

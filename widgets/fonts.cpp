@@ -24,14 +24,12 @@ QStringList WindowFamilies() {
             u"IPAPGothic"_s,   u"IPAexGothic"_s, u"TakaoPGothic"_s, u"VL PGothic"_s};
 }
 
-QStringList Installed(const QStringList& families) {
-    QStringList installed;
-    for (const QString& family : families) {
-        if (QFontDatabase::hasFamily(family)) {
-            installed << family;
-        }
-    }
-    return installed;
+/// Those by their own names. Asking for each family alone would follow the system's aliases too,
+/// which takes longer than all else at the start of the program.
+QStringList Installed(QStringList families) {
+    const QStringList all = QFontDatabase::families();
+    families.removeIf([&all](const QString& family) { return !all.contains(family); });
+    return families;
 }
 
 }  // namespace

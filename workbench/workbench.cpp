@@ -24,7 +24,8 @@ Workbench::Workbench(const Parts& parts)
              .settings = parts.settings,
              .person = person,
              .state = state,
-             .mainCaption = parts.mainCaption}),
+             .mainCaption = parts.mainCaption,
+             .breath = parts.breath}),
       patch({.listings = listings, .person = person, .state = state}),
       selection(
           {.settings = parts.settings, .listings = listings, .person = person, .state = state}),

@@ -40,6 +40,7 @@ struct Workbench {
         Person person;
         std::function<QString()> mainCaption;
         std::function<void()> showPortDialog;
+        Breath breath = {};  ///< while a long file is read
         /// What stands between the operations and the command set, if anything does: it is given
         /// the command set, which outlives it.
         std::function<WriterCommands&(WriterCommands&)> decorate = {};
