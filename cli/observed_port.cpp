@@ -80,10 +80,14 @@ void ObservedPort::DiscardInput() {
 bool ObservedPort::Write(QByteArrayView bytes) {
     const bool begins = std::exchange(between_, false);
     sent_ = sent_ && !begins;
-    if (!IsOpen() || (begins && !MayBegin(bytes.front())) || !port_.Write(bytes)) {
+    if (!IsOpen() || (begins && !MayBegin(bytes.front()))) {
         return false;
     }
-    sent_ = true;
+    sent_ = true;  // also when it fails: nobody knows how far it got
+    if (!port_.Write(bytes)) {
+        IsOpen();  // notes a line that broke
+        return false;
+    }
     trace_.Note("> ", bytes);
     return true;
 }

@@ -27,11 +27,13 @@ ChainResult Session::RunChain(QStringView key, bool force) {
     }
     ChainResult result = bench_.toolbar.Click(key);
     detection_ = result.detection;
-    for (const ChipReading& reading : {result.chip.value_or(ChipReading{}),
-                                       result.program ? result.program->chip : ChipReading{},
+    // The operations go by the size code alone: a signature that was proven whole stays. The
+    // reading before an erase is judged by nobody.
+    const bool proven = reading_.signature == Device().signature;
+    for (const ChipReading& reading : {result.program ? result.program->chip : ChipReading{},
                                        result.read ? result.read->chip : ChipReading{},
                                        result.verify ? result.verify->chip : ChipReading{}}) {
-        if (reading.verdict != ChipVerdict::NoReply) {
+        if (reading.verdict != ChipVerdict::NoReply && !(proven && reading.passed)) {
             reading_ = reading;
         }
     }

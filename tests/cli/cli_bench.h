@@ -61,7 +61,7 @@ class CliBench {
         Console console(out_, error_, [this] { return columns; });
         const int status =
             RunCommandLine(QStringList{u"tolvex-cli"_s} + arguments,
-                           {port, [] { return u"busy"_s; }, clock, settings, comPorts, console,
+                           {*usedPort, [] { return u"busy"_s; }, clock, settings, comPorts, console,
                             signal, [this](const QString&) { return facts; }});
         out_.close();
         error_.close();
@@ -89,7 +89,7 @@ class CliBench {
     /// Fills the chip with what no file here holds.
     void Fill() const {
         ChipContents contents = chip->Contents();
-        std::iota(contents.flash.begin(), contents.flash.end(), '\1');
+        std::iota(contents.flash.begin(), contents.flash.end(), '\x10');
         std::iota(contents.eeprom.begin(), contents.eeprom.end(), '\7');
         chip->SetContents(contents);
     }
@@ -116,6 +116,7 @@ class CliBench {
     MemorySettings settings;
     QTemporaryDir folder;
     ComPorts comPorts;
+    SerialPort* usedPort = &port;
     int columns = 0;  ///< of the terminal
     /// Also the place to meddle with the board while a command runs.
     std::function<int()> signal = [] { return 0; };
