@@ -27,11 +27,12 @@ struct ReaderTest : ::testing::Test {
     /// "0=12 1=34 no colon flag". `swap` is 1 where the image has each pair the other way round.
     template <typename Image>
     QByteArray Read(const QByteArray& file, Image& image,
-                    HexReadResult (*read)(const QString&, Image&, ErrorFlag&), std::size_t swap) {
+                    HexReadResult (*read)(const QString&, Image&, ErrorFlag&, const Breath&),
+                    std::size_t swap) {
         testing::PutFile(path, file);
         image.fill(0xEE);  // no value of any case
         flag.Clear();
-        const HexReadResult result = read(path, image, flag);
+        const HexReadResult result = read(path, image, flag, {});
         QString text;
         for (std::size_t address = 0; address < image.size() - swap; ++address) {
             if (const int cell = image[address ^ swap]; cell != 0xEE) {
