@@ -35,38 +35,6 @@ TEST(DetectCommand, NamesThePartInTheSocket) {
     }
 }
 
-/// What every command that needs the chip says to a chip or a line that isn't right.
-TEST(ChipCommands, RefuseWhatIsWrong) {
-    const std::tuple<Fault, std::string, std::string> cases[] = {
-        {Insert("AT90S2323"), "1 wrongChip", ""},
-        {Insert("none"), "1 emptySocket", ""},
-        {Lock(0xF9), "1 locked", "erase, program @a.hex"},
-        {Spoil('T', Wrong), "1 commandRefused", ""},
-        {Spoil('s', Silent), "1 writerSilent", ""},
-        {Spoil('P', Wrong, 2), "1 commandRefused", "detect"},
-        {Spoil('P', Silent, 2), "1 writerSilent", "detect"},
-        {kBusy, "3 portBusy", ""},
-        {Facts({.exists = true}), "3 portForbidden", ""},
-        {[](CliBench& b) { b.settings.values.remove(u"ComNox"_s); }, "2 noPort", ""},
-    };
-    for (const auto& [fault, outcome, concernsNot] : cases) {
-        for (const std::string line : {"detect", "verify @a.hex", "read @read.hex",
-                                       "read @read.hex --only flash", "erase", "program @a.hex"}) {
-            SCOPED_TRACE(line + ": " + outcome);
-            CliBench b;
-            b.Fill();
-            fault(b);
-            const ChipContents before = b.chip->Contents();
-            const bool fine = concernsNot.find(line) != std::string::npos;
-            EXPECT_EQ(b.Outcome(line), fine ? "0" : outcome) << b.Err().toStdString();
-            EXPECT_EQ(b.Err().contains(u"tolvex-cli: "_s), !fine);
-            EXPECT_FALSE(QFile::exists(b.Path(u"read.hex"_s)));
-            EXPECT_FALSE(b.port.IsOpen() || b.board.InProgrammingMode());
-            EXPECT_TRUE(b.chip->Contents() == before || b.port.Wire().contains(u"e"_s));
-        }
-    }
-}
-
 TEST(VerifyCommand, ListsTheDifferences) {
     CliBench b;
     ChipContents contents = b.chip->Contents();
@@ -76,40 +44,26 @@ TEST(VerifyCommand, ListsTheDifferences) {
     const QString flash = u"Flash  0001: ファイル 0403, チップ 0503\n"_s;
     EXPECT_EQ(b.Run("verify @a.hex @a.eep --quiet"), kRefused);
     EXPECT_EQ(b.Out(), flash + u"EEPROM 0002: ファイル FF, チップ 01\n"_s);
-    EXPECT_EQ(b.Run("verify @a.hex --only flash --quiet"), kRefused);
-    EXPECT_EQ(b.Out(), flash);
     EXPECT_EQ(b.Outcome("verify @a.hex --only flash"), "1 differs");
     EXPECT_FALSE(b.Json()["verified"_L1].toBool(true));
-    EXPECT_EQ(QJsonDocument(b.Json()["differences"_L1].toArray()).toJson(QJsonDocument::Compact),
-              R"([{"address":1,"chip":1283,"expected":1027,"memory":"flash"}])");
-    contents.flash[3] = '\x04';
-    b.chip->SetContents(contents);
-    EXPECT_EQ(b.Run("verify @a.hex --only flash --quiet"), kDone);
-    EXPECT_EQ(b.Out() + b.Err(), QString());
+    EXPECT_EQ(Compact(b.Json()["differences"_L1][0].toObject()),
+              R"({"address":1,"chip":1283,"expected":1027,"memory":"flash"})");
 }
 
 TEST(ReadCommand, WritesFilesThatVerifyAndReplacesNone) {
     CliBench b;
     b.Fill();
-    const QString data = b.File(u"all.eep"_s, "precious");  // never named, and not to be touched
+    const QString data = b.File(u"all.eep"_s, "precious");  // never named
     EXPECT_EQ(b.Outcome("read @all.hex"), "2 fileExists");
-    EXPECT_TRUE(b.port.Wire().isEmpty());
-    EXPECT_EQ(CliBench::Contents(data), "precious");
+    EXPECT_TRUE(b.port.Wire().isEmpty() && CliBench::Contents(data) == "precious");
     EXPECT_EQ(b.Run("read @all.hex --overwrite"), kDone) << b.Err().toStdString();
     EXPECT_TRUE(b.Out().endsWith(u"保存しました: %1, %2\n"_s.arg(b.Path(u"all.hex"_s), data)));
     EXPECT_EQ(b.Run("verify @all.hex"), kDone);
-    EXPECT_EQ(b.Outcome("read @no/all.hex"), "2 fileNotWritten");
-    EXPECT_EQ(b.Outcome("read @all.hex @all.hex --overwrite"), "2 wrongUse") << "a name twice";
-    EXPECT_EQ(b.Run("read -"), kWrongUse) << "an output for two memories";
     const QByteArray text = CliBench::Contents(data);
     EXPECT_EQ(b.Run("read - --only eeprom"), kDone);
     EXPECT_EQ(b.Out(), QString::fromUtf8(text)) << "and nothing else";
     Insert("AT90S2323")(b);
     EXPECT_EQ(b.Run("read @other.hex --force"), kDone);
-    b.board.SetChip(b.chip.get());
-    b.board.SetFaultFrom(b.board.CommandCount() + 1100, Silent);
-    EXPECT_EQ(b.Run("read @all.hex --overwrite"), kRefused);
-    EXPECT_EQ(CliBench::Contents(data), text) << "half a read replaces nothing";
 }
 
 TEST(EraseCommand, UnlocksAChipAndSaysSo) {

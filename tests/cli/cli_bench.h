@@ -126,6 +126,10 @@ class CliBench {
     QBuffer out_, error_;
 };
 
+inline QByteArray Compact(const QJsonObject& object) {
+    return QJsonDocument(object).toJson(QJsonDocument::Compact);
+}
+
 /// What is wrong with board, chip or port.
 using Fault = std::function<void(CliBench&)>;
 

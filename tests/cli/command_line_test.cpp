@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "cli/command_line.h"
 
+#include <QDir>
 #include <QJsonArray>
 #include <QRegularExpression>
 
@@ -14,31 +15,19 @@ QString Source(const QString& path) {
     return QString::fromUtf8(CliBench::Contents(QStringLiteral(TOLVEX_SOURCE_DIR "/") + path));
 }
 
-TEST(CommandLine, RefusesWhatItDoesNotKnow) {
-    for (const char* line :
-         {"", "burn", "program", "program a b c", "detect x", "detect --force",
-          "--port COM0 detect", "--port 21 detect", "--device AT90 detect",
-          "--trace @no/trace detect", "check caf\xE9.hex", "read - --only flash --json"}) {
-        SCOPED_TRACE(line);
-        CliBench b;
-        EXPECT_EQ(b.Outcome(line).front(), '2');
-        EXPECT_TRUE(b.Err().startsWith(u"tolvex-cli: "_s) && b.port.Wire().isEmpty());
-    }
-}
-
 /// Help, manual, page and completion name every command and option.
 TEST(CommandLine, IsExplainedWholeEverywhere) {
     CliBench b;
-    EXPECT_EQ(b.Run("--help"), kDone);
-    const QString overview = b.Out(), manual = Source(u"docs/man/tolvex.scd"_s);
+    EXPECT_EQ(b.Outcome("--help"), "0");
+    const QString overview = b.Json()["help"_L1].toString();
+    const QString manual = Source(u"docs/man/tolvex.scd"_s), page = Source(u"docs/cli.md"_s);
     const QString completion = Source(u"packaging/bash_completion"_s);
     for (const CommandRow& command : CommandRows()) {
         SCOPED_TRACE(command.name.toStdString());
-        EXPECT_TRUE(overview.contains(u"\n  "_s + command.name));
-        EXPECT_TRUE(manual.contains(u"\n*%1*"_s.arg(command.name)));
-        EXPECT_TRUE(Source(u"docs/cli.md"_s).contains(u'`' + command.name));
         EXPECT_EQ(b.Run({command.name, u"--help"_s}), kDone);
         EXPECT_TRUE(b.Out().contains((command.name + u' ' + command.arguments).trimmed()));
+        EXPECT_TRUE(overview.contains(u"\n  "_s + command.name) &&
+                    page.contains(u'`' + command.name));
         QString options;
         for (const QCommandLineOption& option : command.options) {
             options += u" --"_s + option.names().first();
@@ -47,51 +36,64 @@ TEST(CommandLine, IsExplainedWholeEverywhere) {
         }
         EXPECT_TRUE(options.isEmpty() ||
                     completion.contains(u" %1) options+=\"%2\""_s.arg(command.name, options)));
+        EXPECT_TRUE(manual.contains(u"\n*%1*"_s.arg(command.name)));
     }
-    EXPECT_EQ(b.Outcome("--help"), "0");
-    EXPECT_EQ(b.Json()["help"_L1].toString() + u'\n', overview);
 }
 
-TEST(CommandLine, ThePageListsEveryErrorCode) {
-    const QString page = Source(u"docs/cli.md"_s), codes = page.section(u"\n### Error codes"_s, 1);
-    const QRegularExpression code(u"\\{\"(\\w+)\", k(\\w+)"_s);
-    qsizetype count = 0;
-    for (const auto& match : code.globalMatch(Source(u"cli/exit_status.h"_s))) {
-        EXPECT_EQ(codes.count(u"\n| `%1` |"_s.arg(match.captured(1))), 1)
-            << match.captured(1).toStdString();
-        ++count;
+/// The texts that the pattern finds, in order, each once.
+QStringList Found(const QString& text, const QString& pattern) {
+    QStringList found;
+    for (const auto& match : QRegularExpression(pattern).globalMatch(text)) {
+        found << match.captured(1);
     }
-    EXPECT_EQ(codes.count(QRegularExpression(u"\n\\| `\\w+` \\|"_s)), count) << "and no others";
+    found.sort();
+    found.removeDuplicates();
+    return found;
+}
+
+/// The page lists the report's keys and error codes, and no others.
+TEST(CommandLine, ThePageListsWhatJsonHolds) {
+    const QString page = Source(u"docs/cli.md"_s);
+    EXPECT_EQ(Found(page.section(u"\n### Error codes"_s, 1), u"\n\\| `(\\w+)` \\|"_s),
+              Found(Source(u"cli/exit_status.h"_s), u"\\{\"(\\w+)\", k"_s));
+    QString sources = u"report_[u\"help\" report_[u\"version\""_s;
+    for (const QString& file :
+         QDir(QStringLiteral(TOLVEX_SOURCE_DIR "/cli")).entryList({u"*.cpp"_s})) {
+        sources += Source(u"cli/"_s + file);
+    }
+    const QString keys = page.section(u"\n### Keys"_s, 1).section(u"\n### "_s, 0, 0);
+    EXPECT_EQ(Found(keys, u"(?<=[|,] )`(\\w+)`(?=[^\n]*\\|[^\n]*\\|)"_s),
+              Found(sources, u"[rR]eport(?:_|\\(\\))\\[u\"(\\w+)\""_s));
 }
 
 /// An option goes before the environment, and that before what is stored.
 TEST(CommandLine, ChoosesPortAndDevice) {
-    // Options, the two variables; number that is opened, whether it is told, device and path.
-    const std::tuple<const char*, const char*, const char*, int, bool, const char*, QString>
-        cases[] = {
-            {"", "", "", 1, true, "AT90S2313", u"/dev/ttyS0"_s},
-            {"--port COM5", "/dev/ttyUSB1", "", 5, true, "AT90S2313", u"/dev/ttyUSB0"_s},
-            {"--port=20", "", "", 20, true, "AT90S2313", u"/dev/ttyACM7"_s},
-            {"--port /dev/ttyUSB1", "", "", 6, false, "AT90S2313", u"/dev/ttyUSB1"_s},
-            {"", "ttyUSB1", "", 6, false, "AT90S2313", u"/dev/ttyUSB1"_s},
-            {"--port /a/board", "", "", 1, false, "AT90S2313", u"/a/board"_s},
-            {"--device at90s1200a", "", "AT90S8515", 1, true, "AT90S1200A", u"/dev/ttyS0"_s},
-            {"", "", "at90s8515", 1, true, "AT90S8515", u"/dev/ttyS0"_s},
-            {"--device AT90S1200~(外部ｸﾛｯｸ)", "", "", 1, true, "AT90S1200", u"/dev/ttyS0"_s},
-        };
-    for (const auto& [options, port, device, number, numbered, part, path] : cases) {
-        SCOPED_TRACE(options);
+    // Options, TOLVEX_PORT and TOLVEX_DEVICE; the number that is opened, the one that is told (0
+    // for a path), the path and the part.
+    const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
+        {"", "", "", "1 1 /dev/ttyS0 AT90S2313"},
+        {"--port COM5", "/dev/ttyUSB1", "", "5 5 /dev/ttyUSB0 AT90S2313"},
+        {"--port=20", "", "", "20 20 /dev/ttyACM7 AT90S2313"},
+        {"", "ttyUSB1", "", "6 0 /dev/ttyUSB1 AT90S2313"},
+        {"--port /a/board", "", "", "1 0 /a/board AT90S2313"},
+        {"--device at90s1200a", "", "AT90S8515", "1 1 /dev/ttyS0 AT90S1200A"},
+        {"", "", "at90s8515", "1 1 /dev/ttyS0 AT90S8515"},
+        {"--device AT90S1200~(外部ｸﾛｯｸ)", "", "", "1 1 /dev/ttyS0 AT90S1200"},
+    };
+    for (const auto& [options, portVariable, deviceVariable, chosen] : cases) {
         CliBench b;
-        qputenv("TOLVEX_PORT", port);
-        qputenv("TOLVEX_DEVICE", device);
+        qputenv("TOLVEX_PORT", portVariable);
+        qputenv("TOLVEX_DEVICE", deviceVariable);
         b.Outcome(std::string("detect ") + options);
-        const QJsonObject json = b.Json();
-        EXPECT_EQ(b.port.PortNumber(), number);
-        EXPECT_EQ(json["device"_L1].toString(), QLatin1StringView(part));
-        EXPECT_EQ(json["port"_L1]["path"_L1].toString(), path);
-        EXPECT_EQ(json["port"_L1]["number"_L1].toInt(), numbered ? number : 0);
-        const QString name = numbered ? u"COM%1"_s.arg(number) : path;
-        EXPECT_TRUE(json["messages"_L1][1].toString().endsWith(u' ' + name));
+        const QJsonObject json = b.Json(), port = json["port"_L1].toObject();
+        const QString path = port["path"_L1].toString();
+        const int number = port["number"_L1].toInt();
+        EXPECT_EQ(u"%1 %2 %3 %4"_s.arg(b.port.PortNumber())
+                      .arg(number)
+                      .arg(path, json["device"_L1].toString()),
+                  QString::fromUtf8(chosen));
+        const QString name = number != 0 ? u" COM%1"_s.arg(number) : u' ' + path;
+        EXPECT_TRUE(json["messages"_L1][1].toString().endsWith(name));
     }
     CliBench b;
     qputenv("TOLVEX_DEVICE", "AT91");
@@ -119,8 +121,7 @@ TEST(CheckCommand, ReportsEveryFileByLine) {
     b.File(u"many.hex"_s, QByteArray("x\n").repeated(100'000));
     EXPECT_EQ(b.Run("check @good.hex"), kDone);
     EXPECT_EQ(b.Outcome("check @bad.EEP"), "2 badFile");
-    const QJsonObject first = b.Json()["checked"_L1][0]["findings"_L1][0].toObject();
-    EXPECT_EQ(QJsonDocument(first).toJson(QJsonDocument::Compact),
+    EXPECT_EQ(Compact(b.Json()["checked"_L1][0]["findings"_L1][0].toObject()),
               R"({"address":2047,"fault":"outsideMemory","line":2})");
     EXPECT_EQ(b.Run("check @bad.EEP @good.hex @none"), kWrongUse);
     EXPECT_EQ(b.Out().remove(b.Path({}) + u'/').toStdString(),

@@ -36,7 +36,6 @@ TEST(DoctorCommand, FindsTheCauseAndTheCommandThatMendsIt) {
         EXPECT_EQ(b.Err().contains(u"ログインし直して"_s), QByteArray(command).contains("dialout"));
         EXPECT_EQ(b.Err().contains(u"パッケージ"_s), b.facts.seatRule != SeatRule::NotForIt);
         EXPECT_EQ(b.Outcome("doctor --port COM20"), outcome);
-        EXPECT_FALSE(b.port.IsOpen());
     }
 }
 

@@ -16,31 +16,24 @@ using testing::TestBench;
 TEST(FrmCom, PreselectsTheStoredPortAndStoresTheChosenOne) {
     TestBench b;
     b.settings.values[u"ComNox"_s] = u"7"_s;
-    frmCom dialog(b.bench.portSelection, {u"first"_s, u"second"_s}, nullptr);
+    frmCom dialog(b.bench.portSelection, {}, nullptr);
     auto* list = dialog.findChild<QComboBox*>(u"Combo_com"_s);
     EXPECT_EQ(list->count(), 21);
     EXPECT_EQ(list->currentText(), u"COM7"_s);
-    EXPECT_EQ(list->itemData(1, Qt::ToolTipRole).toString(), u"first"_s);
-    dialog.show();
-    const auto press = [&dialog](const QString& name) {
-        dialog.findChild<QPushButton*>(name)->click();
-        QCoreApplication::processEvents();  // OK is queued
+    const std::tuple<const char*, QString, bool, QString, bool> steps[] = {
+        {"Command_ok", u"????"_s, true, u"7"_s, true},  // stays for another choice
+        {"Command_ok", u"COM4"_s, false, u"4"_s, false},
+        {"Command_cancel", u"COM5"_s, false, u"4"_s, true},
     };
-
-    list->setCurrentText(u"????"_s);
-    press(u"Command_ok"_s);
-    EXPECT_TRUE(dialog.isVisible()) << "for another choice";
-    list->setCurrentText(u"COM4"_s);
-    press(u"Command_ok"_s);
-    EXPECT_FALSE(dialog.isVisible());
-    EXPECT_EQ(b.settings.values[u"ComNox"_s], u"4"_s);
-    EXPECT_TRUE(b.port.IsOpen());
-    EXPECT_EQ(dialog.result(), int(QDialog::Accepted));
-
-    dialog.show();
-    press(u"Command_cancel"_s);
-    EXPECT_FALSE(dialog.isVisible());
-    EXPECT_TRUE(b.bench.state.errorFlag.Failed());
+    for (const auto& [button, choice, visible, stored, failed] : steps) {
+        dialog.show();
+        list->setCurrentText(choice);
+        dialog.findChild<QPushButton*>(QLatin1StringView(button))->click();
+        QCoreApplication::processEvents();  // OK is queued
+        EXPECT_EQ(dialog.isVisible(), visible) << button;
+        EXPECT_EQ(b.settings.values[u"ComNox"_s], stored);
+        EXPECT_EQ(b.bench.state.errorFlag.Failed(), failed);
+    }
 }
 
 }  // namespace

@@ -33,13 +33,16 @@ struct HelpWindowTest : ::testing::Test {
         window.Load(folder.filePath(u"help"_s));
     }
 
-    void Press(const QString& name) { window.findChild<QAbstractButton*>(name)->click(); }
+    void Press(const char* name) {
+        window.findChild<QAbstractButton*>(QLatin1StringView(name))->click();
+    }
+    void Choose(QTreeWidgetItem* heading) { Q_EMIT contents.itemActivated(heading, 0); }
     /// The line that the page shows at its top.
     QString TopLine() const { return page.cursorForPosition(QPoint(5, 15)).block().text(); }
     /// What the search says.
     QString SearchFor(const QString& text) {
         window.findChild<QLineEdit*>(u"txtSearch"_s)->setText(text);
-        Press(u"cmdFindNext"_s);
+        Press("cmdFindNext");
         return window.findChild<QLabel*>(u"LblFound"_s)->text();
     }
 
@@ -50,28 +53,23 @@ struct HelpWindowTest : ::testing::Test {
 };
 
 TEST_F(HelpWindowTest, HeadingsAndLinksJumpAndTheWayBackIsKept) {
-    ASSERT_EQ(contents.topLevelItemCount(), 1);
+    const QString start = u"Tolvex の使い方"_s, pins = u"ｺﾈｸﾀ, pins"_s;
     QTreeWidgetItem* title = contents.topLevelItem(0);
-    EXPECT_EQ(title->text(0), u"Tolvex の使い方"_s);
-    ASSERT_EQ(title->childCount(), 2);
-    ASSERT_EQ(title->child(0)->childCount(), 1);
-    EXPECT_EQ(title->child(0)->child(0)->text(0), u"ｺﾈｸﾀ, pins"_s);
-    Q_EMIT contents.itemActivated(title->child(0), 0);
-    EXPECT_EQ(TopLine(), u"ライタ"_s);
-    for (int i = 0; i < 2; ++i) {  // a click and its activation count once
-        Q_EMIT contents.itemActivated(title->child(0)->child(0), 0);
-    }
-    EXPECT_EQ(TopLine(), u"ｺﾈｸﾀ, pins"_s);
-    Press(u"cmdBack"_s);
-    EXPECT_EQ(TopLine(), u"ライタ"_s);
-    Press(u"cmdForward"_s);
-    EXPECT_EQ(TopLine(), u"ｺﾈｸﾀ, pins"_s);
-    Press(u"cmdBack"_s);
-    Press(u"cmdHome"_s);
-    EXPECT_EQ(TopLine(), u"Tolvex の使い方"_s);
-    for (const QString& link : {u"#ｺﾈｸﾀ-pins"_s, u"#gone"_s}) {
-        Q_EMIT page.anchorClicked(QUrl(link));
-        EXPECT_EQ(TopLine(), u"ｺﾈｸﾀ, pins"_s);
+    ASSERT_TRUE(contents.topLevelItemCount() == 1 && title->childCount() == 2);
+    EXPECT_EQ(title->text(0), start);
+    QTreeWidgetItem* section = title->child(0);
+    const std::pair<std::function<void()>, QString> steps[] = {
+        {[&] { Choose(section); }, u"ライタ"_s},
+        {[&] { Choose(section->child(0)), Choose(section->child(0)); }, pins},  // counts once
+        {[&] { Press("cmdBack"); }, u"ライタ"_s},
+        {[&] { Press("cmdForward"); }, pins},
+        {[&] { Press("cmdHome"); }, start},
+        {[&] { Q_EMIT page.anchorClicked(QUrl(u"#ｺﾈｸﾀ-pins"_s)); }, pins},
+        {[&] { Q_EMIT page.anchorClicked(QUrl(u"#gone"_s)); }, pins},
+    };
+    for (const auto& [step, line] : steps) {
+        step();
+        EXPECT_EQ(TopLine(), line);
     }
 }
 
@@ -89,27 +87,26 @@ TEST_F(HelpWindowTest, SearchGoesOnFromMatchToMatchAndStartsAgain) {
 }
 
 TEST_F(HelpWindowTest, OpensAgainAtTheBeginningAndReadsWhatHasChanged) {
-    const QString file = folder.filePath(u"help"_s);
-    Q_EMIT contents.itemActivated(contents.topLevelItem(0)->child(1), 0);
-    EXPECT_EQ(TopLine(), u"ライタ"_s);
+    const QString file = folder.filePath(u"help"_s), gone = folder.filePath(u"gone.hlp"_s);
+    Choose(contents.topLevelItem(0)->child(1));
     const int revision = page.document()->revision();
     window.Load(file);
-    EXPECT_EQ(page.document()->revision(), revision);  // not read again: that takes its time
+    EXPECT_EQ(page.document()->revision(), revision) << "not read again: that takes its time";
     EXPECT_EQ(TopLine(), u"Tolvex の使い方"_s);
     EXPECT_FALSE(window.findChild<QAbstractButton*>(u"cmdBack"_s)->isEnabled());
     QFile changed(file);
-    ASSERT_TRUE(changed.open(QIODevice::WriteOnly));
-    changed.write("# new\n");
-    changed.flush();
+    ASSERT_TRUE(changed.open(QIODevice::WriteOnly) && changed.write("# new\n") && changed.flush());
     changed.setFileTime(QDateTime::currentDateTime().addSecs(9), QFile::FileModificationTime);
-    const QString gone = folder.filePath(u"gone.hlp"_s);
-    for (const auto& [path, shown] : {std::pair(file, u"new"_s),
-                                      {gone, u"ヘルプファイルを開くことができません。\n"_s + gone},
-                                      {file, u"new"_s}}) {
+    const QString missing = u"ヘルプファイルを開くことができません。\n"_s + gone;
+    for (const auto& [path, shown] :
+         {std::pair(file, u"new"_s), {gone, missing}, {file, u"new"_s}}) {
         window.Load(path);
         EXPECT_EQ(page.toPlainText(), shown);
         EXPECT_EQ(contents.topLevelItemCount(), path == file ? 1 : 0);
     }
+}
+
+TEST_F(HelpWindowTest, FitsTheScreenAndIsUsedByKeyboard) {
     EXPECT_LE(window.width(), QGuiApplication::primaryScreen()->availableSize().width() - 24);
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&window)->role(), QAccessible::Window);
     window.activateWindow();

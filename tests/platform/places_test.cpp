@@ -10,11 +10,13 @@
 #include <QTemporaryDir>
 #include <memory>
 
+#include "base/settings_keys.h"
 #include "platform/com_ports.h"
 #include "platform/program_folder.h"
 #include "platform/settings_file.h"
 #include "platform/single_instance.h"
 #include "tests/support/real_files.h"
+#include "tests/support/recorder.h"
 
 namespace tolvex {
 namespace {
@@ -22,30 +24,28 @@ namespace {
 using namespace Qt::StringLiterals;
 
 TEST(ComPorts, NumbersMeanTheSystemsDevicesUnlessALinkLeadsElsewhere) {
-    const std::pair<int, QString> cases[] = {
-        // clang-format off
-        {0, u""_s}, {1, u"/dev/ttyS0"_s}, {4, u"/dev/ttyS3"_s}, {5, u"/dev/ttyUSB0"_s},
-        {12, u"/dev/ttyUSB7"_s}, {13, u"/dev/ttyACM0"_s}, {20, u"/dev/ttyACM7"_s}, {21, u""_s},
-        // clang-format on
-    };
-    for (const auto& [number, path] : cases) {
-        EXPECT_EQ(ComPorts(u"/missing/folder/"_s).DevicePath(number), path) << number;
-    }
     QTemporaryDir config;
     ASSERT_TRUE(QDir(config.path()).mkdir(u"ports"_s));
     const QString link = config.filePath(u"ports/com"_s);
     ASSERT_TRUE(QFile::link(u"/dev/null"_s, link + u'3'));
     ASSERT_TRUE(QFile::link(u"../gone"_s, link + u'4'));
     ComPorts ports(config.path() + u'/');
+    ports.Assign(2, u"/dev/mine"_s);
+    const std::pair<int, QString> cases[] = {
+        // clang-format off
+        {0, u""_s}, {1, u"/dev/ttyS0"_s}, {2, u"/dev/mine"_s}, {3, link + u'3'}, {4, link + u'4'},
+        {5, u"/dev/ttyUSB0"_s}, {12, u"/dev/ttyUSB7"_s}, {13, u"/dev/ttyACM0"_s},
+        {20, u"/dev/ttyACM7"_s}, {21, u""_s},
+        // clang-format on
+    };
+    for (const auto& [number, path] : cases) {
+        EXPECT_EQ(ports.DevicePath(number), path) << number;
+    }
+    EXPECT_EQ(ComPorts(u"/missing/folder/"_s).DevicePath(4), u"/dev/ttyS3"_s);
     const QList<ComPort> all = ports.All();
     ASSERT_EQ(all.size(), kComPortCount);
-    for (const int index : {2, 3}) {
-        EXPECT_EQ(all[index].number, index + 1);
-        EXPECT_EQ(all[index].devicePath, link + QString::number(index + 1));
-        EXPECT_EQ(all[index].present, index == 2) << "the other leads nowhere";
-    }
-    ports.Assign(3, u"/dev/mine"_s);
-    EXPECT_EQ(ports.DevicePath(3), u"/dev/mine"_s);
+    EXPECT_TRUE(all[2].number == 3 && all[2].devicePath == link + u'3' && all[2].present);
+    EXPECT_FALSE(all[3].present) << "leads nowhere";
 }
 
 TEST(ProgramFolder, IsEnteredAndComesFirstForTheListings) {
@@ -71,20 +71,33 @@ TEST(SingleInstance, IsFirstUnlessAnotherRuns) {
     EXPECT_FALSE(SingleInstance(path).IsFirst());
     EXPECT_FALSE(SingleInstance(path).IsFirst()) << "the refused one took the mark away";
     first.reset();
-    EXPECT_TRUE(SingleInstance(path).IsFirst());
-    EXPECT_TRUE(SingleInstance(u"/proc/gone/tolvex.lock"_s).IsFirst()) << "no place for the mark";
-
-    const pid_t child = ::fork();
-    if (child == 0) {
+    if (const pid_t child = ::fork(); child == 0) {
         const SingleInstance killed(path);
         ::_exit(killed.IsFirst() ? 0 : 1);  // no destructor runs
     }
-    ::waitpid(child, nullptr, 0);
-    ASSERT_TRUE(QFileInfo::exists(path));
+    int status = -1;
+    ::wait(&status);
+    EXPECT_TRUE(status == 0 && QFileInfo::exists(path));
     EXPECT_TRUE(SingleInstance(path).IsFirst()) << "a killed process does not count";
     for (const QByteArray& powerCut : {QByteArray(), QByteArray("\0\0\0\0", 4)}) {
         testing::PutFile(path, powerCut);
         EXPECT_TRUE(SingleInstance(path).IsFirst()) << powerCut.toHex().constData();
+    }
+    EXPECT_TRUE(SingleInstance(u"/proc/gone/tolvex.lock"_s).IsFirst()) << "no place for the mark";
+}
+
+TEST(SettingsKeys, DamagedValuesReadAsTheDefault) {
+    const std::tuple<const char*, NumberKey, QString, double> cases[] = {
+        {"words", keys::PgmWidth, u"wide"_s, 6900},
+        {"not finite", keys::MainTop, u"inf"_s, 100},
+        {"negative size", keys::MainHeight, u"-1"_s, 7900},
+        {"port beyond COM20, asked whether one was chosen", keys::ComNoxChosen, u"21"_s, 0},
+        {"flag of another number", keys::IndexComFlag, u"2"_s, 2},
+    };
+    for (const auto& [what, key, stored, read] : cases) {
+        testing::MemorySettings settings;
+        settings.values[QString::fromLatin1(key.name)] = stored;
+        EXPECT_EQ(GetNumber(settings, key), read) << what;
     }
 }
 

@@ -17,6 +17,7 @@
 #include <QTemporaryDir>
 #include <QTimer>
 #include <cstdarg>
+#include <numeric>
 #include <thread>
 
 #include "platform/event_loop_clock.h"
@@ -94,10 +95,8 @@ struct QtSerialPortTest : ::testing::Test {
 };
 
 TEST_F(QtSerialPortTest, EveryByteValuePassesBothWaysUnchanged) {
-    QByteArray all, received(300, 0);
-    for (int value = 0; value < 256; ++value) {
-        all.append(static_cast<char>(value));
-    }
+    QByteArray all(256, 0), received(300, 0);
+    std::iota(all.begin(), all.end(), '\0');
     termios mode{};  // both ends share it
     ::tcgetattr(line, &mode);
     EXPECT_EQ(::cfgetospeed(&mode), static_cast<speed_t>(B19200));
@@ -113,8 +112,7 @@ TEST_F(QtSerialPortTest, EveryByteValuePassesBothWaysUnchanged) {
     EXPECT_TRUE(WaitForInput(256));
     writer.join();
     EXPECT_EQ(port.ReadAll(), all);
-    EXPECT_LT(clock.Now() - begin, 500ms) << "bytes end a rest before its deadline";
-    EXPECT_LT(passes, 20);
+    EXPECT_TRUE(clock.Now() - begin < 500ms && passes < 20) << "bytes end a rest";
 }
 
 TEST_F(QtSerialPortTest, SetsRtsAndBorrowsTheLowLatencyMode) {
@@ -198,12 +196,11 @@ TEST_F(QtSerialPortTest, ALockFileThatAKilledRunOfRootLeftIsNoHindrance) {
 }
 
 TEST_F(QtSerialPortTest, APortThatCannotBeOpenedStaysClosed) {
+    QtSerialPort second(ports);
     for (const int number : {3, 4, 21}) {  // busy, dangling, none
-        QtSerialPort second(ports);
         second.Configure({.number = number});
-        EXPECT_FALSE(second.Open()) << number;
-        EXPECT_FALSE(second.IsOpen() || second.Write("S") || second.LastError().isEmpty())
-            << number;
+        EXPECT_FALSE(second.Open() || second.IsOpen() || second.Write("S")) << number;
+        EXPECT_FALSE(second.LastError().isEmpty()) << number;
         second.DiscardInput();
         EXPECT_TRUE(second.ReadAll().isEmpty());
     }
@@ -212,43 +209,38 @@ TEST_F(QtSerialPortTest, APortThatCannotBeOpenedStaysClosed) {
 }
 
 TEST(EventLoopClock, DeadlinesAreKeptWithoutSpinning) {
+    EventLoopClock clock;
     for (const EventClock::Instant wait : {300us, 1200us, 100'000us}) {
-        EventLoopClock clock;
-        EventClock::Instant leastLate = 1h;
-        int leastPasses = 1000;
+        bool kept = false;
         // The best one counts: the machine may have other work.
-        for (int attempt = 0; attempt < 40 && (leastLate >= 2ms || leastPasses > 2); ++attempt) {
+        for (int attempt = 0; attempt < 40 && !kept; ++attempt) {
             const EventClock::Instant deadline = clock.Now() + wait;
             int passes = 0;
             for (; clock.Now() < deadline && passes < 1000; ++passes) {
                 clock.Yield(deadline);
             }
-            leastLate = std::min(leastLate, clock.Now() - deadline);
-            leastPasses = std::min(leastPasses, passes);
+            ASSERT_GE(clock.Now(), deadline) << wait.count() << " us";
+            kept = clock.Now() - deadline < 2ms && passes <= 2;
         }
-        EXPECT_GE(leastLate, 0us) << wait.count() << " us";
-        EXPECT_LT(leastLate, 2ms) << wait.count() << " us";
-        EXPECT_LE(leastPasses, 2) << wait.count() << " us";
+        EXPECT_TRUE(kept) << wait.count() << " us";
     }
 }
 
 TEST(EventLoopClock, TheEndReleasesEveryWaitAndDeliversNothingMore) {
     EventLoopClock clock;
     bool late = false;
-    EXPECT_FALSE(clock.Ended());
+    const EventClock::Instant begin = clock.Now();
     QTimer::singleShot(5, [&] {
         clock.End();
-        clock.Yield(clock.Now() + 1h);  // nested in the outer yield
+        clock.Yield(begin + 1h);  // nested in the outer yield
         QMetaObject::invokeMethod(
             qApp, [&] { late = true; }, Qt::QueuedConnection);
     });
-    const EventClock::Instant begin = clock.Now();
     while (!clock.Ended()) {
         clock.Yield(begin + 1h);
     }
     clock.Yield(begin + 1h);
-    EXPECT_LT(clock.Now() - begin, 2s);
-    EXPECT_FALSE(late);
+    EXPECT_TRUE(clock.Now() - begin < 2s && !late);
     QCoreApplication::processEvents();  // before `late` goes out of scope
 }
 
