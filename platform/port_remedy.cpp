@@ -21,11 +21,10 @@ QString SeatText(SeatRule rule) {
         case SeatRule::NotForIt:
             break;
         case SeatRule::Missing:
-            return u"パッケージをインストールしてアダプタを挿し直すと、この端末の前にいる人は使えま"
-                   u"す。"
-                   "または、"_s;
+            return u"パッケージをインストールしてアダプタを挿し直すと、"
+                   "マシンの前にいる人は使えます。または、"_s;
         case SeatRule::Installed:
-            return u"パッケージの udev の規則では、この端末の前にいる人が使えます。"
+            return u"パッケージの udev の規則では、マシンの前にいる人が使えます。"
                    "インストールの前に挿したアダプタは挿し直してください。それでも使えなければ、"_s;
     }
     return {};
