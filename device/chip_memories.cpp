@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 int Word(const FlashImage& image, int word) {
-    const auto cell = static_cast<std::size_t>(2 * word);
+    const auto cell = 2 * static_cast<std::size_t>(word);
     return image[cell] * 256 + image[cell + 1];
 }
 
