@@ -56,7 +56,7 @@ PortRemedy ForbiddenPort(const QString& path, const PortFacts& facts) {
             text + u"グループ %1 には登録済みです。ログインし直してください。"_s.arg(facts.group),
             u"newgrp %1"_s.arg(facts.group)};
     }
-    return {text + SeatText(facts.seatRule) + u"実行後、ログインし直してください。"_s,
+    return {text + SeatText(facts.seatRule) + u"次のコマンドを実行し、ログインし直してください。"_s,
             u"sudo usermod -aG %1 $USER"_s.arg(facts.group)};
 }
 
