@@ -4,13 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <QBuffer>
-#include <QFile>
 #include <QJsonDocument>
 #include <QTemporaryDir>
 #include <memory>
 #include <numeric>
 
 #include "cli/command_line.h"
+#include "tests/support/real_files.h"
 #include "tests/support/recorder.h"
 #include "tests/support/simulated_port.h"
 #include "tests/support/virtual_clock.h"
@@ -95,20 +95,9 @@ class CliBench {
     }
     /// Writes a file and gives its path.
     QString File(const QString& name, const QByteArray& text) const {
-        QFile file(Path(name));
-        file.open(QIODevice::WriteOnly);
-        file.write(text);
-        return file.fileName();
+        PutFile(Path(name), text);
+        return Path(name);
     }
-    /// The Flash words that are told to be written.
-    std::string Written() const {
-        return Json()["written"_L1]["flashWords"_L1][0].toString().toStdString();
-    }
-    static QByteArray Contents(const QString& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no such file");
-    }
-
     VirtualClock clock;
     std::unique_ptr<SimulatedChip> chip;
     SimulatedWriter board;

@@ -31,6 +31,7 @@ TEST(Commands, RefuseWhatIsWrong) {
     const QByteArray every = "detect; verify @a.hex; read @out.hex; read @out.hex --only flash; ";
     const Fault unset = [](CliBench& b) { b.settings.values.remove(u"ComNox"_s); };
     const std::tuple<Fault, QByteArray, const char*> cases[] = {
+        // clang-format off
         {Insert("AT90S2323"), every + "erase; program @a.hex", "1 wrongChip"},
         {Insert("none"), every + "erase; program @a.hex", "1 emptySocket"},
         {Lock(0xF9), every + "program @a.hex --backup @bk", "1 locked"},
@@ -40,18 +41,14 @@ TEST(Commands, RefuseWhatIsWrong) {
         {Spoil('d', Wrong, 200), "program @a.hex --keep-eeprom", "1 unstable"},
         {Spoil('R', Wrong, 9), "program @a.eep --only eeprom", "1 unstable"},
         {kNothing, "program /dev/zero --force; verify @none", "2 fileNotReadable"},
-        {kNothing, "program @sum.hex; program @sum.hex --force; program @lower.hex --force",
-         "2 badFile"},
-        {kNothing, "program @a.hex --backup @sum.hex/x; --trace @no/trace detect; read @no/x.hex",
-         "2 fileNotWritten"},
-        {kNothing, "program @a.hex @a.eep --keep-eeprom; program @a.eep; program @a.hex @a.hex",
-         "2 wrongUse"},
+        {kNothing, "program @sum.hex; program @sum.hex --force; program @lower.hex --force", "2 badFile"},
+        {kNothing, "program @a.hex --backup @sum.hex/x; --trace @no/trace detect; read @no/x.hex", "2 fileNotWritten"},
+        {kNothing, "program @a.hex @a.eep --keep-eeprom; program @a.eep; program @a.hex @a.hex", "2 wrongUse"},
         {kNothing, "program @a.hex --only lock; program @a.hex @a.eep --only flash", "2 wrongUse"},
-        {kNothing,
-         "; check caf\xE9.hex; burn; program; program a b c; detect x; detect --force; read -",
-         "2 wrongUse"},
+        {kNothing, "; check caf\xE9.hex; burn; program; program a b c; detect x; detect --force; read -", "2 wrongUse"},
         {kNothing, "--port COM0 detect; --port 21 detect; --device AT90 detect", "2 wrongUse"},
         {kNothing, "read @out.hex @out.hex; read - --only flash --json", "2 wrongUse"},
+        // clang-format on
     };
     for (const auto& [fault, lines, outcome] : cases) {
         for (const QByteArray& line : lines.split(';')) {

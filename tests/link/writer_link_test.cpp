@@ -22,7 +22,7 @@ struct OpenBench : TestBench {
 
     WriterCommands& writer = bench.commands;
     ErrorFlag& flag = bench.state.errorFlag;
-    QString text = u"as it was"_s;
+    QString text;
     std::uint8_t high = 0x12, low = 0x34;
     std::array<std::uint8_t, 3> signature{};
 };
@@ -110,19 +110,6 @@ TEST(SerialCommands, AReplyAtTheDeadlineCountsALaterOneIsNobodys) {
         EXPECT_TRUE(b.writer.ReadProgramWord(b.high, b.low, b.flag));
         EXPECT_EQ(b.high, 0xFF);
     }
-}
-
-TEST(SerialCommands, ALongReplyCountsByItsFirstBytesAShortOneNotAtAll) {
-    OpenBench b;
-    b.board.SetLetterFault('V', FaultKind::Short, 1);
-    b.board.SetLetterFault('V', FaultKind::Long, 2);
-    b.writer.ReadSoftwareVersion(b.text, b.flag);
-    EXPECT_TRUE(b.flag.Failed() && b.writer.SoftwareVersion().isEmpty());
-    EXPECT_EQ(b.text, u"as it was"_s);
-    const int yields = b.clock.Yields();
-    b.writer.ReadSoftwareVersion(b.text, b.flag);
-    EXPECT_TRUE(b.text == u"3.9" && b.writer.SoftwareVersion() == u"3.9");
-    EXPECT_EQ(b.clock.Yields(), yields) << "nothing to wait for costs no yield";
 }
 
 TEST(SerialCommands, TheShutdownEndsEveryWaitAtOnce) {

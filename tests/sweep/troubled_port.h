@@ -9,18 +9,9 @@ namespace tolvex::testing {
 class TroubledPort : public SimulatedPort {
   public:
     /// First the faults of a board's reply, in the board's order.
-    enum Trouble {
-        Silent,
-        Short,
-        Wrong,
-        Long,
-        Late,
-        HangUp,
-        Dead,
-        RefusedLetter,
-        RefusedRest,
-        kEnd
-    };
+    // clang-format off
+    enum Trouble { Silent, Short, Wrong, Long, Late, HangUp, Dead, RefusedLetter, RefusedRest, kEnd };
+    // clang-format on
     static constexpr const char* kNames[] = {"silent", "short",          "wrong",
                                              "long",   "late",           "hang-up",
                                              "dead",   "refused letter", "refused rest"};

@@ -120,7 +120,7 @@ TEST_F(Programs, TheBoardKeepsChipLogAndLinkOverHangUpsAndRuns) {
         state + u" --baud 0 --fault 3:wrong --fault 12:hang-up --log "_s + Path(u"log"_s));
     EXPECT_EQ(QFile::symLinkTarget(Path(u"port"_s)), terminal)
         << board_.readAllStandardError().data();
-    EXPECT_EQ(Run("$2 --link $1/port"), 1);
+    EXPECT_EQ(Run("exec $2 --link $1/port"), 1);
     EXPECT_EQ(error_, "tolvex-writer: @port leads to " + terminal.toUtf8() + " already\n");
     EXPECT_EQ(Run("$0 detect | grep -q ': ?.0'"), 0);
     EXPECT_EQ(Run("$0 --json detect | grep -q lineLost"), 0);
@@ -160,18 +160,18 @@ TEST_F(Programs, TheBoardPlaysWhatTheToolHasRecordedAndEndsWithIt) {
 
 TEST_F(Programs, TheBoardEndsAtOnceWhenItCannotWork) {
     const std::tuple<const char*, int, const char*> cases[] = {
-        {"$2 --baud x", 2, "--baud is a number from 0 to 4000000"},
-        {"$2 --fault 0:silent", 2, "--fault is K:KIND, such as 3:silent, and not 0:silent"},
-        {"$2 --empty --device 1", 2, "--empty goes with neither --device nor --state"},
-        {"$2 --log x --log y", 2, "--log was given twice"},
-        {"$2 --device 99", 2, "--device: no such chip: 99"},
-        {"$2 blink.hex", 2, "unknown argument: blink.hex"},
-        {"$2 --device 8 --state $1/state", 1,
-         "state file @state holds a chip of another kind: AT90S2313"},
-        {"echo { >$1/damaged; $2 --state $1/damaged", 1, "state file @damaged"},
-        {"$2 --link $1/damaged", 1, "@damaged is in the way: it is no symbolic link"},
-        {"ln -s /dev/null $1/adapter; $2 --link $1/adapter", 1,
-         "@adapter leads to /dev/null already"},
+        // clang-format off
+        {"exec $2 --baud x", 2, "--baud is a number from 0 to 4000000"},
+        {"exec $2 --fault 0:silent", 2, "--fault is K:KIND, such as 3:silent, and not 0:silent"},
+        {"exec $2 --empty --device 1", 2, "--empty goes with neither --device nor --state"},
+        {"exec $2 --log x --log y", 2, "--log was given twice"},
+        {"exec $2 --device 99", 2, "--device: no such chip: 99"},
+        {"exec $2 blink.hex", 2, "unknown argument: blink.hex"},
+        {"exec $2 --device 8 --state $1/state", 1, "state file @state holds a chip of another kind: AT90S2313"},
+        {"echo { >$1/damaged; exec $2 --state $1/damaged", 1, "state file @damaged"},
+        {"exec $2 --link $1/damaged", 1, "@damaged is in the way: it is no symbolic link"},
+        {"ln -s /dev/null $1/adapter; exec $2 --link $1/adapter", 1, "@adapter leads to /dev/null already"},
+        // clang-format on
     };
     StartBoard(u"--device AT90S2313 --state "_s + Path(u"state"_s));
     for (const auto& [script, status, complaint] : cases) {
