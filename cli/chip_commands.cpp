@@ -15,7 +15,7 @@ namespace {
 int ReadChip(Session& session, Memories memories, bool force, MemoryImages& images) {
     if (!memories.Both()) {
         return InOrder([&] { return session.DetectPart(force); },
-                       [&] { return ReadMemories(session, memories, images); });
+                       [&] { return session.ReadMemories(memories, images); });
     }
     const ChainResult result = session.RunChain(u"Read", force);
     images = session.Bench().state.images;
@@ -31,11 +31,11 @@ int ReadChip(Session& session, Memories memories, bool force, MemoryImages& imag
 int VerifyChip(Session& session, Memories memories, bool force, const MemoryImages& images) {
     if (!memories.Both()) {
         MemoryImages chip;
-        return InOrder([&] { return ReadChip(session, memories, force, chip); },
-                       [&] {
-                           return TellDifferences(
-                               session, Compare(session.Device(), memories, images, chip));
-                       });
+        return InOrder(
+            [&] { return ReadChip(session, memories, force, chip); },
+            [&] {
+                return session.JudgeDifferences(Compare(session.Device(), memories, images, chip));
+            });
     }
     session.Bench().state.images = images;
     const VerifyResult result = session.RunChain(u"Verify", force).verify.value_or(VerifyResult{});
@@ -45,7 +45,7 @@ int VerifyChip(Session& session, Memories memories, bool force, const MemoryImag
                                  u"ベリファイできませんでした。"_s);
         },
         [&] { return session.RequirePart(force); },
-        [&] { return TellDifferences(session, result.differences); });
+        [&] { return session.JudgeDifferences(result.differences); });
 }
 
 }  // namespace

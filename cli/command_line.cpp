@@ -162,14 +162,14 @@ class CommandLine {
         options.trace = parser_.value(u"trace"_s);
         const QString port = ValueOf("port", kPortVariable, from);
         if (!port.isEmpty() || parser_.isSet(u"port"_s)) {
-            options.port = ChoosePort(port, around_.comPorts);
+            options.port = around_.comPorts.Choose(port);
             if (!options.port) {
                 return u"%1: ポートは COM1 から COM20 か、デバイスのパスです: %2"_s.arg(from, port);
             }
         }
         const QString device = ValueOf("device", kDeviceVariable, from);
         if (!device.isEmpty() || parser_.isSet(u"device"_s)) {
-            options.device = ChooseDevice(device);
+            options.device = FindDevice(device);
             if (!options.device) {
                 return u"%1: 知らないデバイスです: %2"_s.arg(from, device);
             }

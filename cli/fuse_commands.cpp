@@ -16,16 +16,8 @@ namespace {
 constexpr int kLockFull = 0;  ///< the entry after which a chip can't be read
 constexpr int kUnknown = -1;  ///< bits that no entry stands for
 
-struct NameRow {
-    OptionList list;
-    QStringView name;
-};
-
-constexpr NameRow kNames[] = {
-    {OptionList::FSTRT, u"FSTRT"},       {OptionList::RCEN, u"RCEN"},
-    {OptionList::BODLEVEL, u"BODLEVEL"}, {OptionList::BODEN, u"BODEN"},
-    {OptionList::CKSEL, u"CKSEL"},       {OptionList::LockBit, u"LOCK"},
-};
+/// As the lists are declared.
+constexpr QStringView kNames[] = {u"FSTRT", u"RCEN", u"BODLEVEL", u"BODEN", u"CKSEL", u"LOCK"};
 
 /// The lock list's entries have a word each that can be typed on any keyboard.
 constexpr QStringView kLockWords[] = {u"full", u"write", u"none"};
@@ -34,7 +26,7 @@ constexpr QStringView kLockWords[] = {u"full", u"write", u"none"};
 using Selection = QMap<OptionList, int>;
 
 QString NameOf(OptionList list) {
-    return std::ranges::find(kNames, list, &NameRow::list)->name.toString();
+    return kNames[static_cast<std::size_t>(list)].toString();
 }
 
 /// Those that the chip has, in the order of the settings window.
@@ -127,14 +119,12 @@ int ReadBits(Session& session, Selection& selection) {
 
 int ReadBitsTwice(Session& session, Selection& selection) {
     Selection again;
-    if (const int status = ReadBits(session, selection)) {
-        return status;
-    }
-    if (const int status = ReadBits(session, again)) {
-        return status;
-    }
-    return session.Judge(selection == again, cause::Unstable,
-                         u"二度読んだ Lock/Fuse ビットが違います。何も書いていません。"_s);
+    return InOrder(
+        [&] { return ReadBits(session, selection); }, [&] { return ReadBits(session, again); },
+        [&] {
+            return session.Judge(selection == again, cause::Unstable,
+                                 u"二度読んだ Lock/Fuse ビットが違います。何も書いていません。"_s);
+        });
 }
 
 void ShowByte(Session& session, const QString& name, std::optional<int> before, int after) {
@@ -184,8 +174,8 @@ int Confirm(Session& session, const Selection& wanted) {
         return kDone;
     }
     Selection now;
-    const int status = ReadBits(session, now);
-    return status == kDone ? session.Judge(now == wanted, cause::NotTaken, text) : status;
+    return InOrder([&] { return ReadBits(session, now); },
+                   [&] { return session.Judge(now == wanted, cause::NotTaken, text); });
 }
 
 /// One of the two bytes, and the proof that the chip has taken it.
@@ -193,11 +183,9 @@ int WriteByte(Session& session, LockFuseResult (LockFuseBits::*operation)(),
               const Selection& wanted) {
     session.Report()[u"confirmed"_s] = true;
     const bool written = session.RunFuses(operation).done;
-    if (const int status =
-            session.Judge(written, cause::CommandRefused, u"Lock/Fuse ビットを書けません。"_s)) {
-        return status;
-    }
-    return Confirm(session, wanted);
+    const int status =
+        session.Judge(written, cause::CommandRefused, u"Lock/Fuse ビットを書けません。"_s);
+    return status == kDone ? Confirm(session, wanted) : status;
 }
 
 /// The fuses go first: once the lock bits are set, the chip refuses fuses.
@@ -263,10 +251,8 @@ int Lock(Session& session, const Call& call) {
         return session.Fail(cause::WrongUse,
                             u"MODE は full、write、none のどれかです: %1"_s.arg(call.arguments[0]));
     }
-    if (const int status = session.RequirePort()) {
-        return status;
-    }
-    return WriteBits(session, {{OptionList::LockBit, *entry}});
+    const int status = session.RequirePort();
+    return status == kDone ? WriteBits(session, {{OptionList::LockBit, *entry}}) : status;
 }
 
 }  // namespace tolvex

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "image/data_file_name.h"
 #include "image/hex_reader.h"
 #include "image/hex_writer.h"
 
@@ -20,10 +21,6 @@ namespace {
 constexpr auto kStandard = u"-";
 /// Of a memory of 64 KiB, even with a byte a line, a HEX file has less.
 constexpr qsizetype kLargestFile = 16 << 20;
-
-bool IsData(const QString& path) {
-    return path.endsWith(u".eep"_s, Qt::CaseInsensitive);
-}
 
 QString DataBeside(const QString& code) {
     const QString suffix = QFileInfo(code).suffix();
@@ -127,18 +124,17 @@ int ImageFiles::From(Session& session, const Call& call, Use use, ImageFiles& fi
         return session.Fail(cause::WrongUse, text);
     };
     const QString first = call.arguments[0];
-    const auto memories =
-        Memories::Named(call.Has("only") ? call.options.value(u"only"_s) : QString());
-    if (!memories) {
-        return wrong(u"--only は flash か eeprom です。"_s);
-    }
-    files.memories = *memories;
-    if (!memories->Both()) {
-        (memories->flash ? files.code : files.data) = first;
+    if (call.Has("only")) {
+        const QString only = call.options.value(u"only"_s);
+        files.memories = {.flash = only == u"flash", .eeprom = only == u"eeprom"};
+        if (files.memories.flash == files.memories.eeprom) {
+            return wrong(u"--only は flash か eeprom です。"_s);
+        }
+        (files.memories.flash ? files.code : files.data) = first;
         return call.arguments.size() == 1 ? int{kDone}
                                           : wrong(u"--only ではファイルは一つです。"_s);
     }
-    if (IsData(first)) {
+    if (IsDataFileName(first)) {
         return wrong(u"EEPROM のファイルです。--only eeprom を指定してください: %1"_s.arg(first));
     }
     files.code = first;
@@ -207,14 +203,6 @@ int SaveImages(Session& session, const ImageFiles& files, const MemoryImages& im
         session.Tell(u"保存しました: %1"_s.arg(written.join(u", "_s)));
     }
     return kDone;
-}
-
-QString HexFindingText(const HexFinding& finding) {
-    QString text = u"%1 行目: %2"_s.arg(finding.line).arg(HexFaultText(finding.fault));
-    if (finding.address >= 0) {
-        text += u" (0x%1)"_s.arg(QString::number(finding.address, 16).toUpper());
-    }
-    return finding.more == 0 ? text : text + u" ほか %1 行"_s.arg(finding.more);
 }
 
 QJsonObject HexFindingJson(const HexFinding& finding) {

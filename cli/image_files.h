@@ -4,7 +4,6 @@
 #include <optional>
 
 #include "cli/command.h"
-#include "cli/memory.h"
 #include "image/hex_check.h"
 
 namespace tolvex {
@@ -38,8 +37,6 @@ int LoadFiles(Session& session, const ImageFiles& files, bool force, LoadedFiles
 /// Writes the memories that have a file. An old file stays whole until all new ones are. A status.
 int SaveImages(Session& session, const ImageFiles& files, const MemoryImages& images);
 
-/// "12 行目: チェックサムが違います。"
-QString HexFindingText(const HexFinding& finding);
 /// {"line": 12, "fault": "checksum"}, with an "address" and a number "more" where there is one.
 QJsonObject HexFindingJson(const HexFinding& finding);
 

@@ -5,6 +5,7 @@
 #include "cli/command.h"
 #include "cli/image_files.h"
 #include "device/catalogue.h"
+#include "image/data_file_name.h"
 
 namespace tolvex {
 
@@ -52,7 +53,7 @@ int Check(Session& session, const Call& call) {
     bool readable = true;
     bool clean = true;
     for (const QString& path : call.arguments) {
-        const bool data = path.endsWith(u".eep"_s, Qt::CaseInsensitive);
+        const bool data = IsDataFileName(path);
         const int size = data ? device.eepromBytes : 2 * device.flashWords;
         const HexReport report = CheckFile(path, size);
         readable = readable && report.readable;

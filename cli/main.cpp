@@ -3,6 +3,7 @@
 #include <QFile>
 #include <csignal>
 
+#include "base/utf8_locale.h"
 #include "cli/command_line.h"
 #include "platform/event_loop_clock.h"
 #include "platform/qt_serial_port.h"
@@ -10,11 +11,8 @@
 
 #ifdef Q_OS_UNIX
 #include <fcntl.h>
-#include <langinfo.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
-
-#include <clocale>
 #endif
 
 namespace {
@@ -59,16 +57,6 @@ void OpenStandardStreams() {
 #endif
 }
 
-/// Qt wants UTF-8 and says so on every run under LANG=C.
-void ChooseLocale() {
-#ifdef Q_OS_UNIX
-    std::setlocale(LC_ALL, "");
-    if (qstrcmp(::nl_langinfo(CODESET), "UTF-8") != 0) {
-        qputenv("LC_ALL", "C.UTF-8");
-    }
-#endif
-}
-
 /// Width of the terminal that the error stream is; 0 = it is none.
 int Columns() {
 #ifdef Q_OS_UNIX
@@ -87,7 +75,7 @@ int main(int argc, char** argv) {
     using namespace tolvex;
     OpenStandardStreams();
     HearSignals();
-    ChooseLocale();
+    ChooseUtf8Locale();
     const QCoreApplication application(argc, argv);
     QFile out;
     QFile error;

@@ -3,58 +3,16 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
-#include <algorithm>
 
 #include "cli/command.h"
 #include "cli/image_files.h"
-#include "device/used_extent.h"
+#include "device/write_plan.h"
 
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-using Seconds = std::chrono::duration<double>;
-
-// Bytes on the wire of a command with its reply. One waits for the other, so both count.
-constexpr int kDetect = (1 + 7) + (1 + 2) + (1 + 2) + (3 + 1);
-constexpr int kBracket = (1 + 1) + (1 + 1);
-constexpr int kSignature = 1 + 3;
-constexpr int kErase = 1 + 1;
-constexpr int kAddress = 3 + 1;
-constexpr int kWriteWord = 2 * (2 + 1);
-constexpr int kReadWord = 1 + 2;
-constexpr int kWriteByte = 2 + 1;
-constexpr int kReadByte = 1 + 1;
-
-/// How long the chains take when the writer answers at once: 19200 baud, ten bits a byte, and the
-/// pauses after each bracket.
-Seconds OnWire(int bytes, int brackets) {
-    return Seconds(bytes / 1920.0) + brackets * Seconds(0.1);
-}
-
-Seconds EraseTime() {
-    return OnWire(kDetect + kSignature + kBracket + kErase, 1);
-}
-
-/// What is written into the chip.
-struct WritePlan {
-    int flashWords = 0;
-    int eepromBytes = 0;   ///< programmed, blank ones are not
-    int eepromExtent = 0;  ///< verified: up to the last used one
-};
-
-/// Nothing to write: the chip is read to see that it is blank.
-Seconds ProgramTime(const WritePlan& plan, const CurrentDevice& device) {
-    const bool blank = plan.flashWords == 0 && plan.eepromBytes == 0;
-    const int write = kAddress + plan.flashWords * kWriteWord +
-                      plan.eepromBytes * (kAddress + kWriteByte) + 3 * kBracket + kSignature;
-    const int words = blank ? device.flashWords : std::max(plan.flashWords, 1);
-    const int bytes = blank ? device.eepromBytes : std::max(plan.eepromExtent, 1);
-    const int read = kAddress + words * kReadWord + bytes * (kAddress + kReadByte) + 2 * kBracket;
-    return EraseTime() + (blank ? OnWire(read, 2) : OnWire(write + read, 5) + Seconds(1));
-}
 
 /// What a command does before it changes the chip.
 struct Precautions {
@@ -126,23 +84,14 @@ int Keep(Session& session, const std::optional<Memories>& kept, MemoryImages& im
         return kDone;
     }
     MemoryImages again;
-    return InOrder([&] { return ReadMemories(session, *kept, images); },
-                   [&] { return ReadMemories(session, *kept, again); },
+    return InOrder([&] { return session.ReadMemories(*kept, images); },
+                   [&] { return session.ReadMemories(*kept, again); },
                    [&] {
                        return session.Judge(
                            Compare(session.Device(), *kept, images, again).isEmpty(),
                            cause::Unstable,
                            u"二度読んだ内容が違います。チップには何も書いていません。"_s);
                    });
-}
-
-WritePlan PlanFor(const CurrentDevice& device, const MemoryImages& images) {
-    const int lastWord = LastUsedWord(images.flash, device.flashWords);
-    const int extent = LastUsedByte(images.eeprom, device.eepromBytes) + 1;
-    const auto blank = std::count(images.eeprom.begin(), images.eeprom.begin() + extent, kErased);
-    return {.flashWords = lastWord < 0 ? 0 : std::max(lastWord, 1) + 1,
-            .eepromBytes = extent - static_cast<int>(blank),
-            .eepromExtent = extent};
 }
 
 void TellPlan(Session& session, const WritePlan& plan) {
@@ -160,8 +109,8 @@ void TellPlan(Session& session, const WritePlan& plan) {
 int ProveBlank(Session& session) {
     MemoryImages chip;
     return InOrder(
-        [&] { return ReadMemories(session, {}, chip); },
-        [&] { return TellDifferences(session, Compare(session.Device(), {}, {}, chip)); });
+        [&] { return session.ReadMemories({}, chip); },
+        [&] { return session.JudgeDifferences(Compare(session.Device(), {}, {}, chip)); });
 }
 
 int WriteChip(Session& session, const MemoryImages& images) {
@@ -178,7 +127,7 @@ int WriteChip(Session& session, const MemoryImages& images) {
     const VerifyResult& verify = result.program->verify;
     return result.program->flashWritten && result.program->eepromWritten && verify.flashCompared &&
                    verify.eepromCompared
-               ? TellDifferences(session, verify.differences)
+               ? session.JudgeDifferences(verify.differences)
                : session.Judge(false, cause::CommandRefused, text);
 }
 

@@ -6,7 +6,6 @@
 #include <optional>
 
 #include "cli/chip_record.h"
-#include "cli/choices.h"
 #include "cli/console.h"
 #include "cli/exit_status.h"
 #include "cli/fixed_settings.h"
@@ -15,6 +14,8 @@
 #include "cli/stoppable_clock.h"
 #include "cli/terminal_person.h"
 #include "cli/trace_file.h"
+#include "device/catalogue.h"
+#include "device/chip_memories.h"
 #include "platform/com_ports.h"
 #include "platform/port_facts.h"
 #include "workbench/workbench.h"
@@ -104,14 +105,20 @@ class Session {
     ChainResult RunChain(QStringView key, bool force = false);
     /// Runs an operation on lock and fuse bits.
     LockFuseResult RunFuses(LockFuseResult (LockFuseBits::*operation)());
+    /// Reads memories of a chip that has been found.
+    int ReadMemories(Memories memories, MemoryImages& images);
     /// The status after an operation. What kept it from succeeding is looked for in the line, the
     /// writer and the chip; `cause` is what remains.
     int Judge(bool success, Cause cause, const QString& text);
+    /// The same after a comparison; prints the differences and puts them into the report.
+    int JudgeDifferences(const QList<VerifyResult::Difference>& differences);
 
     /// Leaves the board as it should be and gives the final status.
     int Finish(int status);
 
   private:
+    /// The port was asked for by its path.
+    bool ByPath() const { return options_.port && options_.port->byPath; }
     int FailOpening();
     int FailReading();
     ChipReading LookAtChip();

@@ -36,4 +36,26 @@ int FlashWordsOfSizeCode(std::uint8_t sizeCode) {
     return row == std::end(kSizeCodes) ? 0 : row->words;
 }
 
+QString PartNumber(const QString& catalogueName) {
+    const auto end = std::ranges::find_if(
+        catalogueName, [](QChar c) { return c.unicode() > 0x7F || !c.isLetterOrNumber(); });
+    return catalogueName.left(end - catalogueName.begin());
+}
+
+QString PartOf(const std::array<std::uint8_t, 3>& signature) {
+    const auto row = std::ranges::find(Catalogue(), signature, &DeviceRecord::signature);
+    return row == Catalogue().end() ? QString() : PartNumber(row->name);
+}
+
+std::optional<int> FindDevice(const QString& text) {
+    const auto rows = Catalogue();
+    for (std::size_t index = 0; index < rows.size(); ++index) {
+        const QString& name = rows[index].name;
+        if (name == text || PartNumber(name).compare(text, Qt::CaseInsensitive) == 0) {
+            return static_cast<int>(index);
+        }
+    }
+    return std::nullopt;
+}
+
 }  // namespace tolvex

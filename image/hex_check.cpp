@@ -12,6 +12,8 @@
 
 namespace tolvex {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct FaultRow {
@@ -212,6 +214,14 @@ QStringView HexFaultName(HexFault fault) {
 
 QStringView HexFaultText(HexFault fault) {
     return Row(fault).text;
+}
+
+QString HexFindingText(const HexFinding& finding) {
+    QString text = u"%1 行目: %2"_s.arg(finding.line).arg(HexFaultText(finding.fault));
+    if (finding.address >= 0) {
+        text += u" (0x%1)"_s.arg(QString::number(finding.address, 16).toUpper());
+    }
+    return finding.more == 0 ? text : text + u" ほか %1 行"_s.arg(finding.more);
 }
 
 HexReport CheckHex(const QString& path, int memoryBytes) {

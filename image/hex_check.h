@@ -34,6 +34,9 @@ struct HexFinding {
     int more = 0;      ///< further lines with the same fault, which are not listed
 };
 
+/// "12 行目: チェックサムが違います。"
+QString HexFindingText(const HexFinding& finding);
+
 /// Of each fault so many are listed, so that the report of any file stays short.
 inline constexpr int kListedOfAFault = 10;
 

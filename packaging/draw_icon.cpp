@@ -6,11 +6,14 @@
 #include <QSvgRenderer>
 #include <cstdio>
 
+#include "base/utf8_locale.h"
+
 int main(int argc, char** argv) {
     if (argc < 4) {
         std::fputs("Usage: tolvex-draw-icon ICON.svg FOLDER SIZE...\n", stderr);
         return 2;
     }
+    tolvex::ChooseUtf8Locale();
     QSvgRenderer icon(QString::fromLocal8Bit(argv[1]));
     const QString folder = QString::fromLocal8Bit(argv[2]);
     for (int i = 3; i < argc; ++i) {

@@ -111,7 +111,7 @@ install_it() {
         as_person cmake --build --preset release
         ! as_person sh -c 'cd build-release && cpack' ||
             fail "a package was made without dpkg-shlibdeps"
-        install_quietly dpkg-dev
+        install_quietly dpkg-dev file
     fi
     run_block README.md 2
     dpkg-deb --info build-release/tolvex_*.deb

@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSerialPortInfo>
 
 namespace tolvex {
@@ -52,6 +53,11 @@ QString AdapterName(const QSerialPortInfo& info) {
     return info.description().isEmpty() ? info.manufacturer() : info.description();
 }
 
+/// A bare name is a device's own, as the system lists it.
+QString WholePath(const QString& text) {
+    return text.contains(u'/') ? QFileInfo(text).absoluteFilePath() : u"/dev/"_s + text;
+}
+
 }  // namespace
 
 ComPorts::ComPorts(const QString& configFolder)
@@ -71,6 +77,28 @@ QString ComPorts::DevicePath(int number) const {
     }
 #endif
     return StandardPath(number);
+}
+
+std::optional<PortChoice> ComPorts::Choose(const QString& text) {
+    static const QRegularExpression numbered(u"^(?:COM)?(\\d+)$"_s,
+                                             QRegularExpression::CaseInsensitiveOption);
+    const auto match = numbered.match(text);
+    if (match.hasMatch()) {
+        const int number = match.captured(1).toInt();
+        return number >= 1 && number <= kComPortCount ? std::optional(PortChoice{number, false})
+                                                      : std::nullopt;
+    }
+    if (text.isEmpty()) {
+        return std::nullopt;
+    }
+    const QString path = WholePath(text);
+    for (int number = 1; number <= kComPortCount; ++number) {
+        if (DevicePath(number) == path) {
+            return PortChoice{number, true};
+        }
+    }
+    Assign(1, path);
+    return PortChoice{1, true};
 }
 
 QList<ComPort> ComPorts::All() const {

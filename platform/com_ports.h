@@ -4,6 +4,7 @@
 #include <QList>
 #include <QMap>
 #include <QString>
+#include <optional>
 
 #include "base/serial_port.h"
 
@@ -16,6 +17,11 @@ struct ComPort {
     /// device node proves nothing (Linux keeps /dev/ttyS0 to 3 without any hardware).
     bool present = false;
     QString adapter;  ///< the adapter's own name; empty when unknown
+};
+
+struct PortChoice {
+    int number;   ///< 1 to 20
+    bool byPath;  ///< the number is only the port's place, the path is what was asked for
 };
 
 /// Which device stands behind COM1 to COM20. On Windows they are the system's own ports. Elsewhere,
@@ -34,6 +40,10 @@ class ComPorts {
 
     /// From now on `number` leads to `path`, whatever else is set up for it.
     void Assign(int number, const QString& path) { assigned_[number] = path; }
+
+    /// The COM number that `text` stands for: a number ("COM5", "5"), or a device path, which is
+    /// then assigned to that number. Nothing for a number outside 1 to 20.
+    std::optional<PortChoice> Choose(const QString& text);
 
     /// All twenty, in order.
     QList<ComPort> All() const;

@@ -5,6 +5,9 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
+
+#include "platform/left_lock.h"
 
 #ifdef Q_OS_UNIX
 #include <grp.h>
@@ -56,6 +59,19 @@ bool IsMember([[maybe_unused]] const QString& group) {
     return false;
 }
 
+SeatRule FindSeatRule(const QString& deviceName) {
+    if (!deviceName.startsWith(u"ttyUSB"_s) && !deviceName.startsWith(u"ttyACM"_s)) {
+        return SeatRule::NotForIt;
+    }
+    // Where udev looks.
+    static const QString kFolders[] = {u"/etc"_s, u"/run"_s, u"/usr/local/lib"_s, u"/usr/lib"_s,
+                                       u"/lib"_s};
+    const bool installed = std::ranges::any_of(kFolders, [](const QString& folder) {
+        return QFileInfo::exists(folder + u"/udev/rules.d/70-tolvex.rules"_s);
+    });
+    return installed ? SeatRule::Installed : SeatRule::Missing;
+}
+
 }  // namespace
 
 PortFacts InspectPort(const QString& path) {
@@ -66,6 +82,8 @@ PortFacts InspectPort(const QString& path) {
         facts.permitted = device.isReadable() && device.isWritable();
         facts.group = device.group();
         facts.member = IsMember(facts.group);
+        facts.seatRule = FindSeatRule(device.fileName());
+        facts.leftLock = LeftLock(path);
         FindHolder(device.filePath(), facts);
     }
     return facts;

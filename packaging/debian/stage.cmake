@@ -4,12 +4,12 @@ cmake_minimum_required(VERSION 3.25)
 if(NOT CPACK_GENERATOR STREQUAL "DEB")
   return()
 endif()
-foreach(tool IN ITEMS dpkg-shlibdeps gzip)
+foreach(tool IN ITEMS dpkg-shlibdeps file gzip)
   string(MAKE_C_IDENTIFIER ${tool} found)
   find_program(${found} ${tool})
   if(NOT ${found})
     message(FATAL_ERROR "${tool} is missing: without it the package would lack its dependencies or "
-      "stay uncompressed. It is in the package dpkg-dev or gzip.")
+      "stay uncompressed. It is in the package dpkg-dev, file or gzip.")
   endif()
 endforeach()
 
@@ -26,3 +26,6 @@ if(NOT pages)
   message(FATAL_ERROR "There are no manual pages: scdoc was missing when the build was configured.")
 endif()
 execute_process(COMMAND ${gzip} -9 -n ${doc}/changelog ${pages} COMMAND_ERROR_IS_FATAL ANY)
+# Whatever the umask of whoever builds.
+execute_process(COMMAND find ${CPACK_TEMPORARY_DIRECTORY} -type d -exec chmod 755 {} +
+  COMMAND_ERROR_IS_FATAL ANY)

@@ -9,6 +9,7 @@ namespace {
 
 TEST(DoctorCommand, FindsTheCauseAndTheCommandThatMendsIt) {
     const PortFacts outside{.exists = true, .group = u"dialout"_s};
+    const PortFacts noRule{.exists = true, .group = u"dialout"_s, .seatRule = SeatRule::Missing};
     const PortFacts member{.exists = true, .group = u"dialout"_s, .member = true};
     const PortFacts held{
         .exists = true, .permitted = true, .holder = u"minicom"_s, .holderProcess = 4711};
@@ -17,7 +18,10 @@ TEST(DoctorCommand, FindsTheCauseAndTheCommandThatMendsIt) {
         {Facts({}), "3 portMissing", ""},
         {Facts(outside), "3 portForbidden", "sudo usermod -aG dialout $USER"},
         {Facts(member), "3 portForbidden", "newgrp dialout"},
+        {Facts(noRule), "3 portForbidden", "sudo usermod -aG dialout $USER"},
         {Facts({.exists = true}), "3 portForbidden", "sudo chmod a+rw /dev/ttyACM7"},
+        {Facts({.exists = true, .permitted = true, .leftLock = u"/var/lock/LCK..ttyACM7"_s}, false),
+         "0", "sudo rm /var/lock/LCK..ttyACM7"},
         {Facts(held), "3 portBusy", "kill 4711"},
         {kBusy, "3 portBusy", "sudo fuser -k /dev/ttyACM7"},
         {[](CliBench& b) { b.board.SetFaultFrom(9, FaultKind::Silent); }, "1 writerSilent",
@@ -30,6 +34,7 @@ TEST(DoctorCommand, FindsTheCauseAndTheCommandThatMendsIt) {
         EXPECT_EQ(b.Run("doctor --port COM20"), outcome[0] - '0');
         EXPECT_TRUE(b.Out().endsWith(QString::fromUtf8(command) + u'\n')) << b.Out().toStdString();
         EXPECT_EQ(b.Err().contains(u"ログインし直して"_s), QByteArray(command).contains("dialout"));
+        EXPECT_EQ(b.Err().contains(u"パッケージ"_s), b.facts.seatRule != SeatRule::NotForIt);
         EXPECT_EQ(b.Outcome("doctor --port COM20"), outcome);
     }
 }

@@ -49,6 +49,7 @@ class Programs : public ::testing::Test {
     /// For `sh -c`, with $0 the tool and its options, $1 the folder and $2 the board's program.
     void Start(QString script) {
         script.replace(u"$0"_s, u"\"$0\" --port $1/port --device AT90S2313"_s);
+        script.replace(u"$2"_s, u"\"$2\""_s);
         shell_.setWorkingDirectory(QStringLiteral(TOLVEX_SOURCE_DIR));
         shell_.start(u"sh"_s, {u"-c"_s, u"export XDG_CONFIG_HOME=$1/config; "_s + script,
                                QStringLiteral(TOLVEX_BIN_DIR "/tolvex-cli"), folder_.path(),

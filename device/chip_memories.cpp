@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "cli/memory.h"
-
-#include <QJsonArray>
+#include "device/chip_memories.h"
 
 namespace tolvex {
 
@@ -10,24 +8,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 int Word(const FlashImage& image, int word) {
-    const auto cell = static_cast<std::size_t>(2 * word);
+    const auto cell = 2 * static_cast<std::size_t>(word);
     return image[cell] * 256 + image[cell + 1];
 }
 
 }  // namespace
 
-std::optional<Memories> Memories::Named(const QString& word) {
-    if (word.isEmpty()) {
-        return Memories{};
-    }
-    const Memories named{.flash = word == u"flash", .eeprom = word == u"eeprom"};
-    return named.flash || named.eeprom ? std::optional(named) : std::nullopt;
-}
-
-int ReadMemories(Session& session, Memories memories, MemoryImages& images) {
-    const CurrentDevice& device = session.Device();
-    WriterCommands& writer = session.Bench().commands;
-    MessageDialog& dialog = session.Bench().person.dialog;
+bool ReadMemories(WriterCommands& writer, MessageDialog& dialog, const CurrentDevice& device,
+                  Memories memories, MemoryImages& images) {
     ErrorFlag flag;
     const auto read = [&](const QString& text, int cells, const auto& readCell) {
         dialog.ShowMessage(MessageMode::Progress, text);
@@ -55,16 +43,16 @@ int ReadMemories(Session& session, Memories memories, MemoryImages& images) {
             writer.ReadDataByte(images.eeprom[at], flag);
         });
     }
-    return session.Judge(!flag.Failed(), cause::WriterSilent, u"チップを読めません。"_s);
+    return !flag.Failed();
 }
 
 QList<VerifyResult::Difference> Compare(const CurrentDevice& device, Memories memories,
                                         const MemoryImages& expected, const MemoryImages& chip) {
     QList<VerifyResult::Difference> differences;
     for (int word = 0; memories.flash && word < device.flashWords; ++word) {
-        if (Word(expected.flash, word) != Word(chip.flash, word)) {
-            differences << VerifyResult::Difference{true, word, Word(expected.flash, word),
-                                                    Word(chip.flash, word)};
+        const int wanted = Word(expected.flash, word);
+        if (const int found = Word(chip.flash, word); found != wanted) {
+            differences << VerifyResult::Difference{true, word, wanted, found};
         }
     }
     for (int byte = 0; memories.eeprom && byte < device.eepromBytes; ++byte) {
@@ -75,22 +63,6 @@ QList<VerifyResult::Difference> Compare(const CurrentDevice& device, Memories me
         }
     }
     return differences;
-}
-
-int TellDifferences(Session& session, const QList<VerifyResult::Difference>& differences) {
-    QJsonArray array;
-    for (const auto& [flash, address, expected, chip] : differences) {
-        const auto hex = flash ? HexWord4 : HexByte;
-        session.Print(u"%1 %2: ファイル %3, チップ %4"_s.arg(
-            flash ? u"Flash "_s : u"EEPROM"_s, HexWord4(address), hex(expected), hex(chip)));
-        array << QJsonObject{{u"memory"_s, flash ? u"flash"_s : u"eeprom"_s},
-                             {u"address"_s, address},
-                             {u"expected"_s, expected},
-                             {u"chip"_s, chip}};
-    }
-    session.Report()[u"differences"_s] = array;
-    return session.Judge(differences.isEmpty(), cause::Differs,
-                         u"チップの内容が違います（%1 か所）。"_s.arg(differences.size()));
 }
 
 }  // namespace tolvex

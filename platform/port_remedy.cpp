@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "platform/port_remedy.h"
+
+#include <QFileInfo>
+
+#include "platform/settings_file.h"
+
+namespace tolvex {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The system lists these whether something hangs on them or not.
+bool IsBoardPort(const QString& path) {
+    return path.startsWith(u"/dev/ttyS"_s);
+}
+
+QString SeatText(SeatRule rule) {
+    switch (rule) {
+        case SeatRule::NotForIt:
+            break;
+        case SeatRule::Missing:
+            return u"パッケージをインストールしてアダプタを挿し直すと、"
+                   "マシンの前にいる人は使えます。または、"_s;
+        case SeatRule::Installed:
+            return u"パッケージの udev の規則では、マシンの前にいる人が使えます。"
+                   "インストールの前に挿したアダプタは挿し直してください。それでも使えなければ、"_s;
+    }
+    return {};
+}
+
+}  // namespace
+
+PortRemedy MissingPort(const ComPorts& ports, int number) {
+    const QString path = ports.DevicePath(number);
+    for (const ComPort& other : ports.All()) {
+        if (other.present && other.devicePath != path && !IsBoardPort(other.devicePath)) {
+            const QString folder = ConfigFolder() + u"/ports"_s;
+            return {u"%1 はありません。%2 があります。"_s.arg(path, other.devicePath),
+                    u"mkdir -p '%1' && ln -sfn %2 '%1/com%3'"_s.arg(folder, other.devicePath)
+                        .arg(number)};
+        }
+    }
+    return {u"%1 はありません。アダプタを挿し直し、認識されたか調べてください。"_s.arg(path),
+            u"ls -l /dev/ttyUSB* /dev/ttyACM*"_s};
+}
+
+PortRemedy ForbiddenPort(const QString& path, const PortFacts& facts) {
+    const QString text = u"%1 を使う権限がありません。"_s.arg(path);
+    if (facts.group.isEmpty() || facts.group == u"root"_s) {
+        return {text, u"sudo chmod a+rw %1"_s.arg(path)};
+    }
+    if (facts.member) {
+        return {
+            text + u"グループ %1 には登録済みです。ログインし直してください。"_s.arg(facts.group),
+            u"newgrp %1"_s.arg(facts.group)};
+    }
+    return {text + SeatText(facts.seatRule) + u"次のコマンドを実行し、ログインし直してください。"_s,
+            u"sudo usermod -aG %1 $USER"_s.arg(facts.group)};
+}
+
+PortRemedy BusyPort(const QString& path, const PortFacts& facts, const QString& reason) {
+    if (facts.holderProcess != 0) {
+        return {u"%1 は %2 (PID %3) が使っています。"_s.arg(path, facts.holder)
+                    .arg(facts.holderProcess),
+                u"kill %1"_s.arg(facts.holderProcess)};
+    }
+    return {u"%1 を開けません: %2"_s.arg(path, reason), u"sudo fuser -k %1"_s.arg(path)};
+}
+
+PortRemedy SlowPort(const QString& path) {
+    const QString name =
+        QFileInfo(QFileInfo(path).exists() ? QFileInfo(path).canonicalFilePath() : path).fileName();
+    return {u"応答が遅すぎます。アダプタの待ち時間を短くしてください。"_s,
+            name.startsWith(u"ttyUSB"_s)
+                ? u"echo 1 | sudo tee /sys/bus/usb-serial/devices/%1/latency_timer"_s.arg(name)
+                : u"sudo setserial %1 low_latency"_s.arg(path)};
+}
+
+PortRemedy LockedPort(const QString& lockFile) {
+    return {
+        u"終了したプログラムのロックファイルが残っています。ここでは無視しますが、"
+        "ほかのプログラムは開けません。"_s,
+        u"sudo rm %1"_s.arg(lockFile)};
+}
+
+}  // namespace tolvex
