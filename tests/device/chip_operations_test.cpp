@@ -99,6 +99,14 @@ TEST(ReadOperation, FillsTheImagesAndLeavesTheRest) {
     EXPECT_EQ(b.bench.state.images.eeprom[128], 0x66);
 }
 
+TEST(ReadOperation, ASilentWordEndsItWhereItStands) {
+    TestBench b;
+    b.board.SetLetterFault('R', FaultKind::Silent, 101);
+    EXPECT_FALSE(b.Press(u"Read"_s));
+    EXPECT_EQ(b.Wire().count(u"R"_s), 101);
+    EXPECT_EQ(b.Wire().last(), u"R"_s) << "programming mode stays";
+}
+
 TEST(ToolbarSequences, AListingThatCannotBeWrittenEndsTheChainAndIsTold) {
     const std::pair<QString, QString> cases[] = {
         {u"Program"_s, u"avrhex.txt"_s}, {u"Program"_s, u"avrvfy.txt"_s},

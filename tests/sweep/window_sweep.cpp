@@ -87,13 +87,18 @@ QString Run(const Operation& operation, const std::function<void(WindowBench&, i
         b.board.SetFault(operation.fault, FaultKind::Silent);
     }
     auto& flag = b.program.Bench().state.errorFlag.value;
-    bool touched = false;
+    bool touched = false;  // the flag, or the dialog of what runs
+    const auto dialogShown = [&b] {
+        const auto* dialog = b.Find<QDialog>("frmMsg");
+        return dialog != nullptr && dialog->isVisible();
+    };
     int yields = 0;
     b.clock.OnYield([&] {
         if (!b.clock.Ended()) {
             const auto before = std::exchange(flag, 2);  // kept by who leaves it alone
+            const bool shown = dialogShown();
             atYield(b, ++yields);
-            touched = touched || std::exchange(flag, before) != 2;
+            touched = touched || std::exchange(flag, before) != 2 || shown != dialogShown();
         }
     });
     b.Click(operation.button);
