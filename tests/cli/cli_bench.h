@@ -5,16 +5,11 @@
 
 #include <QBuffer>
 #include <QJsonDocument>
-#include <QTemporaryDir>
-#include <memory>
 #include <numeric>
 
 #include "cli/command_line.h"
 #include "tests/support/real_files.h"
-#include "tests/support/recorder.h"
-#include "tests/support/simulated_port.h"
-#include "tests/support/virtual_clock.h"
-#include "writer/simulated_writer.h"
+#include "tests/support/test_bench.h"
 
 namespace tolvex::testing {
 
@@ -37,15 +32,10 @@ inline const QByteArray kData = "\x41\x42";
 
 /// The tool in front of a simulated board at COM1, in virtual time; nothing is stored but the port.
 /// The folder holds a.hex and a.eep.
-class CliBench {
+class CliBench : public Surroundings {
   public:
     /// The chip in the socket: its entry in the device list.
-    explicit CliBench(int chipIndex = 2)
-        : chip(std::make_unique<SimulatedChip>(*FindChipModel(QString::number(chipIndex)))),
-          board(chip.get()),
-          port(board, clock),
-          comPorts(folder.path()) {
-        settings.values = {{u"ComNox"_s, u"1"_s}, {u"device"_s, QString::number(chipIndex)}};
+    explicit CliBench(int chipIndex = 2, int baud = 19200) : Surroundings(chipIndex, baud) {
         qunsetenv("TOLVEX_PORT");
         qunsetenv("TOLVEX_DEVICE");
         File(u"a.hex"_s, HexRecord(0, kCode) + kHexEnd);
@@ -61,7 +51,7 @@ class CliBench {
         Console console(out_, error_, [this] { return columns; });
         const int status =
             RunCommandLine(QStringList{u"tolvex-cli"_s} + arguments,
-                           {*usedPort, [] { return u"busy"_s; }, clock, settings, comPorts, console,
+                           {port, [] { return u"busy"_s; }, clock, settings, comPorts, console,
                             signal, [this](const QString&) { return facts; }});
         out_.close();
         error_.close();
@@ -98,14 +88,8 @@ class CliBench {
         PutFile(Path(name), text);
         return Path(name);
     }
-    VirtualClock clock;
-    std::unique_ptr<SimulatedChip> chip;
-    SimulatedWriter board;
-    SimulatedPort port;
-    MemorySettings settings;
-    QTemporaryDir folder;
-    ComPorts comPorts;
-    SerialPort* usedPort = &port;
+
+    ComPorts comPorts{folder.path()};
     int columns = 0;  ///< of the terminal
     /// Also the place to meddle with the board while a command runs.
     std::function<int()> signal = [] { return 0; };

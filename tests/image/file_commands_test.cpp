@@ -4,13 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <QRegularExpression>
-#include <QTemporaryDir>
 
 #include "base/settings_keys.h"
 #include "image/data_file_name.h"
-#include "image/listing_files.h"
 #include "tests/support/real_files.h"
-#include "tests/support/recorder.h"
+#include "tests/support/test_bench.h"
 
 namespace tolvex::testing {
 namespace {
@@ -33,20 +31,11 @@ struct Step {
 constexpr std::nullptr_t kDrop = nullptr;
 
 /// The file commands over real files in a folder of their own, with a scripted person.
-struct FileCommandBench {
-    FileCommandBench() { Forget(); }
+struct FileCommandBench : TestBench {
+    FileCommandBench() { Fresh(); }
 
-    QTemporaryDir dir, listingDir;
-    Recorder person;
-    const Person all = person.AsPerson();
-    MemorySettings settings;
-    ProgramState state{.device = {u"AT90S1200"_s, 0x13, 512, 64, FuseGroup::LockOnly}};
-    ListingFiles listings{{.folders = {listingDir.path() + u'/'}, .person = all, .state = state}};
-    FileCommands commands{{.listings = listings,
-                           .settings = settings,
-                           .person = all,
-                           .state = state,
-                           .mainCaption = [] { return u"Tolvex 1.2.3"_s; }}};
+    QTemporaryDir dir;
+    ProgramState& state = bench.state;
 
     QString Path(const QString& name) const { return dir.filePath(name); }
     /// Without this bench's folder, wherever it stands.
@@ -55,12 +44,12 @@ struct FileCommandBench {
         QStringList paths = step.chosen;
         paths.replaceInStrings(QRegularExpression(u"^"_s), dir.path() + u'/');
         if (step.command == kDrop) {
-            return commands.OpenDropped(paths);
+            return bench.files.OpenDropped(paths);
         }
         person.fileAnswers = {paths.isEmpty() ? FileDialogAnswer{} : Chosen(paths.first())};
-        (commands.*step.command)();
+        (bench.files.*step.command)();
     }
-    void Forget() {
+    void Fresh() {
         state.images.flash.fill(0x77);
         state.images.eeprom.fill(0x77);
         settings.values.clear();
@@ -130,14 +119,14 @@ TEST(FileCommands, WhatTheDialogsAskFor) {
         // clang-format on
     };
     for (const auto& [command, expected] : cases) {
-        FileCommandBench bench;
-        bench.Do({&F::mnuFileOpenData_Click, {u"last.hex"_s}});
-        bench.settings.values = {{u"OPEN_DIR"_s, u"/c/open"_s}, {u"SAVE_DIR"_s, u"/c/save"_s}};
-        bench.Do({command});
-        const FileDialogRequest& r = bench.person.fileRequests.last();
+        FileCommandBench b;
+        b.Do({&F::mnuFileOpenData_Click, {u"last.hex"_s}});
+        b.settings.values = {{u"OPEN_DIR"_s, u"/c/open"_s}, {u"SAVE_DIR"_s, u"/c/save"_s}};
+        b.Do({command});
+        const FileDialogRequest& r = b.person.fileRequests.last();
         const QStringList asked{r.title, r.filter, r.defaultSuffix, r.directory, r.initialName};
-        EXPECT_EQ(expected.left(5) + bench.Short(asked.join(u'@')), expected);
-        EXPECT_TRUE(bench.person.calls.contains(expected.left(5) + u"dialog "_s + r.title));
+        EXPECT_EQ(expected.left(5) + b.Short(asked.join(u'@')), expected);
+        EXPECT_TRUE(b.person.calls.contains(expected.left(5) + u"dialog "_s + r.title));
     }
 }
 
@@ -181,20 +170,20 @@ TEST(FileCommands, OpeningLeavesBehind) {
         // clang-format on
     };
     for (const auto& [steps, met, left] : cases) {
-        FileCommandBench bench;
-        QDir(bench.dir.path()).mkpath(u"a.hex/sub"_s);
-        QDir(bench.dir.path()).mkpath(u"folder.hex"_s);
-        MakeFifo(bench.Path(u"fifo.hex"_s));
+        FileCommandBench b;
+        QDir(b.dir.path()).mkpath(u"a.hex/sub"_s);
+        QDir(b.dir.path()).mkpath(u"folder.hex"_s);
+        MakeFifo(b.Path(u"fifo.hex"_s));
         for (const auto& [name, content] : files) {
-            PutFile(bench.Path(name), content);
+            PutFile(b.Path(name), content);
         }
         for (const Step& step : steps) {
-            bench.Forget();
-            bench.Do(step);
+            b.Fresh();
+            b.Do(step);
         }
-        EXPECT_EQ(bench.Met(), met) << left.toStdString();
-        EXPECT_EQ(bench.Left(), left);
-        EXPECT_FALSE(bench.state.names.ReloadFlag);
+        EXPECT_EQ(b.Met(), met) << left.toStdString();
+        EXPECT_EQ(b.Left(), left);
+        EXPECT_FALSE(b.state.names.ReloadFlag);
     }
 }
 
@@ -219,25 +208,25 @@ TEST(FileCommands, SavingLeavesBehind) {
         // clang-format on
     };
     for (const auto& [step, code, data, old, overwrite, met, folder] : cases) {
-        FileCommandBench bench;
+        FileCommandBench b;
         for (const QString& name : old) {
-            PutFile(bench.Path(name), "old");
-            QFile::setPermissions(bench.Path(name),
+            PutFile(b.Path(name), "old");
+            QFile::setPermissions(b.Path(name),
                                   QFile::Permissions(name == locked ? 0x4444 : 0x6666));
         }
-        MakeFifo(bench.Path(u"fifo.eep"_s));
-        QFile::setPermissions(bench.dir.path(), QFileDevice::Permissions(0x7777));
-        bench.state.names.CodeFileName = code.isEmpty() ? QString() : bench.Path(code);
-        bench.state.names.DataFileName = data.isEmpty() ? QString() : bench.Path(data);
-        bench.person.okCancelAnswers << overwrite;
+        MakeFifo(b.Path(u"fifo.eep"_s));
+        QFile::setPermissions(b.dir.path(), QFileDevice::Permissions(0x7777));
+        b.state.names.CodeFileName = code.isEmpty() ? QString() : b.Path(code);
+        b.state.names.DataFileName = data.isEmpty() ? QString() : b.Path(data);
+        b.person.okCancelAnswers << overwrite;
         const OrdinaryUser user;
         if (!user.Bound()) {
             GTEST_SKIP() << "root can't give up its rights here";
         }
-        bench.Do(step);
-        EXPECT_EQ(bench.Met(), met) << folder.toStdString();
-        EXPECT_EQ(bench.Folder(), folder);
-        EXPECT_EQ(bench.Left().section(u'|', 2, 3), code + u'|' + data) << "stay as they were";
+        b.Do(step);
+        EXPECT_EQ(b.Met(), met) << folder.toStdString();
+        EXPECT_EQ(b.Folder(), folder);
+        EXPECT_EQ(b.Left().section(u'|', 2, 3), code + u'|' + data) << "stay as they were";
     }
 }
 

@@ -23,7 +23,7 @@ TestBench::TestBench(int deviceIndex, SerialPort* line, EventClock* time)
              .settings = settings,
              .folders = folders,
              .person = person.AsPerson(),
-             .mainCaption = {},
+             .mainCaption = [] { return QStringLiteral("Tolvex 1.2.3"); },
              .showPortDialog = {}}) {
     bench.selection.FillDeviceLists();
     Forget();

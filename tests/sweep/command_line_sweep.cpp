@@ -63,7 +63,7 @@ constexpr const char* kTroubles[][2] = {
 
 /// The tool in front of a chip that holds something.
 struct World : CliBench {
-    explicit World(const Case& c) : CliBench(c.chip), command(c) {
+    explicit World(const Case& c) : CliBench(c.chip, 0), command(c) {
         Fill();
         before = chip->Contents();
         before.fuses = 0xFB;
@@ -72,7 +72,6 @@ struct World : CliBench {
         File(u"out.hex"_s, "old");
         File(u"out.eep"_s, "old");
         old = Files();
-        usedPort = &fast;
     }
     /// With a fresh chip.
     int Run(int exchange = -1, int trouble = 0) {
@@ -109,8 +108,7 @@ struct World : CliBench {
     ChipContents before, asked;
     QByteArray old;
     QStringList letters;
-    SimulatedPort fast{board, clock, 0};
-    TroubledLine troubled{fast, board, letters};
+    TroubledLine troubled{port, board, letters};
 };
 
 using Rule = std::pair<const char*, bool>;
@@ -152,7 +150,7 @@ QList<Rule> Judge(const World& w, const World& calm, int exchange, int trouble, 
         {"a change is told", !changed || told},
         {"no other change", !changed || w.asked != w.before},
         {"written words are told", used % 2 == 0 && (!counts || written["flashWords"_L1][0].toString() == words[used / 2])},
-        {"port closed", !w.fast.IsOpen()},
+        {"port closed", !w.port.IsOpen()},
         {"programming mode left", !w.board.InProgrammingMode() || may},
         {"given up soon", w.clock.Now() < std::chrono::seconds(40)},
         {"a signal ends it", !signalled || (status == 130 && !errors.contains(u"失敗"_s)) || exchange == calm.letters.size()},
