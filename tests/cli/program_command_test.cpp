@@ -122,14 +122,6 @@ TEST(ProgramCommand, SavesABackupThatRestoresTheChip) {
     EXPECT_EQ(b.chip->Contents(), before);
 }
 
-TEST(ProgramCommand, GivesUpSoonOnAWriterThatAnswersEveryOtherCommandOnly) {
-    CliBench b;
-    Spoil('c', Silent)(b);
-    b.File(u"a.hex"_s, HexRecord(0, QByteArray(200, 1)) + HexRecord(200, "\x02") + kHexEnd);
-    EXPECT_EQ(b.Outcome("program @a.hex"), "1 writerSilent");
-    EXPECT_LT(b.clock.Now(), std::chrono::seconds(30));
-}
-
 TEST(ProgramCommand, QuietKeepsCausesAndDifferences) {
     CliBench b;
     Spoil('C', Wrong, 2)(b);
