@@ -19,6 +19,7 @@ const QString kFlashShown = u"flash listing"_s, kEepromShown = u"eeprom listing"
 const QString kCannotOpen = u"message OK: 指定されたファイルを開くことができませんでした。"_s;
 const QString kQuestion = u"question ファイル保存|ファイルが存在します。上書きしますか？"_s;
 const QString kFailed = u"box Stop ファイル保存|ファイル保存できませんでした。"_s;
+const QString kOpened = u"status 1: ファイルをオープンしました。"_s;
 const QString kSaved = u"status 1: ファイルを保存しました．"_s;
 
 using Command = void (FileCommands::*)();
@@ -132,8 +133,7 @@ TEST(FileCommands, WhatTheDialogsAskFor) {
 
 TEST(FileCommands, OpeningLeavesBehind) {
     const QString hex = u"blink.hex"_s, eep = u"blink.eep"_s, deep = u"a.hex/sub/a.hex"_s;
-    const QStringList allShown{kFlashShown, kEepromShown,
-                               u"status 1: ファイルをオープンしました。"_s};
+    const QStringList allShown{kFlashShown, kEepromShown, kOpened};
     const QByteArray code = ":020000000C945E\r\n:00000001FF\r\n", data = ":0100000048B7\r\n";
     const std::pair<QString, QByteArray> files[] = {
         // clang-format off

@@ -42,11 +42,8 @@ TEST(WindowDialogs, FileDialogsShowTheRequestAndReturnWholeNames) {
     const QTemporaryDir folder, other;
     testing::PutFile(folder.filePath(u"old.hex"_s), "");
     testing::PutFile(folder.filePath(u"README"_s), "");
-    FileDialogRequest request{u"コードファイル(*.hex)を開く"_s,
-                              {},
-                              u"Hex File|*.hex;*.rom|All Files|*.*|"_s,
-                              u"hex;rom"_s,
-                              {}};
+    const QString filter = u"Hex File|*.hex;*.rom|All Files|*.*|"_s;
+    FileDialogRequest request{u"コードファイル(*.hex)を開く"_s, {}, filter, u"hex;rom"_s, {}};
     // clang-format off
     const struct { QString stated, name, start, shown; } places[] = {
         {folder.path(), other.filePath(u"a.hex"_s), folder.path(), u"a.hex"_s},
