@@ -17,7 +17,7 @@ namespace {
 /// the dialog closed, "1" and "2" a listing brought up to date, "3" the verify report, "#" a box.
 QString Line(const QStringList& transcript) {
     static const QRegularExpression failure(
-        u"^status 1: (?:ｺﾐﾆｭｹｰｼｮﾝ失敗|返答ﾃﾞｰﾀﾐｽ) : .* (\\w)(?: .)?$"_s);
+        u"^status 1: (?:ｺﾐﾆｭｹｰｼｮﾝ失敗|返答ﾃﾞｰﾀﾐｽ) : .*? (\\w)(?: .)?$"_s);
     static const QStringList beginnings[] = {
         {u"status 1: "_s, u"「%1」"_s},   {u"progress: "_s, u"<%1>"_s},
         {u"message OK: "_s, u"『%1』"_s}, {u"close message"_s, u"_%1"_s},
