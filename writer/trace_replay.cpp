@@ -10,6 +10,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// What claims to have taken longer is damaged, and could not be counted in finer units.
+constexpr std::chrono::microseconds kLongestSession = std::chrono::hours(24 * 365);
+
 QString Hex(char byte) {
     return QString::fromLatin1(QByteArray(1, byte).toHex().toUpper());
 }
@@ -41,6 +44,7 @@ QString TraceReplay::Parse(const QString& text, int line) {
     }
     bool isTime = false;
     const std::chrono::microseconds time(words[0].toLongLong(&isTime));
+    isTime = isTime && time >= std::chrono::microseconds::zero() && time <= kLongestSession;
     const QString kind = words.value(1);
     if (!isTime || kind.isEmpty()) {
         return u"no time and event"_s;

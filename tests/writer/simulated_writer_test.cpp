@@ -121,7 +121,8 @@ TEST_F(TraceReplayTest, TellsWhereThePcLeavesTheRecordAndRefusesWhatIsNone) {
     ASSERT_EQ(Load("0 > 53\n1000 < 41\n\n2000 > 56\n"), QString());
     replay_.Send("\x53\x76", 0s);
     EXPECT_EQ(replay_.Departure(), u"trace line 4: the PC sent 76 instead of 56"_s);
-    for (const char* text : {"5\n", "x > 53\n", "5 > 5\n", "5 > GG\n", "5 >\n", "5 ? 53\n"}) {
+    for (const char* text : {"5\n", "x > 53\n", "-1 > 53\n", "32000000000000 > 53\n", "5 > 5\n",
+                             "5 > GG\n", "5 >\n", "5 ? 53\n"}) {
         EXPECT_TRUE(Load(QByteArray("0 open COM1\n") + text).contains(u": line 2: "_s)) << text;
     }
     EXPECT_TRUE(replay_.Load(u"/no/such/trace"_s).startsWith(u"trace /no/such/trace: "_s));
