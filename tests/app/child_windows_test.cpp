@@ -100,6 +100,8 @@ TEST(ChildWindows, AListingStaysWhereItIsScrolledAndLeavesTheFocus) {
     auto* box = b.Find<QPlainTextEdit>("txtPrg");
     box->setFocus();
     box->verticalScrollBar()->setValue(40);
+    EXPECT_EQ(b.Find<QGroupBox>("frmModify")->accessibleName(), u"PCバッファメモリ修正"_s);
+    EXPECT_TRUE(b.Find<QRadioButton>("OptionEeprom")->isChecked());
     b.Type("txtAddress", u"140"_s);
     b.Click("OptionProgram");
     b.Type("txtData", u"1234"_s);

@@ -52,7 +52,8 @@ TEST(MainWindow, BarsStandAsAPersonReadsThem) {
     EXPECT_TRUE(first->text().endsWith(u'…') && first->toolTip() == text);
     EXPECT_LE(first->fontMetrics().horizontalAdvance(first->text()), first->width() - 8);
     b.window.SetStatusText(1, u"短い"_s);
-    EXPECT_TRUE(first->toolTip().isEmpty() && first->accessibleName() == u"短い");
+    EXPECT_TRUE(first->toolTip().isEmpty() && first->accessibleName() == u"短い" &&
+                first->textFormat() == Qt::PlainText);
     EXPECT_EQ(b.Panel(4), QDate::currentDate().toString(u"yyyy/MM/dd"_s));
 }
 
@@ -73,7 +74,8 @@ TEST(MainWindow, ShowsItselfWhileALongFileIsReadAndClosesAtOnce) {
             closes ? b.program.ShutDown() : void();
         });
         Q_EMIT b.window.FilesDropped({path});
-        QTRY_VERIFY(!seen.isEmpty() && (closes || b.window.Tools().isEnabled()));
+        EXPECT_TRUE(QTest::qWaitFor(
+            [&] { return !seen.isEmpty() && (closes || b.window.Tools().isEnabled()); }));
         EXPECT_EQ(seen, QStringList(closes ? 1 : 2, u"ファイルを読み込んでいます。"_s));
         EXPECT_EQ(b.Panel(1), status);
         EXPECT_EQ(b.program.Bench().state.images.flash[3], whole ? 0x55 : 0xFF);

@@ -56,7 +56,6 @@ TEST(ProgramFolder, IsEnteredAndComesFirstForTheListings) {
         EXPECT_EQ(found.listings, (QStringList{found.program, user + u'/'}));
         EXPECT_EQ(QDir::currentPath(), program == gone ? before : QDir(program).canonicalPath());
     }
-    EXPECT_FALSE(QDir(user).exists()) << "made when it is needed";
     QDir::setCurrent(before);
 }
 
@@ -83,7 +82,7 @@ TEST(SettingsKeys, DamagedValuesReadAsTheDefault) {
         // clang-format off
         {keys::PgmWidth, u"wide"_s, 6900}, {keys::MainTop, u"inf"_s, 100},
         {keys::MainHeight, u"-1"_s, 7900}, {keys::ComNoxChosen, u"21"_s, 0},
-        {keys::IndexComFlag, u"2"_s, 2},
+        {keys::IndexComFlag, u"2"_s, 2}, {keys::ComNox, u""_s, 1},
         // clang-format on
     };
     for (const auto& [key, stored, read] : cases) {
@@ -116,7 +115,7 @@ TEST(SettingsFile, EveryTextComesBackExactlyAndDamageReadsAsTheDefault) {
     }
 }
 
-TEST(SettingsFile, AStepsSavesAreOneWriteWhenItIsDoneAndHoldForThisRunWhereTheyCant) {
+TEST(SettingsFile, AStepsSavesAreOneWriteWhenItIsDone) {
     QTemporaryDir folder;
     const QByteArray before = qgetenv("XDG_CONFIG_HOME");
     qputenv("XDG_CONFIG_HOME", folder.path().toUtf8());
@@ -129,10 +128,6 @@ TEST(SettingsFile, AStepsSavesAreOneWriteWhenItIsDoneAndHoldForThisRunWhereTheyC
     EXPECT_EQ(settings.GetSetting(u"device"_s, u"0"_s), u"7"_s);
     QCoreApplication::processEvents();
     EXPECT_EQ(testing::Bytes(path), "[Settings]\nComNox=3\ndevice=7\n");
-    SettingsFile lost(u"/proc/no-such-folder/Tolvex.conf"_s);
-    lost.SaveSetting(u"ComNox"_s, u"3"_s);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(lost.GetSetting(u"ComNox"_s, u"1"_s), u"3"_s);
     before.isNull() ? qunsetenv("XDG_CONFIG_HOME") : qputenv("XDG_CONFIG_HOME", before);
 }
 
