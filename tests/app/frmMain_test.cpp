@@ -102,7 +102,7 @@ TEST(MainWindow, EachCommandDoesWhatItSays) {
     // A menu item, a button or a key; the button pressed in the window that comes up; what is seen.
     const char* const cases[][3] = {
         {"mnuFileOpen", "", kOpenBoth},
-        {"mnuFileOpenCode", "", "open dialog コードファイル(*.hex)を開く"},
+        {"mnuFileOpenCode", "", "open dialog コードファイル(*.hex)を開く|box Information Tolvex Version 1.40.25|指定されたファイルを開くことができませんでした。"},
         {"mnuFileOpenData", "", "open dialog データファイル(*.eep)を開く"},
         {"Ctrl+O", "", kOpenBoth},
         {"Open", "", kOpenBoth},
@@ -134,12 +134,13 @@ TEST(MainWindow, EachCommandDoesWhatItSays) {
         {"cmdFuseRead", "", "Lock/Fuse bit リードが完了しました。|ライタを検出しました。 COM1"},
         {"cmdFuseWrite", "", "Lock/Fuse bit ライトが完了しました。|ライタを検出しました。 COM1"}};
     // clang-format on
+    const QString other = QStringLiteral(TOLVEX_SOURCE_DIR "/LICENSE");
     for (const auto& [name, answer, outcome] : cases) {
         RunningBench b(3);
         b.port.Open();
-        if (QByteArray(name) == "mmuLEDoff") {
-            b.program.Bench().commands.LedOn();
-        }
+        Workbench& bench = b.program.Bench();
+        QByteArray(name) == "mmuLEDoff" ? bench.commands.LedOn() : void();
+        bench.state.names.CodeFileName = QByteArray(name) == "mnuFileOpenCode" ? other : QString();
         b.AnswerDialogs(QString::fromUtf8(answer).split(u' ', Qt::SkipEmptyParts));
         if (QByteArray(name).startsWith("Ctrl")) {
             QTest::keyClick(&b.window, name[5], Qt::ControlModifier);
