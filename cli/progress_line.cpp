@@ -57,7 +57,7 @@ QString ProgressLine::Bar(int percent, double fraction, int columns) {
     QString end = u" %1%"_s.arg(percent, 3);
     if (percent > 0 && percent < 100) {
         const std::chrono::duration<double> elapsed = clock_.Now() - start_;
-        const int left = static_cast<int>(elapsed.count() * (1 - fraction) / fraction + 0.5);
+        const int left = qRound(elapsed.count() * (1 - fraction) / fraction);
         end += u" 残り %1:%2"_s.arg(left / 60).arg(left % 60, 2, 10, QChar(u'0'));
     }
     // The width is that of the longest line, so that the bar does not change while it grows.

@@ -54,7 +54,7 @@ ChipOperation::PhaseEnd ProgramOperation::ProgramFlash(int words) {
     writer_.SetAddress(0, flag_);
     for (int word = 0; word < words; ++word) {
         person_.dialog.SetProgress(true, 0, word, words - 1);
-        const auto cell = static_cast<std::size_t>(2 * word);
+        const auto cell = 2 * static_cast<std::size_t>(word);
         writer_.WriteProgramWord(images_.flash[cell], images_.flash[cell + 1], flag_);
     }
     return EndPhase(Memory::Flash, u"Flashメモリ ライト失敗"_s, u"Flashメモリ ライト失敗"_s);

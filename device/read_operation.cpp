@@ -36,7 +36,7 @@ std::optional<ChipOperation::PhaseEnd> ReadOperation::ReadFlash() {
     writer_.SetAddress(0, flag_);
     for (int word = 0; word < words; ++word) {
         person_.dialog.SetProgress(true, 0, word, words - 1);
-        const auto cell = static_cast<std::size_t>(2 * word);
+        const auto cell = 2 * static_cast<std::size_t>(word);
         if (!writer_.ReadProgramWord(images_.flash[cell], images_.flash[cell + 1], flag_)) {
             return std::nullopt;
         }

@@ -68,7 +68,7 @@ void VerifyOperation::CompareFlash(int words, VerifyResult& result) {
     std::uint8_t high = 0;
     std::uint8_t low = 0;
     for (int word = 0; word < words; ++word) {
-        const auto cell = static_cast<std::size_t>(2 * word);
+        const auto cell = 2 * static_cast<std::size_t>(word);
         const int image = images_.flash[cell] * 256 + images_.flash[cell + 1];
         person_.dialog.SetProgress(true, 0, word, words - 1);
         writer_.ReadProgramWord(high, low, flag_);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt_serial_port.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QSerialPort>
 #include <QSocketNotifier>
