@@ -89,7 +89,7 @@ QtSerialPort::QtSerialPort(const ComPorts& ports)
 }
 
 QtSerialPort::~QtSerialPort() {
-    Close();
+    QtSerialPort::Close();
 }
 
 void QtSerialPort::ApplySettings() {
