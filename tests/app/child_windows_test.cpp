@@ -72,7 +72,7 @@ TEST(ChildWindows, EveryPlaceIsTakenAndStored) {
 TEST(ChildWindows, TheWindowMenuListsThem) {
     RunningBench b;
     auto* menu = b.Find<QMenu>("mnuWindow");
-    const auto listed = [&b, menu] {
+    const auto listed = [menu] {
         Q_EMIT menu->aboutToShow();
         QStringList texts;
         for (const QAction* item : menu->actions().mid(11)) {

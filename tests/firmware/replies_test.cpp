@@ -16,9 +16,9 @@ QByteArray SelectType(char type) {
 
 /// A command with its arguments; mostly sensible ones, since a locked chip tells little.
 QByteArray RandomCommand(std::mt19937& random, char type) {
-    static const QByteArray kLetters = "SVvTPPPLsAAARRRcCcCcCcddDDefflFFrrxy?q";
+    static constexpr char kLetters[] = "SVvTPPPLsAAARRRcCcCcCcddDDefflFFrrxy?q";
     static const QByteArray kLocks = "\xFF\xFF\xFD\xF9\x80";
-    const char letter = kLetters[static_cast<qsizetype>(random() % kLetters.size())];
+    const char letter = kLetters[random() % (sizeof kLetters - 1)];
     const auto any = static_cast<std::uint8_t>(random());
     const auto low = static_cast<char>(random());
     const bool often = random() % 4 != 0;
