@@ -41,6 +41,11 @@ void FittedLabel::resizeEvent(QResizeEvent* event) {
     Fit();
 }
 
+void FittedLabel::showEvent(QShowEvent* event) {
+    QLabel::showEvent(event);
+    Fit();
+}
+
 QSize FittedLabel::minimumSizeHint() const {
     return {0, sizeHint().height()};
 }
@@ -52,6 +57,10 @@ QSize FittedLabel::sizeHint() const {
 }
 
 void FittedLabel::Fit() {
+    if (!isVisible()) {
+        setText(text_);  // into a room that it may not keep, and each font tried is loaded
+        return;
+    }
     QFont fitted = designFont_;
     int pixels = QFontInfo(designFont_).pixelSize();
     while (!Fits(fitted) && pixels > kSmallestPixels) {

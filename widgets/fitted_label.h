@@ -21,6 +21,7 @@ class FittedLabel : public QLabel {
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     QSize minimumSizeHint() const override;
     QSize sizeHint() const override;
 

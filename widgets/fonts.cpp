@@ -32,11 +32,19 @@ QStringList Installed(QStringList families) {
     return families;
 }
 
+/// No more families than have a use: beside a single one Qt looks for others only when a letter is
+/// missing, beside two at once.
+void SetFamilies(QFont& font, const QStringList& families) {
+    if (!families.isEmpty()) {
+        font.setFamilies(families);
+    }
+}
+
 }  // namespace
 
 QFont ListingFont(int points) {
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    font.setFamilies(Installed(FixedFamilies()) + font.families());
+    SetFamilies(font, Installed(FixedFamilies()).mid(0, 1));
     font.setStyleHint(QFont::Monospace);
     font.setFixedPitch(true);
     font.setPointSize(points);
@@ -45,7 +53,10 @@ QFont ListingFont(int points) {
 
 QFont WindowFont() {
     QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-    font.setFamilies(font.families() + Installed(WindowFamilies()));
+    QStringList families = font.families();
+    // A generic name such as "Sans Serif" is no family, and Qt would pass it over.
+    families.removeIf([](const QString& family) { return !QFontDatabase::hasFamily(family); });
+    SetFamilies(font, families + Installed(WindowFamilies()).mid(0, 1));
     return font;
 }
 
