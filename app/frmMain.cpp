@@ -3,11 +3,14 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDeadlineTimer>
 #include <QDropEvent>
 #include <QMimeData>
 #include <QUrl>
+#include <QWindow>
 #include <algorithm>
 
+#include "app/menu_bar.h"
 #include "base/settings_keys.h"
 #include "widgets/twips.h"
 
@@ -18,6 +21,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kCaptionPixels = 10;
+constexpr std::chrono::milliseconds kPatience(50);
 
 /// The HEX files that are being dragged; none when anything else is among them.
 QStringList DraggedFiles(const QDropEvent& event) {
@@ -36,10 +40,14 @@ QStringList DraggedFiles(const QDropEvent& event) {
     return paths;
 }
 
+/// What the person does waits until the program has started.
+void PaintSoFar() {
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
 }  // namespace
 
-frmMain::frmMain()
-    : area_(new QMdiArea(this)), toolbar_(new Toolbar(this)), statusBar_(new StatusBar(this)) {
+frmMain::frmMain(const Settings& settings) : area_(new QMdiArea(this)) {
     setObjectName(u"frmMain"_s);
     setWindowTitle(u"TOLVEX"_s);
     setContextMenuPolicy(
@@ -55,8 +63,26 @@ frmMain::frmMain()
     area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(area_);
+    TakeStoredPlace(settings);
+    // Painted at once where the window system is quick; where it takes as long to bring a window up
+    // as the bars take to build, they are there by then.
+    show();
+    PaintSoFar();
+    BuildBars();
+    const QDeadlineTimer patience(kPatience);  // a window may come up unseen
+    while (!windowHandle()->isExposed() && !patience.hasExpired()) {
+        PaintSoFar();
+    }
+}
+
+void frmMain::BuildBars() {
+    menus_ = new MenuBar(this);
+    toolbar_ = new Toolbar(this);
+    statusBar_ = new StatusBar(this);
+    setMenuBar(menus_);
     addToolBar(toolbar_);
     setStatusBar(statusBar_);
+    statusBar_->show();  // puts its size grip where it belongs
 }
 
 void frmMain::TakeStoredPlace(const Settings& settings) {
@@ -78,6 +104,7 @@ void frmMain::StorePlace(Settings& settings) const {
 
 void frmMain::SetBusy(bool busy) {
     toolbar_->setEnabled(!busy);
+    menus_->SetBusy(busy);
     setAcceptDrops(!busy);
 }
 

@@ -11,22 +11,24 @@
 
 namespace tolvex {
 
-/// The frame: toolbar, status bar and the area of the child windows. The menu bar is set by who
-/// builds the program.
+class MenuBar;
+
+/// The frame: menu bar, toolbar, status bar and the area of the child windows.
 class frmMain : public QMainWindow, public StatusPanels {
     Q_OBJECT
 
   public:
-    frmMain();
+    /// Stands at its stored place and shows itself as soon as it can, before anything is in it.
+    explicit frmMain(const Settings& settings);
 
     QMdiArea& Area() { return *area_; }
+    MenuBar& Menus() { return *menus_; }
     Toolbar& Tools() { return *toolbar_; }
     StatusBar& Panels() { return *statusBar_; }
 
-    void TakeStoredPlace(const Settings& settings);
     /// Nothing while minimised.
     void StorePlace(Settings& settings) const;
-    /// While an operation runs the toolbar is disabled and nothing can be dropped.
+    /// While an operation runs, no button or menu item starts another and nothing can be dropped.
     void SetBusy(bool busy);
 
     void SetStatusText(int panel, const QString& text) override;
@@ -43,9 +45,13 @@ class frmMain : public QMainWindow, public StatusPanels {
     void dropEvent(QDropEvent* event) override;
 
   private:
+    void TakeStoredPlace(const Settings& settings);
+    void BuildBars();
+
     QMdiArea* area_;
-    Toolbar* toolbar_;
-    StatusBar* statusBar_;
+    MenuBar* menus_ = nullptr;
+    Toolbar* toolbar_ = nullptr;
+    StatusBar* statusBar_ = nullptr;
 };
 
 }  // namespace tolvex

@@ -40,7 +40,6 @@ int main(int, char** argv) {
     QApplication application(count, name);
     QApplication::setApplicationName(QStringLiteral("Tolvex"));
     QApplication::setFont(WindowFont());
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/tolvex.svg")));
     const JapaneseTexts japanese;
 
     const SingleInstance instance(InstanceLockPath());
@@ -66,6 +65,7 @@ int main(int, char** argv) {
                            .comPorts = comPorts,
                            .dialogs = dialogs,
                            .help = help});
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/tolvex.svg")));
     owner = &program.Window();
     const ShutdownSignals signals([&program] { program.ShutDown(); });
     // A logout may yet be called off, so the program goes on; it is told to quit when it is not.

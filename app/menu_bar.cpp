@@ -115,7 +115,7 @@ constexpr MenuRow kMenuRows[] = {
 
 }  // namespace
 
-MenuBar::MenuBar(MainCommands& commands, QWidget* parent) : QMenuBar(parent) {
+MenuBar::MenuBar(QWidget* parent) : QMenuBar(parent) {
     setFont(BarFont());
     connect(this, &QMenuBar::triggered, this, &MenuBar::GiveFocusBack);
     QMenu* menu = nullptr;
@@ -143,7 +143,7 @@ MenuBar::MenuBar(MainCommands& commands, QWidget* parent) : QMenuBar(parent) {
         // Queued: who presses an item through the accessibility bus gets the answer at once.
         connect(
             action, &QAction::triggered, this,
-            [&commands, command = row.command] { commands.Do(command); }, Qt::QueuedConnection);
+            [this, command = row.command] { Q_EMIT Chosen(command); }, Qt::QueuedConnection);
         (row.flags & kOnBar) != 0 ? addAction(action) : menu->addAction(action);
     }
 }

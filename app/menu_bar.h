@@ -4,9 +4,9 @@
 #include <QMenuBar>
 #include <QPointer>
 
-namespace tolvex {
+#include "app/main_commands.h"
 
-class MainCommands;
+namespace tolvex {
 
 /// The menu bar. Every item is an action named after it; hidden items exist and work, but are not
 /// shown.
@@ -14,14 +14,17 @@ class MenuBar : public QMenuBar {
     Q_OBJECT
 
   public:
-    /// `commands` is borrowed: it holds the handlers.
-    explicit MenuBar(MainCommands& commands, QWidget* parent = nullptr);
+    explicit MenuBar(QWidget* parent = nullptr);
 
     /// While an operation runs, the items that would start another one are disabled.
     void SetBusy(bool busy);
     /// The first menu is marked and takes the keyboard focus; Esc gives it back.
     void FocusFirst();
     QMenu* WindowMenu() const { return windowMenu_; }
+
+  Q_SIGNALS:
+    /// The person chose an item.
+    void Chosen(const MainCommands::Command& command);
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -26,6 +26,7 @@ QString ReadingText() {
 
 WindowProgram::WindowProgram(const Parts& parts)
     : parts_(parts),
+      window_(parts.settings),
       setting_(new frmSetting),
       children_(window_.Area(), setting_),
       messages_(&window_, [this](QSize dialog) { return DialogPlace(dialog); }),
@@ -53,11 +54,9 @@ WindowProgram::WindowProgram(const Parts& parts)
                  .showVersionPanel = [this] { ShowVersionPanel(); },
                  .showHelp =
                      [this] { parts_.help.ShowContents(parts_.folders.program + u"tolvex.hlp"_s); },
-                 .shutDown = [this] { ShutDown(); }}),
-      menus_(new MenuBar(commands_, &window_)) {
-    window_.setMenuBar(menus_);
+                 .shutDown = [this] { ShutDown(); }}) {
     setting_->PlacePatchFrame(modify_);
-    new FocusRound(window_, *menus_);
+    new FocusRound(window_, window_.Menus());
     ConnectBars();
     ConnectSettingWindow();
 }
@@ -71,7 +70,9 @@ void WindowProgram::ConnectBars() {
     connect(
         &window_.Panels(), &StatusBar::PanelClicked, this,
         [this](int panel) { commands_.sbStatusBar_PanelClick(panel); }, Qt::QueuedConnection);
-    connect(menus_->WindowMenu(), &QMenu::aboutToShow, this, &WindowProgram::ListWindows);
+    connect(&window_.Menus(), &MenuBar::Chosen, this,
+            [this](const MainCommands::Command& command) { commands_.Do(command); });
+    connect(window_.Menus().WindowMenu(), &QMenu::aboutToShow, this, &WindowProgram::ListWindows);
     connect(&window_, &frmMain::Closing, this, &WindowProgram::ShutDown);
     // Queued, too: the program that the files are dragged from waits for the end of the drop.
     connect(
@@ -110,7 +111,6 @@ void WindowProgram::SetBusy(bool busy) {
         QCoreApplication::processEvents();  // keys typed ahead meet disabled controls
     }
     window_.SetBusy(busy);
-    menus_->SetBusy(busy);
     setting_->setEnabled(!busy);
     messages_.SetBusy(busy);
     if (!busy) {
@@ -161,9 +161,7 @@ bool WindowProgram::Start() {
 }
 
 void WindowProgram::MDIForm_Load() {
-    window_.TakeStoredPlace(parts_.settings);
     children_.ShowAll(parts_.settings);
-    window_.show();
     if (GetNumber(parts_.settings, keys::IndexFirstFlag) == 0) {
         guard_.Run([this] { ShowBoardPanel(); });
         SaveNumber(parts_.settings, keys::IndexFirstFlag, 1);
@@ -217,7 +215,7 @@ void WindowProgram::ShowVersionPanel() {
 
 /// Lists the open child windows below the menu's own items, the active one marked.
 void WindowProgram::ListWindows() {
-    QMenu& menu = *menus_->WindowMenu();
+    QMenu& menu = *window_.Menus().WindowMenu();
     for (QAction* action : menu.actions()) {
         if (action->property("listed").toBool()) {
             delete action;

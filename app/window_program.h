@@ -80,7 +80,6 @@ class WindowProgram : public QObject {
     frmModify* modify_;  ///< owned by the settings window
     RunGuard guard_;
     MainCommands commands_;
-    MenuBar* menus_;           ///< owned by the window
     QPointer<QWidget> focus_;  ///< of the window when the running operation began
     std::optional<QString> messageBeforeReading_;  ///< while a long file is read
 };

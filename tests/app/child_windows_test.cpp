@@ -48,8 +48,7 @@ TEST(ChildWindows, EveryPlaceIsTakenAndStored) {
     places.remove(u"SetWidth"_s);  // fixed
     places.remove(u"SetHeight"_s);
     for (const int count : {14, 10, 12, 0}) {
-        WindowBench b;
-        b.settings.values.insert(places);
+        WindowBench b(0, 0, places);
         b.Start();
         b.Child("frmProgram")->showMinimized();
         if (count == 0) {
@@ -132,9 +131,8 @@ TEST(ChildWindows, TheDefaultLayoutShowsEverythingInAnyFont) {
     const QFont before = QApplication::font();
     for (const int points : {8, 14}) {
         QApplication::setFont(QFont(before.family(), points));
-        WindowBench b(4);
-        b.settings.values[u"MainLeft"_s] = u"-30000"_s;  // taken as it is
-        b.settings.values[u"EEpTop"_s] = u"somewhere"_s;
+        // The one is taken as it is, the other not at all.
+        WindowBench b(4, 0, {{u"MainLeft"_s, u"-30000"_s}, {u"EEpTop"_s, u"somewhere"_s}});
         b.Start();
         EXPECT_EQ(b.window.x(), -2000);
         EXPECT_EQ(b.Child("frmEEprom")->y(), 273);

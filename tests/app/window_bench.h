@@ -19,7 +19,8 @@ class WindowBench : public Surroundings {
   public:
     /// Both first-start dialogs have been shown before, unless the caller changes `settings` before
     /// `Start`. With 0 baud a reply is there at once, so that only pauses yield.
-    explicit WindowBench(int deviceIndex = 0, int baud = 0);
+    explicit WindowBench(int deviceIndex = 0, int baud = 0,
+                         const QMap<QString, QString>& stored = {});
 
     /// Starts the program and waits until the windows stand.
     void Start();

@@ -7,13 +7,14 @@
 
 namespace tolvex::testing {
 
-Surroundings::Surroundings(int deviceIndex, int baud)
+Surroundings::Surroundings(int deviceIndex, int baud, const QMap<QString, QString>& stored)
     : chip(std::make_unique<SimulatedChip>(ChipModels()[static_cast<std::size_t>(deviceIndex)])),
       board(chip.get()),
       port(board, clock, baud),
       folders{folder.path() + u'/', {folder.path() + u'/'}} {
     settings.values[u"ComNox"_s] = u"1"_s;
     settings.values[u"device"_s] = QString::number(deviceIndex);
+    settings.values.insert(stored);
 }
 
 TestBench::TestBench(int deviceIndex, SerialPort* line, EventClock* time)

@@ -15,8 +15,8 @@ namespace tolvex::testing {
 /// What a program meets: a simulated board in virtual time, at COM1, with a chip of the stored
 /// device in its socket, and a person on record.
 struct Surroundings {
-    /// `deviceIndex` is the entry of the device list.
-    Surroundings(int deviceIndex, int baud);
+    /// `deviceIndex` is the entry of the device list, `stored` is added to the settings.
+    Surroundings(int deviceIndex, int baud, const QMap<QString, QString>& stored = {});
 
     VirtualClock clock;
     std::unique_ptr<SimulatedChip> chip;
