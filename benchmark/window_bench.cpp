@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QIcon>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMainWindow>
@@ -15,6 +16,7 @@
 #include <QTimer>
 #include <cstdio>
 
+#include "app/japanese_texts.h"
 #include "app/window_program.h"
 #include "benchmark/recording_port.h"
 #include "platform/event_loop_clock.h"
@@ -70,16 +72,47 @@ class Stillness {
     qint64 longest_ = 0;
 };
 
-/// At once, so that the reader knows how long it took to come this far.
 void Print(const QJsonObject& result) {
     std::puts(QJsonDocument(result).toJson(QJsonDocument::Compact).constData());
     std::fflush(stdout);
 }
 
+/// Prints an empty object as soon as a window was painted, so that the reader knows how long it
+/// took to come this far.
+class WatchedApplication : public QApplication {
+  public:
+    using QApplication::QApplication;
+
+    bool notify(QObject* receiver, QEvent* event) override {
+        painting_ = painting_ || event->type() == QEvent::Paint;
+        const bool done = QApplication::notify(receiver, event);
+        if (!painted_ && painting_ && receiver->isWindowType()) {
+            painted_ = true;  // and the picture handed over
+            Print({});
+        }
+        return done;
+    }
+    /// On a real display it comes when the display says so.
+    void WaitUntilPainted() {
+        while (!painted_) {
+            processEvents(QEventLoop::WaitForMoreEvents);
+        }
+    }
+
+  private:
+    bool painting_ = false;
+    bool painted_ = false;
+};
+
 void SettleWindows() {
     for (int pass = 0; pass < 3; ++pass) {
         QApplication::processEvents();
     }
+}
+
+void SettleFirstWindow() {
+    static_cast<WatchedApplication*>(qApp)->WaitUntilPainted();
+    SettleWindows();
 }
 
 /// Runs `work` to its end and to the last repaint.
@@ -103,7 +136,7 @@ void EmptyWindow() {
     window.setCentralWidget(new QMdiArea);
     window.resize(753, 527);
     window.show();
-    SettleWindows();
+    SettleFirstWindow();
     Print({{u"megabytes"_s, ResidentMegabytes()}});
 }
 
@@ -131,8 +164,9 @@ void Tolvex(const QString& task, const QString& argument, const QString& record)
                            .comPorts = comPorts,
                            .dialogs = dialogs,
                            .help = help});
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/tolvex.svg")));
     program.Start();
-    SettleWindows();
+    SettleFirstWindow();
     QJsonObject result{{u"megabytes"_s, ResidentMegabytes()}};
     if (task == u"idle"_s) {
         const double before = ProcessorSeconds();
@@ -162,13 +196,14 @@ void Tolvex(const QString& task, const QString& argument, const QString& record)
 }  // namespace tolvex::bench
 
 int main(int argc, char** argv) {
-    QApplication application(argc, argv);
+    tolvex::bench::WatchedApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Tolvex"));
     QApplication::setFont(tolvex::WindowFont());
     const QString task = QApplication::arguments().value(1);
     if (task == QStringLiteral("empty")) {
         tolvex::bench::EmptyWindow();
     } else {
+        const tolvex::JapaneseTexts japanese;
         const QStringList arguments = QApplication::arguments();
         tolvex::bench::Tolvex(task, arguments.value(2), arguments.value(3));
     }
