@@ -14,6 +14,7 @@
 #ifdef Q_OS_UNIX
 #include <poll.h>
 #include <sys/file.h>
+#include <unistd.h>
 #endif
 
 namespace tolvex {
@@ -40,13 +41,42 @@ bool LockDevice([[maybe_unused]] const QSerialPort& port) {
 #endif
 }
 
+#ifdef Q_OS_UNIX
+/// Which of `events`, and of what is told unasked, the device reports.
+int Reported(const QSerialPort& port, short events) {
+    pollfd device{port.handle(), events, 0};
+    return ::poll(&device, 1, 0) == 1 ? device.revents : 0;
+}
+#endif
+
 bool HungUp([[maybe_unused]] const QSerialPort& port) {
 #ifdef Q_OS_UNIX
-    pollfd device{port.handle(), 0, 0};
-    return ::poll(&device, 1, 0) == 1 && (device.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
+    return (Reported(port, 0) & (POLLHUP | POLLERR | POLLNVAL)) != 0;
 #else
     return false;
 #endif
+}
+
+/// Mostly it doesn't, and asking is much quicker than to flush.
+bool InputWaits([[maybe_unused]] const QSerialPort& port) {
+#ifdef Q_OS_UNIX
+    return Reported(port, POLLIN) != 0;
+#else
+    return true;
+#endif
+}
+
+/// How many bytes the device took at once. Qt puts bytes into a buffer and wakes the event loop
+/// twice before it has seen that nothing is left in it, while the board waits for the processor.
+qint64 WriteAtOnce([[maybe_unused]] const QSerialPort& port,
+                   [[maybe_unused]] QByteArrayView bytes) {
+#ifdef Q_OS_UNIX
+    if (port.bytesToWrite() == 0) {
+        return std::max<qint64>(
+            ::write(port.handle(), bytes.data(), static_cast<std::size_t>(bytes.size())), 0);
+    }
+#endif
+    return 0;
 }
 
 /// Whether the line is lost. Other errors are refused requests on a line that works, such as the
@@ -186,7 +216,7 @@ void QtSerialPort::LoseLine() {
 
 void QtSerialPort::DiscardInput() {
     input_.clear();
-    if (open_) {
+    if (open_ && InputWaits(*port_)) {
         port_->clear(QSerialPort::Input);
     }
 }
@@ -207,10 +237,16 @@ bool QtSerialPort::Write(QByteArrayView bytes) {
 }
 
 bool QtSerialPort::Send(QByteArrayView bytes) {
-    if (!open_ || port_->write(bytes.data(), bytes.size()) != bytes.size()) {
+    if (!open_) {
         return false;
     }
-    port_->flush();  // write() alone keeps the bytes until the event loop runs
+    const QByteArrayView left = bytes.sliced(WriteAtOnce(*port_, bytes));
+    if (!left.isEmpty()) {
+        if (port_->write(left.data(), left.size()) != left.size()) {
+            return false;
+        }
+        port_->flush();  // write() alone keeps the bytes until the event loop runs
+    }
     return open_;
 }
 
