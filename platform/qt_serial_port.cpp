@@ -67,7 +67,7 @@ bool InputWaits([[maybe_unused]] const QSerialPort& port) {
 }
 
 /// How many bytes the device took at once. Qt puts bytes into a buffer and wakes the event loop
-/// twice before it has seen that nothing is left in it, while the board waits for the processor.
+/// twice before it has seen that nothing is left in it.
 qint64 WriteAtOnce([[maybe_unused]] const QSerialPort& port,
                    [[maybe_unused]] QByteArrayView bytes) {
 #ifdef Q_OS_UNIX

@@ -58,7 +58,7 @@ QSize FittedLabel::sizeHint() const {
 
 void FittedLabel::Fit() {
     if (!isVisible()) {
-        setText(text_);  // into a room that it may not keep, and each font tried is loaded
+        setText(text_);  // its room may yet change, and every size that is tried costs a font
         return;
     }
     QFont fitted = designFont_;

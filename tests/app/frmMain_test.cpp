@@ -48,7 +48,9 @@ TEST(MainWindow, BarsStandAsAPersonReadsThem) {
     auto* first = b.Find<FittedLabel>("Panel1");
     EXPECT_EQ(first->accessibleName(), u"メッセージ"_s);
     const QString text = u"l"_s.repeated(2000);  // narrow: cut within a few pixels of the edge
+    b.window.Panels().hide();
     b.window.SetStatusText(1, text);
+    b.window.Panels().show();
     EXPECT_TRUE(first->text().endsWith(u'…') && first->toolTip() == text);
     EXPECT_LE(first->fontMetrics().horizontalAdvance(first->text()), first->width() - 8);
     b.window.SetStatusText(1, u"短い"_s);
