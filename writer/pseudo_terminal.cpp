@@ -127,7 +127,9 @@ QString TerminalLink::Lead(const QString& link, const QString& terminal) {
     const QFileInfo present(link);
     if (present.isSymLink()) {
         const QString target = present.symLinkTarget();
-        if (target != terminal_ && !LeftByABoard(target)) {
+        // Left by one that was killed, it may lead to the number that came up again.
+        const bool own = target == terminal || target == terminal_;
+        if (!own && !LeftByABoard(target)) {
             return u"%1 leads to %2 already"_s.arg(link, target);
         }
         QFile::remove(link);
