@@ -73,7 +73,9 @@ TEST(MainWindow, ShowsItselfWhileALongFileIsReadAndClosesAtOnce) {
         QStringList seen;
         b.clock.OnYield([&] {
             seen << b.Panel(1) + (b.window.Tools().isEnabled() ? u" enabled"_s : QString());
-            closes ? b.program.ShutDown() : void();
+            if (closes) {
+                b.program.ShutDown();
+            }
         });
         Q_EMIT b.window.FilesDropped({path});
         EXPECT_TRUE(QTest::qWaitFor(
@@ -141,7 +143,9 @@ TEST(MainWindow, EachCommandDoesWhatItSays) {
         RunningBench b(3);
         b.port.Open();
         Workbench& bench = b.program.Bench();
-        QByteArray(name) == "mmuLEDoff" ? bench.commands.LedOn() : void();
+        if (QByteArray(name) == "mmuLEDoff") {
+            bench.commands.LedOn();
+        }
         bench.state.names.CodeFileName = QByteArray(name) == "mnuFileOpenCode" ? other : QString();
         b.AnswerDialogs(QString::fromUtf8(answer).split(u' ', Qt::SkipEmptyParts));
         if (QByteArray(name).startsWith("Ctrl")) {
