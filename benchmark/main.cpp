@@ -146,6 +146,9 @@ class Bench {
         return {{u"machine"_s, Machine()}, {u"rows"_s, rows_}};
     }
 
+    /// No row missed its goal and nothing that was measured failed.
+    bool AllWell() const { return allWell_; }
+
   private:
     static QString Machine() {
         utsname system{};
@@ -164,6 +167,7 @@ class Bench {
     /// `goal` is the most that is wanted; 0 = none.
     void Row(const QString& what, double value, const QString& unit, double goal = 0,
              const QString& against = {}) {
+        allWell_ = allWell_ && (goal == 0 || value <= goal);
         const QString mark = goal == 0 ? QString() : value <= goal ? u"ok"_s : u"over"_s;
         const QString line = u"%1 %2 %3 %4 %5 %6"_s.arg(what, -44)
                                  .arg(value, 10, 'f', 3)
@@ -198,7 +202,6 @@ class Bench {
     void MeasureOperations(const Device& device) {
         const Board board(folder_, device);
         const QString stem = RandomFiles(device);
-        const QString trace = folder_ + u"/trace"_s;
         const struct {
             const char* command;
             const char* button;
@@ -208,39 +211,60 @@ class Bench {
                           {"read", "Read", folder_ + u"/read.hex"_s}};
         for (const auto& operation : operations) {
             const QString name = QString::fromLatin1(operation.command);
+            const QString title = u"%1 %2 words, "_s.arg(name).arg(device.words);
             QStringList call = {name, operation.code, u"--quiet"_s};
             if (name == u"read"_s) {
                 call << u"--overwrite"_s;
             }
-            RunProgram(u"tolvex-cli"_s, call + QStringList{u"--trace"_s, trace});
-            const FloorRun floor = RunFloor(board.Path(), StepsOfTrace(trace));
-            const Run terminal = RunProgram(u"tolvex-cli"_s, call);
-            const QString title = u"%1 %2 words, "_s.arg(name).arg(device.words);
-            const QString times = u"%1 s, floor %2 s%3"_s;
-            Row(title + u"terminal / floor"_s, terminal.seconds / floor.seconds, {}, 1.03,
-                times.arg(QString::number(terminal.seconds, 'f', 3),
-                          QString::number(floor.seconds, 'f', 3),
-                          terminal.succeeded && floor.complete ? QString() : u" FAILED"_s));
-            Row(title + u"terminal, share of a core"_s, 100 * terminal.share, u"%"_s, 4);
-            MeasureWindow(board, operation.button, operation.code, title);
+            MeasureAgainstFloor(title + u"terminal"_s, {1.03, 4}, board, RunOnTerminal, call,
+                                {u"--trace"_s, Trace()});
+            MeasureAgainstFloor(title + u"window"_s, {1.06, 6}, board, RunInWindow,
+                                {QString::fromLatin1(operation.button), operation.code}, {Trace()});
         }
     }
 
-    void MeasureWindow(const Board& board, const char* button, const QString& code,
-                       const QString& title) {
-        const QString record = folder_ + u"/window.trace"_s;
-        QFile::remove(record);
-        const QStringList task = {QString::fromLatin1(button), code};
-        RunProgram(u"tolvex_window_bench"_s, task + QStringList{record});
-        const FloorRun floor = RunFloor(board.Path(), StepsOfTrace(record));
-        const Run window = RunProgram(u"tolvex_window_bench"_s, task);
-        const double seconds = window.report[u"seconds"_s].toDouble();
-        Row(title + u"window / floor"_s, seconds / floor.seconds, {}, 1.06,
-            u"%1 s, floor %2 s%3"_s.arg(QString::number(seconds, 'f', 3),
-                                        QString::number(floor.seconds, 'f', 3),
-                                        floor.complete ? QString() : u" FAILED"_s));
-        Row(title + u"window, share of a core"_s, 100 * window.report[u"share"_s].toDouble(),
-            u"%"_s, 6);
+    QString Trace() const { return folder_ + u"/trace"_s; }
+
+    static Run RunOnTerminal(const QStringList& call) { return RunProgram(u"tolvex-cli"_s, call); }
+
+    static Run RunInWindow(const QStringList& task) {
+        Run run = RunProgram(u"tolvex_window_bench"_s, task);
+        run.seconds = run.report[u"seconds"_s].toDouble();
+        run.share = run.report[u"share"_s].toDouble();
+        run.succeeded =
+            run.succeeded && run.report[u"status"_s].toString().endsWith(u"終了しました。"_s);
+        return run;
+    }
+
+    struct Goals {
+        double ratio;
+        double percentOfCore;
+    };
+
+    /// `record` is what makes a call note down its steps for the floor client. Whatever else the
+    /// machine does only adds to a run, so the middle of three turns is taken.
+    void MeasureAgainstFloor(const QString& title, Goals goals, const Board& board,
+                             Run (*run)(const QStringList& call), const QStringList& call,
+                             const QStringList& record) {
+        QFile::remove(Trace());
+        bool succeeded = run(call + record).succeeded;
+        const QList<WireStep> steps = StepsOfTrace(Trace());
+        QList<double> floors, times, ratios, shares;
+        for (int turn = 0; turn < (quick_ ? 1 : 3); ++turn) {
+            const FloorRun floor = RunFloor(board.Path(), steps);
+            const Run ours = run(call);
+            succeeded = succeeded && floor.complete && ours.succeeded;
+            floors << floor.seconds;
+            times << ours.seconds;
+            ratios << ours.seconds / floor.seconds;
+            shares << 100 * ours.share;
+        }
+        allWell_ = allWell_ && succeeded;
+        Row(title + u" / floor"_s, Median(ratios), {}, goals.ratio,
+            u"%1 s, floor %2 s%3"_s.arg(QString::number(Median(times), 'f', 3),
+                                        QString::number(Median(floors), 'f', 3),
+                                        succeeded ? QString() : u" FAILED"_s));
+        Row(title + u", share of a core"_s, Median(shares), u"%"_s, goals.percentOfCore);
     }
 
     /// The simulated adapter can't be told to hurry, as a real one can; so this is the price of the
@@ -252,6 +276,7 @@ class Bench {
             const Board board(folder_, device, {u"--latency"_s, QString::fromLatin1(latency)});
             RunProgram(u"tolvex-cli"_s, {u"program"_s, code, u"--quiet"_s});
             const Run run = RunProgram(u"tolvex-cli"_s, {u"verify"_s, code, u"--quiet"_s});
+            allWell_ = allWell_ && run.succeeded;
             Row(u"verify 512 words, adapter with a %1 ms timer"_s.arg(QLatin1StringView(latency)),
                 run.seconds, u"s"_s);
         }
@@ -310,6 +335,7 @@ class Bench {
     QString folder_;
     bool quick_;
     QJsonArray rows_;
+    bool allWell_ = true;
 };
 
 }  // namespace
@@ -326,15 +352,15 @@ int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
     QCommandLineParser line;
     line.setApplicationDescription(u"Measures how fast Tolvex is and prints a table."_s);
-    const QCommandLineOption quick(u"quick"_s, u"A minute and a half instead of ten."_s);
+    const QCommandLineOption quick(u"quick"_s, u"Two minutes instead of some twenty."_s);
     const QCommandLineOption json(u"json"_s, u"Write the figures to FILE as well."_s, u"FILE"_s);
     line.addOptions({quick, json});
     line.addHelpOption();
     line.process(application);
-    const QJsonObject result = tolvex::bench::Bench(folder.path(), line.isSet(quick)).MeasureAll();
+    tolvex::bench::Bench bench(folder.path(), line.isSet(quick));
+    const QJsonObject result = bench.MeasureAll();
     QFile file(line.value(json));
-    return !line.isSet(json) || (file.open(QIODevice::WriteOnly) &&
-                                 file.write(QJsonDocument(result).toJson()) > 0)
-               ? 0
-               : 1;
+    const bool written = !line.isSet(json) || (file.open(QIODevice::WriteOnly) &&
+                                               file.write(QJsonDocument(result).toJson()) > 0);
+    return written && bench.AllWell() ? 0 : 1;
 }
