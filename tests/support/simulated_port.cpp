@@ -61,7 +61,13 @@ void SimulatedPort::Deliver() {
         });
     }
     if (events.hangUp) {
-        Disconnect(u"hang-up"_s);
+        // While somebody waits; a line that is gone when written to is a refused write.
+        clock_.At(clock_.Now(), [this, of = std::weak_ptr(board_)] {
+            if (!of.expired()) {
+                Disconnect(u"hang-up"_s);
+                hungUpAt = clock_.Now();
+            }
+        });
         return;
     }
     const auto due = board_->NextDue();

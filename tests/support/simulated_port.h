@@ -51,7 +51,8 @@ class SimulatedPort : public SerialPort {
     QStringList Calls() const { return calls_; }
     void ForgetTrace();
 
-    QList<QByteArray> writes;  ///< each successful `Write` as its own entry
+    QList<QByteArray> writes;           ///< each successful `Write` as its own entry
+    VirtualClock::Instant hungUpAt{0};  ///< the last time, if ever
 
   private:
     void Deliver();

@@ -79,7 +79,7 @@ struct World : CliBench {
         before = asked = chip->Contents();
         command.asked.Apply(asked);
         letters.clear();
-        exchange < 0 || trouble >= kEnd ? troubled.Plan({}) : troubled.Plan({{exchange, trouble}});
+        troubled.Plan(exchange < 0 || trouble >= kEnd ? Mishaps() : Mishaps{{exchange, trouble}});
         signal = [=, this, kept = std::optional(before), commands = 0]() mutable {
             const bool past = letters.size() >= exchange;
             if (trouble == kForgotten && !past) {
@@ -153,6 +153,7 @@ QList<Rule> Judge(const World& w, const World& calm, int exchange, int trouble, 
         {"port closed", !w.port.IsOpen()},
         {"programming mode left", !w.board.InProgrammingMode() || may},
         {"given up soon", w.clock.Now() < std::chrono::seconds(40)},
+        {"a hang-up ends it in a second", trouble != HangUp || w.clock.Now() - w.port.hungUpAt <= std::chrono::milliseconds(1001)},
         {"a signal ends it", !signalled || (status == 130 && !errors.contains(u"失敗"_s)) || exchange == calm.letters.size()},
         {"and nothing goes out but a word's other half and L", !signalled || w.letters.size() <= exchange + 2},
         {"too much does no harm", done || trouble != Long},
