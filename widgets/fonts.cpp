@@ -24,16 +24,15 @@ QStringList WindowFamilies() {
             u"IPAPGothic"_s,   u"IPAexGothic"_s, u"TakaoPGothic"_s, u"VL PGothic"_s};
 }
 
-/// Those by their own names. Asking for each family alone would follow the system's aliases too,
-/// which takes longer than all else at the start of the program.
-QStringList Installed(QStringList families) {
+/// The first by its own name; one has all letters. Asking for each family alone would follow the
+/// system's aliases too, which takes longer than all else at the start of the program.
+QStringList FirstInstalled(QStringList families) {
     const QStringList all = QFontDatabase::families();
     families.removeIf([&all](const QString& family) { return !all.contains(family); });
-    return families;
+    return families.mid(0, 1);
 }
 
-/// No more families than have a use: beside a single one Qt looks for others only when a letter is
-/// missing, beside two at once.
+/// Beside a single family Qt looks for others only when a letter is missing, beside two at once.
 void SetFamilies(QFont& font, const QStringList& families) {
     if (!families.isEmpty()) {
         font.setFamilies(families);
@@ -44,7 +43,7 @@ void SetFamilies(QFont& font, const QStringList& families) {
 
 QFont ListingFont(int points) {
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-    SetFamilies(font, Installed(FixedFamilies()).mid(0, 1));
+    SetFamilies(font, FirstInstalled(FixedFamilies()));
     font.setStyleHint(QFont::Monospace);
     font.setFixedPitch(true);
     font.setPointSize(points);
@@ -56,7 +55,7 @@ QFont WindowFont() {
     QStringList families = font.families();
     // A generic name such as "Sans Serif" is no family, and Qt would pass it over.
     families.removeIf([](const QString& family) { return !QFontDatabase::hasFamily(family); });
-    SetFamilies(font, families + Installed(WindowFamilies()).mid(0, 1));
+    SetFamilies(font, families + FirstInstalled(WindowFamilies()));
     return font;
 }
 
