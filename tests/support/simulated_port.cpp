@@ -65,7 +65,7 @@ void SimulatedPort::Deliver() {
         clock_.At(clock_.Now(), [this, of = std::weak_ptr(board_)] {
             if (!of.expired()) {
                 Disconnect(u"hang-up"_s);
-                hungUpAt = clock_.Now();
+                hungUpAt_ = clock_.Now();
             }
         });
         return;

@@ -50,9 +50,10 @@ class SimulatedPort : public SerialPort {
     /// discards of a closed port are here: every command begins with one.
     QStringList Calls() const { return calls_; }
     void ForgetTrace();
+    /// How long ago the line went away, or the clock began.
+    VirtualClock::Instant SinceHangUp() const { return clock_.Now() - hungUpAt_; }
 
-    QList<QByteArray> writes;           ///< each successful `Write` as its own entry
-    VirtualClock::Instant hungUpAt{0};  ///< the last time, if ever
+    QList<QByteArray> writes;  ///< each successful `Write` as its own entry
 
   private:
     void Deliver();
@@ -68,6 +69,7 @@ class SimulatedPort : public SerialPort {
     std::chrono::milliseconds delay_{0};
     std::shared_ptr<PacedBoard> board_;  // lives while the port is open; with it go bytes under way
     std::optional<VirtualClock::Instant> wakeAt_;
+    VirtualClock::Instant hungUpAt_{0};
     QByteArray input_;
     QStringList wire_, calls_;
 };

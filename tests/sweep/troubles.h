@@ -12,6 +12,10 @@ enum Trouble { Silent, Short, Wrong, Long, Late, HangUp, Dead, RefusedLetter, Re
 constexpr const char* kNames[] = {"silent",  "short", "wrong",          "long",        "late",
                                   "hang-up", "dead",  "refused letter", "refused rest"};
 
+/// The most that is left of an operation after a hang-up: the device check's pause, but no
+/// time-out.
+constexpr std::chrono::milliseconds kAfterHangUp(1001);
+
 /// Exchanges are counted from 1; at 0 the port can't be opened.
 struct Mishap {
     int exchange;

@@ -229,10 +229,8 @@ class Sweep {
         const bool port = case_.rule == u"Port"_s;
         must(world.bench.state.errorFlag.Failed() == (unopened ? port : !port && !well), "flag");
         must(world.port.IsOpen() != lost || any(HangUp), "port state");
-        // The check's pause may lie behind it, but no time-out.
-        const bool soon =
-            world.clock.Now() - world.port.hungUpAt <= std::chrono::milliseconds(1001);
-        must(soon || faults.size() != 1 || !any(HangUp), "a hang-up ends it in a second");
+        must(faults.size() != 1 || !any(HangUp) || world.port.SinceHangUp() <= kAfterHangUp,
+             "a hang-up ends it in a second");
         const bool broken = world.line.contains(QRegularExpression(u"R!「リード終"_s));
         must(any(HangUp) || any(RefusedLetter) || any(RefusedRest) ||
                  world.board.InProgrammingMode() == broken,
