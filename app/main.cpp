@@ -1,20 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <QApplication>
-#include <QIcon>
 #include <QMessageBox>
 
+#include "app/desktop.h"
 #include "app/japanese_texts.h"
-#include "app/window_program.h"
 #include "base/utf8_locale.h"
-#include "platform/com_ports.h"
-#include "platform/event_loop_clock.h"
-#include "platform/help_window.h"
 #include "platform/program_folder.h"
-#include "platform/qt_serial_port.h"
-#include "platform/settings_file.h"
 #include "platform/shutdown_signals.h"
 #include "platform/single_instance.h"
-#include "platform/window_dialogs.h"
 #include "widgets/fonts.h"
 
 namespace {
@@ -50,23 +43,9 @@ int main(int, char** argv) {
         TellHowToGetAFont();
     }
     const AppDir folders = EnterProgramFolder();
-    SettingsFile settings(SettingsPath());
-    const ComPorts comPorts(ConfigFolder());
-    QtSerialPort port(comPorts);
-    EventLoopClock clock;
-    QWidget* owner = nullptr;
-    WindowDialogs dialogs([&owner] { return owner; });
-    WindowHelp help;
-
-    WindowProgram program({.port = port,
-                           .clock = clock,
-                           .settings = settings,
-                           .folders = folders,
-                           .comPorts = comPorts,
-                           .dialogs = dialogs,
-                           .help = help});
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/tolvex.svg")));
-    owner = &program.Window();
+    Desktop desktop;
+    WindowProgram program(desktop.Parts(desktop.port, folders));
+    desktop.blocked = &program.Window();
     const ShutdownSignals signals([&program] { program.ShutDown(); });
     // A logout may yet be called off, so the program goes on; it is told to quit when it is not.
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &program,

@@ -2,6 +2,7 @@
 #include "app/window_program.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QMenu>
 
 #include "app/focus_round.h"
@@ -59,6 +60,8 @@ WindowProgram::WindowProgram(const Parts& parts)
     new FocusRound(window_, window_.Menus());
     ConnectBars();
     ConnectSettingWindow();
+    // Not before the frame shows itself: it takes longer to draw.
+    QApplication::setWindowIcon(QIcon(u":/icons/tolvex.svg"_s));
 }
 
 // Whatever may take its time is queued: who presses a button through the accessibility bus gets the

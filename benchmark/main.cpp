@@ -72,7 +72,8 @@ struct Run {
     QJsonObject report;
 };
 
-Run RunProgram(const QString& program, const QStringList& arguments) {
+/// Elapsed time and share are those that the program reports of itself, if it does.
+Run Measure(const QString& program, const QStringList& arguments) {
     const auto processor = [] {
         rusage used{};
         ::getrusage(RUSAGE_CHILDREN, &used);
@@ -83,19 +84,21 @@ Run RunProgram(const QString& program, const QStringList& arguments) {
     QElapsedTimer timer;
     const double before = processor();
     timer.start();
+    const auto elapsed = [&timer] { return static_cast<double>(timer.nsecsElapsed()) / 1e9; };
     process.start(QCoreApplication::applicationDirPath() + u'/' + program, arguments);
     Run run;
     while (process.waitForReadyRead(-1)) {
-        run.lastWord = static_cast<double>(timer.nsecsElapsed()) / 1e9;
+        run.lastWord = elapsed();
         run.firstWord = run.firstWord > 0 ? run.firstWord : run.lastWord;
     }
     process.waitForFinished(-1);
-    run.seconds = static_cast<double>(timer.nsecsElapsed()) / 1e9;
-    run.share = (processor() - before) / run.seconds;
+    const double seconds = elapsed(), share = (processor() - before) / seconds;
     run.succeeded = process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
     run.report =
         QJsonDocument::fromJson(process.readAllStandardOutput().trimmed().split('\n').last())
             .object();
+    run.seconds = run.report[u"seconds"_s].toDouble(seconds);
+    run.share = run.report[u"share"_s].toDouble(share);
     return run;
 }
 
@@ -150,6 +153,12 @@ class Bench {
     bool AllWell() const { return allWell_; }
 
   private:
+    Run RunProgram(const QString& program, const QStringList& arguments) {
+        const Run run = Measure(program, arguments);
+        allWell_ = allWell_ && run.succeeded;
+        return run;
+    }
+
     static QString Machine() {
         utsname system{};
         ::uname(&system);
@@ -216,25 +225,14 @@ class Bench {
             if (name == u"read"_s) {
                 call << u"--overwrite"_s;
             }
-            MeasureAgainstFloor(title + u"terminal"_s, {1.03, 4}, board, RunOnTerminal, call,
+            MeasureAgainstFloor(title + u"terminal"_s, {1.03, 4}, board, u"tolvex-cli"_s, call,
                                 {u"--trace"_s, Trace()});
-            MeasureAgainstFloor(title + u"window"_s, {1.06, 6}, board, RunInWindow,
+            MeasureAgainstFloor(title + u"window"_s, {1.06, 6}, board, u"tolvex_measured_window"_s,
                                 {QString::fromLatin1(operation.button), operation.code}, {Trace()});
         }
     }
 
     QString Trace() const { return folder_ + u"/trace"_s; }
-
-    static Run RunOnTerminal(const QStringList& call) { return RunProgram(u"tolvex-cli"_s, call); }
-
-    static Run RunInWindow(const QStringList& task) {
-        Run run = RunProgram(u"tolvex_window_bench"_s, task);
-        run.seconds = run.report[u"seconds"_s].toDouble();
-        run.share = run.report[u"share"_s].toDouble();
-        run.succeeded =
-            run.succeeded && run.report[u"status"_s].toString().endsWith(u"終了しました。"_s);
-        return run;
-    }
 
     struct Goals {
         double ratio;
@@ -244,22 +242,22 @@ class Bench {
     /// `record` is what makes a call note down its steps for the floor client. Whatever else the
     /// machine does only adds to a run, so the middle of three turns is taken.
     void MeasureAgainstFloor(const QString& title, Goals goals, const Board& board,
-                             Run (*run)(const QStringList& call), const QStringList& call,
+                             const QString& program, const QStringList& call,
                              const QStringList& record) {
         QFile::remove(Trace());
-        bool succeeded = run(call + record).succeeded;
+        bool succeeded = RunProgram(program, call + record).succeeded;
         const QList<WireStep> steps = StepsOfTrace(Trace());
         QList<double> floors, times, ratios, shares;
         for (int turn = 0; turn < (quick_ ? 1 : 3); ++turn) {
             const FloorRun floor = RunFloor(board.Path(), steps);
-            const Run ours = run(call);
+            const Run ours = RunProgram(program, call);
             succeeded = succeeded && floor.complete && ours.succeeded;
             floors << floor.seconds;
             times << ours.seconds;
             ratios << ours.seconds / floor.seconds;
             shares << 100 * ours.share;
         }
-        allWell_ = allWell_ && succeeded;
+        allWell_ = allWell_ && succeeded;  // the floor client as well
         Row(title + u" / floor"_s, Median(ratios), {}, goals.ratio,
             u"%1 s, floor %2 s%3"_s.arg(QString::number(Median(times), 'f', 3),
                                         QString::number(Median(floors), 'f', 3),
@@ -276,7 +274,6 @@ class Bench {
             const Board board(folder_, device, {u"--latency"_s, QString::fromLatin1(latency)});
             RunProgram(u"tolvex-cli"_s, {u"program"_s, code, u"--quiet"_s});
             const Run run = RunProgram(u"tolvex-cli"_s, {u"verify"_s, code, u"--quiet"_s});
-            allWell_ = allWell_ && run.succeeded;
             Row(u"verify 512 words, adapter with a %1 ms timer"_s.arg(QLatin1StringView(latency)),
                 run.seconds, u"s"_s);
         }
@@ -287,8 +284,8 @@ class Bench {
         QList<double> ours, whole, empty;
         double megabytes = 0;
         for (int turn = 0; turn < (quick_ ? 11 : 51); ++turn) {
-            const Run bare = RunProgram(u"tolvex_window_bench"_s, {u"empty"_s});
-            const Run full = RunProgram(u"tolvex_window_bench"_s, {u"start"_s});
+            const Run bare = RunProgram(u"tolvex_measured_window"_s, {u"empty"_s});
+            const Run full = RunProgram(u"tolvex_measured_window"_s, {u"start"_s});
             ours << full.firstWord;
             whole << full.lastWord;
             empty << bare.firstWord;
@@ -305,9 +302,8 @@ class Bench {
     void MeasureFiles() {
         const Device device{"AT90S8515", 8, 4096, 512};
         const QString code = RandomFiles(device) + u".hex"_s;
-        const Run small = RunProgram(u"tolvex_window_bench"_s, {u"open"_s, code});
-        Row(u"open 8 KB until both listings are painted"_s,
-            1000 * small.report[u"seconds"_s].toDouble(), u"ms"_s);
+        const Run small = RunProgram(u"tolvex_measured_window"_s, {u"open"_s, code});
+        Row(u"open 8 KB until both listings are painted"_s, 1000 * small.seconds, u"ms"_s);
         for (const int megabytes : {10, 100}) {
             const QString path = folder_ + u"/large.hex"_s;
             QFile file(path);
@@ -319,8 +315,8 @@ class Bench {
                 file.write(record);
             }
             file.close();
-            const Run large = RunProgram(u"tolvex_window_bench"_s, {u"open"_s, path});
-            Row(u"open %1 MB"_s.arg(megabytes), large.report[u"seconds"_s].toDouble(), u"s"_s);
+            const Run large = RunProgram(u"tolvex_measured_window"_s, {u"open"_s, path});
+            Row(u"open %1 MB"_s.arg(megabytes), large.seconds, u"s"_s);
             Row(u"open %1 MB, longest without a repaint"_s.arg(megabytes),
                 large.report[u"stillness"_s].toDouble(), u"s"_s);
         }
@@ -328,8 +324,8 @@ class Bench {
 
     void MeasureIdle() {
         const Run idle =
-            RunProgram(u"tolvex_window_bench"_s, {u"idle"_s, quick_ ? u"5"_s : u"30"_s});
-        Row(u"at rest, share of a core"_s, 100 * idle.report[u"share"_s].toDouble(), u"%"_s, 0.1);
+            RunProgram(u"tolvex_measured_window"_s, {u"idle"_s, quick_ ? u"5"_s : u"30"_s});
+        Row(u"at rest, share of a core"_s, 100 * idle.share, u"%"_s, 0.1);
     }
 
     QString folder_;

@@ -4,35 +4,30 @@
 namespace tolvex::bench {
 
 RecordingPort::RecordingPort(SerialPort& port, const EventClock& clock, const QString& path)
-    : port_(port), clock_(clock), file_(path) {
-    if (!path.isEmpty() && !file_.open(QIODevice::WriteOnly)) {
+    : port_(port), trace_(clock) {
+    if (!path.isEmpty() && !trace_.Open(path)) {
         qFatal("can't write %s", qPrintable(path));
     }
 }
 
 bool RecordingPort::Write(QByteArrayView bytes) {
-    Record('>', bytes);
+    trace_.Note("> ", bytes);
     return port_.Write(bytes);
 }
 
 QByteArray RecordingPort::ReadAll() {
     const QByteArray bytes = port_.ReadAll();
-    Record('<', bytes);
+    if (!bytes.isEmpty()) {
+        trace_.Note("< ", bytes);
+    }
     return bytes;
 }
 
 void RecordingPort::Close() {
-    if (file_.isOpen() && port_.IsOpen()) {
-        file_.write(QByteArray::number(qlonglong{clock_.Now().count()}) + " close\n");
+    if (port_.IsOpen()) {
+        trace_.Note("close");
     }
     port_.Close();
-}
-
-void RecordingPort::Record(char direction, QByteArrayView bytes) {
-    if (file_.isOpen() && !bytes.isEmpty()) {
-        file_.write(QByteArray::number(qlonglong{clock_.Now().count()}) + ' ' + direction + ' ' +
-                    bytes.toByteArray().toHex(' ') + '\n');
-    }
 }
 
 }  // namespace tolvex::bench

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QFile>
-
-#include "base/event_clock.h"
 #include "base/serial_port.h"
+#include "cli/trace_file.h"
 
 namespace tolvex::bench {
 
-/// Any port, with what went over it written to a file in the format of `tolvex-cli --trace`. An
-/// empty path records nothing. Port and clock are not owned.
+/// Any port, with what went over it written to a file as `tolvex-cli --trace` does. An empty path
+/// records nothing. Port and clock are not owned.
 class RecordingPort : public SerialPort {
   public:
     RecordingPort(SerialPort& port, const EventClock& clock, const QString& path);
@@ -25,11 +23,8 @@ class RecordingPort : public SerialPort {
     QByteArray ReadAll() override;
 
   private:
-    void Record(char direction, QByteArrayView bytes);
-
     SerialPort& port_;
-    const EventClock& clock_;
-    QFile file_;
+    TraceFile trace_;
 };
 
 }  // namespace tolvex::bench

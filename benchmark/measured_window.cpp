@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The window program as it is measured: tolvex_window_bench TASK [ARGUMENT [RECORD]]. It prints
+// The window program as it is measured: tolvex_measured_window TASK [ARGUMENT [RECORD]]. It prints
 // one JSON object and ends.
 #include <sys/resource.h>
 
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QIcon>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMainWindow>
@@ -16,14 +15,10 @@
 #include <QTimer>
 #include <cstdio>
 
+#include "app/desktop.h"
 #include "app/japanese_texts.h"
-#include "app/window_program.h"
 #include "benchmark/recording_port.h"
-#include "platform/event_loop_clock.h"
-#include "platform/help_window.h"
-#include "platform/qt_serial_port.h"
-#include "platform/settings_file.h"
-#include "platform/window_dialogs.h"
+#include "widgets/fitted_label.h"
 #include "widgets/fonts.h"
 
 namespace tolvex::bench {
@@ -146,25 +141,22 @@ void Rest(std::chrono::seconds time) {
     loop.exec();
 }
 
+/// The flag alone does not tell: a difference that a verify finds is no failed command.
+bool AllWell(WindowProgram& program) {
+    const auto* message = program.Window().findChild<FittedLabel*>(u"txtMsg"_s);
+    return !program.Bench().state.errorFlag.Failed() &&
+           (message == nullptr ||
+            message->WholeText() == u"ベリファイ　FLASH : OK / EEPROM : OK"_s);
+}
+
 /// The program in front of the port that the stored settings name, without any first-start dialog.
-void Tolvex(const QString& task, const QString& argument, const QString& record) {
+/// The result is the status to exit with.
+int Tolvex(const QString& task, const QString& argument, const QString& record) {
     QTemporaryDir folder;
     const AppDir folders{folder.path() + u'/', {folder.path() + u'/'}};
-    SettingsFile settings(SettingsPath());
-    const ComPorts comPorts(ConfigFolder());
-    QtSerialPort device(comPorts);
-    EventLoopClock clock;
-    RecordingPort port(device, clock, record);
-    WindowDialogs dialogs([] { return nullptr; });
-    WindowHelp help;
-    WindowProgram program({.port = port,
-                           .clock = clock,
-                           .settings = settings,
-                           .folders = folders,
-                           .comPorts = comPorts,
-                           .dialogs = dialogs,
-                           .help = help});
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/tolvex.svg")));
+    Desktop desktop;
+    RecordingPort port(desktop.port, desktop.clock, record);
+    WindowProgram program(desktop.Parts(port, folders));
     program.Start();
     SettleFirstWindow();
     QJsonObject result{{u"megabytes"_s, ResidentMegabytes()}};
@@ -186,10 +178,11 @@ void Tolvex(const QString& task, const QString& argument, const QString& record)
                 QApplication::processEvents(QEventLoop::WaitForMoreEvents);
             } while (!program.Window().Tools().isEnabled());
         });
-        result[u"status"_s] = program.Window().Panels().PanelText(1);
     }
     Print(result);
+    const bool well = AllWell(program);
     program.ShutDown();
+    return well ? 0 : 1;
 }
 
 }  // namespace
@@ -205,7 +198,7 @@ int main(int argc, char** argv) {
     } else {
         const tolvex::JapaneseTexts japanese;
         const QStringList arguments = QApplication::arguments();
-        tolvex::bench::Tolvex(task, arguments.value(2), arguments.value(3));
+        return tolvex::bench::Tolvex(task, arguments.value(2), arguments.value(3));
     }
     return 0;
 }

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/window_program.h"
+#include "platform/com_ports.h"
+#include "platform/event_loop_clock.h"
+#include "platform/help_window.h"
+#include "platform/qt_serial_port.h"
+#include "platform/settings_file.h"
+#include "platform/window_dialogs.h"
+
+namespace tolvex {
+
+/// What the program stands on at a person's desk: their settings and ports, the event loop, windows
+/// for questions and help.
+struct Desktop {
+    SettingsFile settings{SettingsPath()};
+    ComPorts comPorts{ConfigFolder()};
+    QtSerialPort port{comPorts};
+    EventLoopClock clock;
+    QWidget* blocked = nullptr;  ///< by a question; not owned
+    WindowDialogs dialogs{[this] { return blocked; }};
+    WindowHelp help;
+
+    /// With `line` in the place of the port, or in front of it. Nothing is copied: all of it
+    /// outlives the program.
+    WindowProgram::Parts Parts(SerialPort& line, const AppDir& folders) {
+        return {.port = line,
+                .clock = clock,
+                .settings = settings,
+                .folders = folders,
+                .comPorts = comPorts,
+                .dialogs = dialogs,
+                .help = help};
+    }
+};
+
+}  // namespace tolvex
