@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <QApplication>
 #include <QMessageBox>
+#include <QSocketNotifier>
 
 #include "app/desktop.h"
 #include "app/japanese_texts.h"
+#include "base/stop_signals.h"
 #include "base/utf8_locale.h"
 #include "platform/program_folder.h"
-#include "platform/shutdown_signals.h"
 #include "platform/single_instance.h"
 #include "widgets/fonts.h"
 
@@ -19,6 +20,19 @@ void TellHowToGetAFont() {
         QStringLiteral("No Japanese font was found, so the texts of Tolvex can't be shown.\n\n"
                        "Please install one and start Tolvex again. On Debian and Ubuntu:\n\n"
                        "    sudo apt install fonts-ipafont-gothic"));
+}
+
+/// When the system asks the program to end, it does so in order, from the event loop. Who asks
+/// twice in the same way ends it at once.
+void ShutDownWhenAsked(tolvex::WindowProgram& program) {
+    tolvex::CatchStopSignals(2);
+    if (const int descriptor = tolvex::StopDescriptor(); descriptor != -1) {
+        auto* asked = new QSocketNotifier(descriptor, QSocketNotifier::Read, &program);
+        QObject::connect(asked, &QSocketNotifier::activated, &program, [&program, asked] {
+            asked->setEnabled(false);  // the descriptor stays readable
+            program.ShutDown();
+        });
+    }
 }
 
 }  // namespace
@@ -46,7 +60,7 @@ int main(int, char** argv) {
     Desktop desktop;
     WindowProgram program(desktop.Parts(desktop.port, folders));
     desktop.blocked = &program.Window();
-    const ShutdownSignals signals([&program] { program.ShutDown(); });
+    ShutDownWhenAsked(program);
     // A logout may yet be called off, so the program goes on; it is told to quit when it is not.
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &program,
                      &WindowProgram::StoreLayout, Qt::DirectConnection);

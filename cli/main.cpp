@@ -3,6 +3,7 @@
 #include <QFile>
 #include <csignal>
 
+#include "base/stop_signals.h"
 #include "base/utf8_locale.h"
 #include "cli/command_line.h"
 #include "platform/event_loop_clock.h"
@@ -20,35 +21,19 @@ namespace {
 constexpr int kOutput = 1;
 constexpr int kErrors = 2;
 
-// A signal handler reaches nothing else.
-volatile std::sig_atomic_t signalled = 0;
-volatile std::sig_atomic_t working = 0;
-
-/// Before the line is open there is nothing to put in order, and a second Ctrl-C does not wait.
-void Stop(int number) {
-    const bool again = signalled == SIGINT && number == SIGINT;
-    if (working == 0 || again) {
-        std::signal(number, SIG_DFL);
-        std::raise(number);
-    }
-    signalled = number;
-}
-
-void HearSignals() {
-    std::signal(SIGINT, Stop);
-    std::signal(SIGTERM, Stop);
-#ifdef Q_OS_UNIX
-    if (std::signal(SIGHUP, Stop) == SIG_IGN) {
-        std::signal(SIGHUP, SIG_IGN);  // nohup
-    }
-    std::signal(SIGPIPE, SIG_IGN);
-#endif
+/// Asked for the first time when the port is about to be opened: until then there is nothing to put
+/// in order, and a signal ends the tool at once. From then on it waits for the orderly stop, also
+/// of those who send two (`timeout` signals the process and its group); the third ends it.
+int SignalAfterStart() {
+    tolvex::CatchStopSignals(3);
+    return tolvex::StopSignal();
 }
 
 /// A file that is opened later must not take the number of a standard stream that was closed:
 /// progress would go down the serial line. The null device is opened so that what is lost shows.
 void OpenStandardStreams() {
 #ifdef Q_OS_UNIX
+    std::signal(SIGPIPE, SIG_IGN);  // a reader that went away is a failed write
     for (const int stream : {0, kOutput, kErrors}) {
         if (::fcntl(stream, F_GETFD) == -1) {
             ::open("/dev/null", O_RDONLY);
@@ -74,7 +59,6 @@ int Columns() {
 int main(int argc, char** argv) {
     using namespace tolvex;
     OpenStandardStreams();
-    HearSignals();
     ChooseUtf8Locale();
     const QCoreApplication application(argc, argv);
     QFile out;
@@ -88,11 +72,7 @@ int main(int argc, char** argv) {
     ComPorts comPorts(ConfigFolder());
     QtSerialPort port(comPorts);
     EventLoopClock clock;
-    const auto signal = [] {
-        working = 1;
-        return int{signalled};
-    };
     return RunCommandLine(QCoreApplication::arguments(),
                           {port, [&port] { return port.LastError(); }, clock, settings, comPorts,
-                           console, signal, InspectPort});
+                           console, SignalAfterStart, InspectPort});
 }
