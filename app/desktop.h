@@ -2,12 +2,12 @@
 #pragma once
 
 #include "app/window_program.h"
-#include "platform/com_ports.h"
 #include "platform/event_loop_clock.h"
 #include "platform/help_window.h"
-#include "platform/qt_serial_port.h"
 #include "platform/settings_file.h"
 #include "platform/window_dialogs.h"
+#include "port/com_ports.h"
+#include "port/qt_serial_port.h"
 
 namespace tolvex {
 

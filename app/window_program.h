@@ -15,7 +15,7 @@
 #include "device/frmSetting.h"
 #include "device/message_window.h"
 #include "image/frmModify.h"
-#include "platform/com_ports.h"
+#include "port/com_ports.h"
 #include "workbench/workbench.h"
 
 namespace tolvex {

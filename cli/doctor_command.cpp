@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "cli/command.h"
-#include "platform/port_remedy.h"
+#include "port/port_remedy.h"
 
 namespace tolvex {
 
@@ -109,11 +109,11 @@ int Doctor(Session& session, const Call&) {
     } else {
         session.Print(u"%1 は正常です。"_s.arg(session.PortName()));
         // Opening has removed one that this person may remove.
-        const QString lock = session.Inspect(session.PortPath()).leftLock;
-        if (lock.isEmpty()) {
+        const auto lock = session.Inspect(session.PortPath()).staleLockFile;
+        if (!lock) {
             return kDone;
         }
-        remedy = LockedPort(lock);
+        remedy = LockedPort(*lock);
         session.Print(remedy.text);
     }
     session.Report()[u"mend"_s] = remedy.command;

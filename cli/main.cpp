@@ -7,8 +7,8 @@
 #include "base/utf8_locale.h"
 #include "cli/command_line.h"
 #include "platform/event_loop_clock.h"
-#include "platform/qt_serial_port.h"
 #include "platform/settings_file.h"
+#include "port/qt_serial_port.h"
 
 #ifdef Q_OS_UNIX
 #include <fcntl.h>

@@ -16,8 +16,8 @@
 #include "cli/trace_file.h"
 #include "device/catalogue.h"
 #include "device/chip_memories.h"
-#include "platform/com_ports.h"
-#include "platform/port_facts.h"
+#include "port/com_ports.h"
+#include "port/port_facts.h"
 #include "workbench/workbench.h"
 
 namespace tolvex {

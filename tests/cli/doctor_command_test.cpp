@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <QDir>
 
-#include "platform/settings_file.h"
 #include "tests/cli/cli_bench.h"
 
 namespace tolvex::testing {
@@ -9,10 +8,10 @@ namespace {
 
 TEST(DoctorCommand, FindsTheCauseAndTheCommandThatMendsIt) {
     const PortFacts outside{.exists = true, .group = u"dialout"_s};
-    const PortFacts noRule{.exists = true, .group = u"dialout"_s, .seatRule = SeatRule::Missing};
+    const PortFacts noRule{.exists = true, .group = u"dialout"_s, .udevRule = UdevRule::Missing};
     const PortFacts member{.exists = true, .group = u"dialout"_s, .member = true};
     const PortFacts held{
-        .exists = true, .permitted = true, .holder = u"minicom"_s, .holderProcess = 4711};
+        .exists = true, .permitted = true, .holder = DeviceHolder{u"minicom"_s, 4711}};
     const std::tuple<Fault, std::string, const char*> cases[] = {
         {kNothing, "0", ""},
         {Facts({}), "3 portMissing", ""},
@@ -20,7 +19,8 @@ TEST(DoctorCommand, FindsTheCauseAndTheCommandThatMendsIt) {
         {Facts(member), "3 portForbidden", "newgrp dialout"},
         {Facts(noRule), "3 portForbidden", "sudo usermod -aG dialout $USER"},
         {Facts({.exists = true}), "3 portForbidden", "sudo chmod a+rw /dev/ttyACM7"},
-        {Facts({.exists = true, .permitted = true, .leftLock = u"/var/lock/LCK..ttyACM7"_s}, false),
+        {Facts({.exists = true, .permitted = true, .staleLockFile = u"/var/lock/LCK..ttyACM7"_s},
+               false),
          "0", "sudo rm /var/lock/LCK..ttyACM7"},
         {Facts(held), "3 portBusy", "kill 4711"},
         {kBusy, "3 portBusy", "sudo fuser -k /dev/ttyACM7"},
@@ -34,7 +34,7 @@ TEST(DoctorCommand, FindsTheCauseAndTheCommandThatMendsIt) {
         EXPECT_EQ(b.Run("doctor --port COM20"), outcome[0] - '0');
         EXPECT_TRUE(b.Out().endsWith(QString::fromUtf8(command) + u'\n')) << b.Out().toStdString();
         EXPECT_EQ(b.Err().contains(u"ログインし直して"_s), QByteArray(command).contains("dialout"));
-        EXPECT_EQ(b.Err().contains(u"パッケージ"_s), b.facts.seatRule != SeatRule::NotForIt);
+        EXPECT_EQ(b.Err().contains(u"パッケージ"_s), b.facts.udevRule != UdevRule::NotForDevice);
         EXPECT_EQ(b.Outcome("doctor --port COM20"), outcome);
     }
 }
@@ -47,7 +47,7 @@ TEST(DoctorCommand, OffersADeviceThatIsThereInPlaceOfTheMissingOne) {
     b.facts.exists = false;
     EXPECT_EQ(b.Outcome("doctor --port COM20"), "3 portMissing");
     EXPECT_EQ(b.Json()["mend"_L1].toString(),
-              u"mkdir -p '%1' && ln -sfn %2 '%1/com20'"_s.arg(ConfigFolder() + u"/ports"_s, link));
+              u"mkdir -p '%1' && ln -sfn %2 '%1/com20'"_s.arg(b.Path(u"ports"_s), link));
 }
 
 /// One that starts late, which isn't a silent one, and an adapter that holds bytes back.

@@ -9,10 +9,10 @@
 #include <memory>
 
 #include "base/settings_keys.h"
-#include "platform/com_ports.h"
 #include "platform/program_folder.h"
 #include "platform/settings_file.h"
 #include "platform/single_instance.h"
+#include "port/com_ports.h"
 #include "tests/support/real_files.h"
 #include "tests/support/recorder.h"
 

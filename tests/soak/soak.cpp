@@ -10,7 +10,7 @@
 #include <cstdio>
 
 #include "platform/event_loop_clock.h"
-#include "platform/qt_serial_port.h"
+#include "port/qt_serial_port.h"
 #include "tests/support/test_bench.h"
 
 namespace tolvex::testing {

@@ -6,11 +6,10 @@
 #include <memory>
 
 #include "base/serial_port.h"
-#include "platform/com_ports.h"
-#include "platform/low_latency.h"
+#include "port/com_ports.h"
 
+class QObject;
 class QSerialPort;
-class QSocketNotifier;
 
 namespace tolvex {
 
@@ -52,8 +51,8 @@ class QtSerialPort : public SerialPort {
     const ComPorts& ports_;
     PortSettings settings_;
     std::unique_ptr<QSerialPort> port_;
-    std::unique_ptr<QSocketNotifier> hangUp_;
-    LowLatency lowLatency_;
+    std::unique_ptr<QObject> hangUp_;  ///< watches for it while the port is open
+    bool lowLatencyByUs_ = false;      ///< the driver was in its usual mode before
     QDeadlineTimer boardStarted_;  ///< expired = no need to wait; goes on while the port is closed
     QByteArray held_;              ///< until then
     QByteArray input_;

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "platform/port_remedy.h"
+#include "port/port_remedy.h"
 
 #include <QFileInfo>
-
-#include "platform/settings_file.h"
 
 namespace tolvex {
 
@@ -16,14 +14,14 @@ bool IsBoardPort(const QString& path) {
     return path.startsWith(u"/dev/ttyS"_s);
 }
 
-QString SeatText(SeatRule rule) {
+QString UdevText(UdevRule rule) {
     switch (rule) {
-        case SeatRule::NotForIt:
+        case UdevRule::NotForDevice:
             break;
-        case SeatRule::Missing:
+        case UdevRule::Missing:
             return u"パッケージをインストールしてアダプタを挿し直すと、"
                    "マシンの前にいる人は使えます。または、"_s;
-        case SeatRule::Installed:
+        case UdevRule::Installed:
             return u"パッケージの udev の規則では、マシンの前にいる人が使えます。"
                    "インストールの前に挿したアダプタは挿し直してください。それでも使えなければ、"_s;
     }
@@ -35,10 +33,11 @@ QString SeatText(SeatRule rule) {
 PortRemedy MissingPort(const ComPorts& ports, int number) {
     const QString path = ports.DevicePath(number);
     for (const ComPort& other : ports.All()) {
-        if (other.present && other.devicePath != path && !IsBoardPort(other.devicePath)) {
-            const QString folder = ConfigFolder() + u"/ports"_s;
+        if (ports.LinkFolder() && other.present && other.devicePath != path &&
+            !IsBoardPort(other.devicePath)) {
             return {u"%1 はありません。%2 があります。"_s.arg(path, other.devicePath),
-                    u"mkdir -p '%1' && ln -sfn %2 '%1/com%3'"_s.arg(folder, other.devicePath)
+                    u"mkdir -p '%1' && ln -sfn %2 '%1/com%3'"_s
+                        .arg(*ports.LinkFolder(), other.devicePath)
                         .arg(number)};
         }
     }
@@ -48,23 +47,23 @@ PortRemedy MissingPort(const ComPorts& ports, int number) {
 
 PortRemedy ForbiddenPort(const QString& path, const PortFacts& facts) {
     const QString text = u"%1 を使う権限がありません。"_s.arg(path);
-    if (facts.group.isEmpty() || facts.group == u"root"_s) {
+    if (!facts.group || facts.group == u"root"_s) {
         return {text, u"sudo chmod a+rw %1"_s.arg(path)};
     }
     if (facts.member) {
         return {
-            text + u"グループ %1 には登録済みです。ログインし直してください。"_s.arg(facts.group),
-            u"newgrp %1"_s.arg(facts.group)};
+            text + u"グループ %1 には登録済みです。ログインし直してください。"_s.arg(*facts.group),
+            u"newgrp %1"_s.arg(*facts.group)};
     }
-    return {text + SeatText(facts.seatRule) + u"次のコマンドを実行し、ログインし直してください。"_s,
-            u"sudo usermod -aG %1 $USER"_s.arg(facts.group)};
+    return {text + UdevText(facts.udevRule) + u"次のコマンドを実行し、ログインし直してください。"_s,
+            u"sudo usermod -aG %1 $USER"_s.arg(*facts.group)};
 }
 
 PortRemedy BusyPort(const QString& path, const PortFacts& facts, const QString& reason) {
-    if (facts.holderProcess != 0) {
-        return {u"%1 は %2 (PID %3) が使っています。"_s.arg(path, facts.holder)
-                    .arg(facts.holderProcess),
-                u"kill %1"_s.arg(facts.holderProcess)};
+    if (facts.holder) {
+        const auto& [program, process] = *facts.holder;
+        return {u"%1 は %2 (PID %3) が使っています。"_s.arg(path, program).arg(process),
+                u"kill %1"_s.arg(process)};
     }
     return {u"%1 を開けません: %2"_s.arg(path, reason), u"sudo fuser -k %1"_s.arg(path)};
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/com_ports.h"
-#include "platform/port_facts.h"
+#include "port/com_ports.h"
+#include "port/port_facts.h"
 
 namespace tolvex {
 

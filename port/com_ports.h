@@ -45,11 +45,15 @@ class ComPorts {
     /// then assigned to that number. Nothing for a number outside 1 to 20.
     std::optional<PortChoice> Choose(const QString& text);
 
+    /// Where the links that go before the standard paths stand; nothing where there are none. It
+    /// need not exist.
+    const std::optional<QString>& LinkFolder() const { return linkFolder_; }
+
     /// All twenty, in order.
     QList<ComPort> All() const;
 
   private:
-    QString linkFolder_;
+    std::optional<QString> linkFolder_;
     QMap<int, QString> assigned_;
 };
 

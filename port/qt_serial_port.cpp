@@ -1,21 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "platform/qt_serial_port.h"
+#include "port/qt_serial_port.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QSerialPort>
-#include <QSocketNotifier>
 #include <QTimer>
 #include <algorithm>
 
-#include "platform/left_lock.h"
-#include "platform/steady_dtr.h"
-
-#ifdef Q_OS_UNIX
-#include <poll.h>
-#include <sys/file.h>
-#include <unistd.h>
-#endif
+#include "port/serial_device.h"
 
 namespace tolvex {
 
@@ -31,54 +23,6 @@ constexpr qsizetype kMostWaiting = 4096;
 /// first question the wait still ends within that question's two seconds.
 constexpr std::chrono::milliseconds kBoardStart{1800};
 
-/// Exclusive mode (Qt asks the driver for it) binds neither a privileged process nor one that
-/// opened the device before. The advisory lock that terminal programs take as well closes the gap.
-bool LockDevice([[maybe_unused]] const QSerialPort& port) {
-#ifdef Q_OS_UNIX
-    return ::flock(port.handle(), LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK;
-#else
-    return true;
-#endif
-}
-
-#ifdef Q_OS_UNIX
-/// Which of `events`, and of what is told unasked, the device reports.
-int Reported(const QSerialPort& port, short events) {
-    pollfd device{port.handle(), events, 0};
-    return ::poll(&device, 1, 0) == 1 ? device.revents : 0;
-}
-#endif
-
-bool HungUp([[maybe_unused]] const QSerialPort& port) {
-#ifdef Q_OS_UNIX
-    return (Reported(port, 0) & (POLLHUP | POLLERR | POLLNVAL)) != 0;
-#else
-    return false;
-#endif
-}
-
-/// Mostly it doesn't, and asking is much quicker than to flush.
-bool InputWaits([[maybe_unused]] const QSerialPort& port) {
-#ifdef Q_OS_UNIX
-    return Reported(port, POLLIN) != 0;
-#else
-    return true;
-#endif
-}
-
-/// How many bytes the device took at once. Qt puts bytes into a buffer and wakes the event loop
-/// twice before it has seen that nothing is left in it.
-qint64 WriteAtOnce([[maybe_unused]] const QSerialPort& port,
-                   [[maybe_unused]] QByteArrayView bytes) {
-#ifdef Q_OS_UNIX
-    if (port.bytesToWrite() == 0) {
-        return std::max<qint64>(
-            ::write(port.handle(), bytes.data(), static_cast<std::size_t>(bytes.size())), 0);
-    }
-#endif
-    return 0;
-}
-
 /// Whether the line is lost. Other errors are refused requests on a line that works, such as the
 /// modem lines of a pseudo-terminal.
 bool IsFatal(QSerialPort::SerialPortError error, const QSerialPort& port) {
@@ -92,16 +36,16 @@ bool IsFatal(QSerialPort::SerialPortError error, const QSerialPort& port) {
         case QSerialPort::NotOpenError:
             return true;
         default:
-            return HungUp(port);
+            return HasHungUp(port.handle());
     }
 }
 
 /// A lock file that a killed program of another user has left, mostly root's, stays in Qt's way,
 /// since only its owner may remove it. It goes by the name of the port, so another name for the
 /// same device leads past it; the device's own locks still hold.
-bool OpenPastLeftLock(QSerialPort& port) {
+bool OpenPastStaleLockFile(QSerialPort& port) {
     const QString name = port.portName();
-    if (port.error() != QSerialPort::PermissionError || LeftLock(name).isEmpty()) {
+    if (port.error() != QSerialPort::PermissionError || !FindStaleLockFile(name)) {
         return false;
     }
     const QFileInfo device(u"/dev"_s, name);
@@ -134,11 +78,11 @@ void QtSerialPort::ApplySettings() {
 bool QtSerialPort::Open() {
     Close();
     ApplySettings();
-    if (!port_->open(QIODevice::ReadWrite) && !OpenPastLeftLock(*port_)) {
+    if (!port_->open(QIODevice::ReadWrite) && !OpenPastStaleLockFile(*port_)) {
         Fail(port_->errorString());
         return false;
     }
-    if (!LockDevice(*port_)) {
+    if (!LockDevice(port_->handle())) {
         Fail(u"another program holds the device"_s);
         port_->close();
         return false;
@@ -150,22 +94,18 @@ bool QtSerialPort::Open() {
     return true;
 }
 
-/// What the handle itself is asked for, past Qt.
+/// What the handle is asked for beyond Qt.
 void QtSerialPort::EnterDevice() {
-#ifdef Q_OS_UNIX
-    if (OpeningRaisedDtr(port_->handle())) {
+    const DeviceHandle handle = port_->handle();
+    if (ClearHupcl(handle)) {
         boardStarted_.setRemainingTime(kBoardStart, Qt::PreciseTimer);
     }
-    lowLatency_.Enter(port_->handle());
-    // Qt's own read notifier is woken by a hang-up too, but not every version of Qt takes it for
-    // one: it then reads nothing, without end.
-    hangUp_ = std::make_unique<QSocketNotifier>(port_->handle(), QSocketNotifier::Exception);
-    QObject::connect(hangUp_.get(), &QSocketNotifier::activated, port_.get(), [this] {
-        if (open_ && HungUp(*port_)) {
+    lowLatencyByUs_ = SwitchLowLatency(handle, true);
+    hangUp_ = WatchForHangUp(handle, [this] {
+        if (open_ && HasHungUp(port_->handle())) {
             LoseLine();
         }
     });
-#endif
 }
 
 void QtSerialPort::Close() {
@@ -174,11 +114,10 @@ void QtSerialPort::Close() {
     held_.clear();
     hangUp_.reset();
     if (port_->isOpen()) {
-#ifdef Q_OS_UNIX
-        lowLatency_.PutBack(port_->handle());
-        const SteadyDtr steadyDtr(port_->handle());
-#endif
-        port_->close();
+        if (lowLatencyByUs_) {
+            SwitchLowLatency(port_->handle(), false);
+        }
+        CloseWithDtrUp(*port_);
     }
 }
 
@@ -216,13 +155,14 @@ void QtSerialPort::LoseLine() {
 
 void QtSerialPort::DiscardInput() {
     input_.clear();
-    if (open_ && InputWaits(*port_)) {
+    // Mostly there is none, and asking is much quicker than to flush.
+    if (open_ && HasInput(port_->handle())) {
         port_->clear(QSerialPort::Input);
     }
 }
 
 bool QtSerialPort::Write(QByteArrayView bytes) {
-    if (open_ && HungUp(*port_)) {
+    if (open_ && HasHungUp(port_->handle())) {
         LoseLine();  // before any yield could tell
     }
     if (!open_ || boardStarted_.hasExpired()) {
@@ -240,7 +180,11 @@ bool QtSerialPort::Send(QByteArrayView bytes) {
     if (!open_) {
         return false;
     }
-    const QByteArrayView left = bytes.sliced(WriteAtOnce(*port_, bytes));
+    // Qt puts bytes into a buffer and wakes the event loop twice before it has seen that nothing is
+    // left in it.
+    const bool atOnce = port_->bytesToWrite() == 0;
+    const QByteArrayView left =
+        bytes.sliced(atOnce ? WriteAtOnce(port_->handle(), bytes) : qsizetype{0});
     if (!left.isEmpty()) {
         if (port_->write(left.data(), left.size()) != left.size()) {
             return false;

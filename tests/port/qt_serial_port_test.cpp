@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A real port, and the clock that its bytes wake.
-#include "platform/qt_serial_port.h"
+#include "port/qt_serial_port.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>

@@ -1,52 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include "platform/com_ports.h"
+#include "port/com_ports.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QSerialPortInfo>
+
+#include "port/serial_device.h"
 
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-#if !defined(Q_OS_WIN) && !defined(Q_OS_MACOS)
-struct PortRange {
-    int first;
-    int last;
-    const char* device;  ///< followed by number - first
-};
-
-constexpr PortRange kRanges[] = {
-    {1, 4, "/dev/ttyS"},
-    {5, 12, "/dev/ttyUSB"},
-    {13, 20, "/dev/ttyACM"},
-};
-#endif
-
-QString StandardPath(int number) {
-#ifdef Q_OS_WIN
-    return u"COM%1"_s.arg(number);
-#elif defined(Q_OS_MACOS)
-    // Named after maker and place there; "cu" opens without a carrier.
-    QStringList paths;
-    for (const QSerialPortInfo& info : QSerialPortInfo::availablePorts()) {
-        paths << info.systemLocation();
-    }
-    paths = paths.filter(u"/cu."_s);
-    paths.sort();
-    return paths.value(number - 1);
-#else
-    for (const PortRange& range : kRanges) {
-        if (number >= range.first && number <= range.last) {
-            return QString::fromLatin1(range.device) + QString::number(number - range.first);
-        }
-    }
-    return {};
-#endif
-}
 
 /// The name that says most to a person.
 QString AdapterName(const QSerialPortInfo& info) {
@@ -60,8 +25,7 @@ QString WholePath(const QString& text) {
 
 }  // namespace
 
-ComPorts::ComPorts(const QString& configFolder)
-    : linkFolder_(QDir(configFolder).absoluteFilePath(u"ports"_s)) {}
+ComPorts::ComPorts(const QString& configFolder) : linkFolder_(PortLinkFolder(configFolder)) {}
 
 QString ComPorts::DevicePath(int number) const {
     if (number < 1 || number > kComPortCount) {
@@ -70,12 +34,12 @@ QString ComPorts::DevicePath(int number) const {
     if (assigned_.contains(number)) {
         return assigned_[number];
     }
-#ifndef Q_OS_WIN
-    const QFileInfo link(linkFolder_ + u"/com%1"_s.arg(number));
-    if (link.isSymLink() || link.exists()) {
-        return link.filePath();
+    if (linkFolder_) {
+        const QFileInfo link(*linkFolder_ + u"/com%1"_s.arg(number));
+        if (link.isSymLink() || link.exists()) {
+            return link.filePath();
+        }
     }
-#endif
     return StandardPath(number);
 }
 
