@@ -6,9 +6,8 @@
 #include "app/desktop.h"
 #include "app/japanese_texts.h"
 #include "base/stop_signals.h"
-#include "base/utf8_locale.h"
-#include "platform/program_folder.h"
-#include "platform/single_instance.h"
+#include "platform/program_start.h"
+#include "platform/system.h"
 #include "widgets/fonts.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include <QSvgRenderer>
 #include <cstdio>
 
-#include "base/utf8_locale.h"
+#include "platform/system.h"
 
 int main(int argc, char** argv) {
     if (argc < 4) {

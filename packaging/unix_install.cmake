@@ -50,7 +50,7 @@ foreach(size IN LISTS icon_sizes)
   list(APPEND drawn_icons ${drawn})
 endforeach()
 add_executable(tolvex-draw-icon draw_icon.cpp)
-target_link_libraries(tolvex-draw-icon PRIVATE tolvex_options Qt6::Svg)
+target_link_libraries(tolvex-draw-icon PRIVATE tolvex_platform Qt6::Svg)
 set_target_properties(tolvex-draw-icon PROPERTIES
   RUNTIME_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})
 file(MAKE_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/icons)

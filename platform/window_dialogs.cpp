@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
@@ -92,9 +93,9 @@ FileDialogAnswer AskFile(QWidget* parent, const FileDialogRequest& request,
                          QFileDialog::AcceptMode mode) {
     auto* dialog = new FileDialog(parent, request.title);
     dialog->setObjectName(u"fileDialog"_s);
-#if !defined(Q_OS_WIN) && !defined(Q_OS_MACOS)
-    dialog->setOption(QFileDialog::DontUseNativeDialog);
-#endif
+    const QString system = QGuiApplication::platformName();
+    dialog->setOption(QFileDialog::DontUseNativeDialog,
+                      system != u"windows"_s && system != u"cocoa"_s);
     dialog->setOption(QFileDialog::DontConfirmOverwrite);
     dialog->setOption(QFileDialog::HideNameFilterDetails);
     dialog->setViewMode(QFileDialog::List);  // names whole; details are a click away

@@ -9,9 +9,8 @@
 #include <memory>
 
 #include "base/settings_keys.h"
-#include "platform/program_folder.h"
+#include "platform/program_start.h"
 #include "platform/settings_file.h"
-#include "platform/single_instance.h"
 #include "port/com_ports.h"
 #include "tests/support/real_files.h"
 #include "tests/support/recorder.h"

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "platform/single_instance.h"
+#include "platform/program_start.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QStandardPaths>
 
-#ifdef Q_OS_UNIX
-#include <unistd.h>
-#endif
+#include "platform/system.h"
 
 namespace tolvex {
 
@@ -14,16 +14,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Tells the users apart in a shared temporary folder.
-QString UserMark() {
-#ifdef Q_OS_UNIX
-    return QString::number(::getuid());
-#else
-    return qEnvironmentVariable("USERNAME");
-#endif
+QString WithSeparator(const QString& folder) {
+    return folder.endsWith(u'/') ? folder : folder + u'/';
 }
 
 }  // namespace
+
+AppDir EnterProgramFolder(const QString& programFolder, const QString& userFolder) {
+    QDir::setCurrent(programFolder);
+    const QString program = WithSeparator(programFolder);
+    return {.program = program, .listings = {program, WithSeparator(userFolder)}};
+}
+
+AppDir EnterProgramFolder() {
+    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    return EnterProgramFolder(QCoreApplication::applicationDirPath(), data + u"/Tolvex"_s);
+}
 
 QString InstanceLockPath() {
     // Not QStandardPaths: it warns on the terminal and makes up a folder when the variable is
