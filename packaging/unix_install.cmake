@@ -49,7 +49,7 @@ foreach(size IN LISTS icon_sizes)
   install(FILES ${drawn} DESTINATION ${hicolor}/${size}x${size}/apps RENAME tolvex.png)
   list(APPEND drawn_icons ${drawn})
 endforeach()
-add_executable(tolvex-draw-icon draw_icon.cpp)
+add_executable(tolvex-draw-icon ${CMAKE_SOURCE_DIR}/tools/draw_icon.cpp)
 target_link_libraries(tolvex-draw-icon PRIVATE tolvex_platform Qt6::Svg)
 set_target_properties(tolvex-draw-icon PROPERTIES
   RUNTIME_OUTPUT_DIRECTORY ${CMAKE_CURRENT_BINARY_DIR})

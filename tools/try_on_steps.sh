@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Inside the fresh root of packaging/try-on: every step ends at the first thing that is not as it
+# Inside the fresh root of tools/try-on: every step ends at the first thing that is not as it
 # should be, and the others go on. It runs as root; `someone` is an ordinary user who may use sudo.
 set -euo pipefail
 cd "$(dirname "$0")/.."
