@@ -22,7 +22,7 @@ struct Floor {
 const Floor kHouse[] = {
     {u"base"_s, {}},
     {u"widgets"_s, {}},
-    {u"writer"_s, {}},
+    {u"writer"_s, u"base/stop_signals.h"_s},
     {u"platform"_s, u"base widgets"_s},
     {u"port"_s, u"base"_s},
     {u"link"_s, u"base widgets"_s},
@@ -31,7 +31,7 @@ const Floor kHouse[] = {
     {u"workbench"_s, u"base link image device"_s},
     {u"app"_s, u"base widgets platform port link image device workbench"_s},
     {u"cli"_s, u"base platform port link image device workbench"_s},
-    {u"firmware/simulator"_s, u"base cli writer"_s},
+    {u"firmware/simulator"_s, u"writer"_s},
     {u"tests/support"_s, u"base link image device workbench writer"_s},
 };
 

@@ -21,7 +21,7 @@ QString Hex(std::uint8_t byte) {
     return Hex(QByteArray(1, static_cast<char>(byte)));
 }
 
-/// Exactly `size` bytes, or nothing; QByteArray::fromHex alone would skip what is no digit.
+/// Exactly `size` bytes, or nothing: QByteArray::fromHex alone would skip what is no digit.
 std::optional<QByteArray> Unhex(const QJsonValue& value, qsizetype size) {
     const QByteArray text = value.toString().toUtf8();
     const auto isDigit = [](char c) {
@@ -34,7 +34,7 @@ std::optional<QByteArray> Unhex(const QJsonValue& value, qsizetype size) {
 }
 
 LoadedChip Failed(const QString& path, const QString& reason) {
-    return {std::nullopt, u"state file %1: %2"_s.arg(path, reason)};
+    return u"state file %1: %2"_s.arg(path, reason);
 }
 
 LoadedChip FromJson(const QJsonObject& state, const QString& path) {
@@ -59,11 +59,11 @@ LoadedChip FromJson(const QJsonObject& state, const QString& path) {
         }
         field.bytes = *bytes;
     }
-    LoadedChip loaded{SimulatedChip(*model), {}};
-    loaded.chip->SetContents({fields[0].bytes, fields[1].bytes,
-                              static_cast<std::uint8_t>(fields[2].bytes[0]),
-                              static_cast<std::uint8_t>(fields[3].bytes[0])});
-    return loaded;
+    SimulatedChip chip(*model);
+    chip.SetContents({fields[0].bytes, fields[1].bytes,
+                      static_cast<std::uint8_t>(fields[2].bytes[0]),
+                      static_cast<std::uint8_t>(fields[3].bytes[0])});
+    return chip;
 }
 
 }  // namespace
@@ -81,7 +81,7 @@ LoadedChip LoadChip(const QString& path) {
     return FromJson(document.object(), path);
 }
 
-QString SaveChip(const SimulatedChip& chip, const QString& path) {
+std::optional<QString> SaveChip(const SimulatedChip& chip, const QString& path) {
     const ChipContents& contents = chip.Contents();
     const QJsonObject state{{u"device"_s, chip.Model().name.toString()},
                             {u"flash"_s, Hex(contents.flash)},
@@ -93,7 +93,7 @@ QString SaveChip(const SimulatedChip& chip, const QString& path) {
         !file.commit()) {
         return u"state file %1: %2"_s.arg(path, file.errorString());
     }
-    return {};
+    return std::nullopt;
 }
 
 }  // namespace tolvex

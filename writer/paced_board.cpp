@@ -5,21 +5,6 @@
 
 namespace tolvex {
 
-namespace {
-
-constexpr std::int64_t kBitsPerByte = 10;  // start bit, eight data bits, stop bit
-
-}  // namespace
-
-WireLine::WireLine(int baud)
-    : byteTime_(baud == 0 ? Instant::zero()
-                          : Instant(kBitsPerByte * std::chrono::nanoseconds::period::den / baud)) {}
-
-WireLine::Instant WireLine::Arrival(Instant now) {
-    busyUntil_ = std::max(now, busyUntil_) + byteTime_;
-    return busyUntil_;
-}
-
 PacedBoard::PacedBoard(SimulatedWriter& writer, int baud, std::chrono::milliseconds latency)
     : writer_(writer), baud_(baud), latency_(latency), toBoard_(baud), toPc_(baud) {}
 
@@ -29,7 +14,7 @@ void PacedBoard::Send(QByteArrayView bytes, Instant now) {
     }
 }
 
-std::optional<PacedBoard::Instant> PacedBoard::NextDue() const {
+std::optional<Board::Instant> PacedBoard::NextDue() const {
     std::optional<Instant> due;
     for (const auto* queue : {&boardBound_, &pcBound_}) {
         if (!queue->empty() && (!due || queue->front().at < *due)) {
@@ -39,7 +24,7 @@ std::optional<PacedBoard::Instant> PacedBoard::NextDue() const {
     return due;
 }
 
-PacedBoard::Events PacedBoard::Run(Instant now) {
+Board::Events PacedBoard::Run(Instant now) {
     Events events;
     while (!boardBound_.empty() && boardBound_.front().at <= now) {
         const Arriving arrived = boardBound_.front();
@@ -76,7 +61,7 @@ void PacedBoard::Answer(const BoardReply& reply, Instant at) {
     }
 }
 
-PacedBoard::Instant PacedBoard::HandedOver(Instant arrival) const {
+Board::Instant PacedBoard::HandedOver(Instant arrival) const {
     return latency_ == Instant::zero() ? arrival
                                        : (arrival + latency_ - Instant(1)) / latency_ * latency_;
 }

@@ -1,55 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "writer/pseudo_terminal.h"
 
-#ifdef Q_OS_UNIX
-
 #include <fcntl.h>
-#include <termios.h>
 #include <unistd.h>
-
-#ifdef Q_OS_MACOS
-#include <util.h>
-#else
-#include <pty.h>
-#endif
 
 #include <QFile>
 #include <QFileInfo>
 #include <cerrno>
-#include <cstdio>
 #include <utility>
+
+#include "writer/system_terminal.h"
 
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-#ifdef F_OFD_SETLK
-/// A board marks its terminal by a lock, which goes with the process however that ends.
-struct flock BoardMark(short kind) {
-    struct flock mark {};
-    mark.l_type = kind;
-    mark.l_whence = SEEK_SET;
-    return mark;
-}
-#endif
-
-void Mark([[maybe_unused]] int terminal) {
-#ifdef F_OFD_SETLK
-    struct flock mark = BoardMark(F_RDLCK);
-    ::fcntl(terminal, F_OFD_SETLK, &mark);
-#endif
-}
-
-bool IsMarked([[maybe_unused]] int terminal) {
-#ifdef F_OFD_SETLK
-    struct flock mark = BoardMark(F_WRLCK);
-    return ::fcntl(terminal, F_OFD_GETLK, &mark) != 0 || mark.l_type != F_UNLCK;
-#else
-    return true;
-#endif
-}
 
 /// A pseudo-terminal that is gone, or that some other program has by now.
 bool LeftByABoard(const QString& terminal) {
@@ -61,28 +27,24 @@ bool LeftByABoard(const QString& terminal) {
     if (descriptor < 0) {
         return errno == ENOENT || errno == EIO;
     }
-    const bool marked = IsMarked(descriptor);
+    const bool served = IsServed(descriptor);
     ::close(descriptor);
-    return !marked;
+    return !served;
 }
 
 }  // namespace
 
-QString PseudoTerminal::Open() {
+std::optional<QString> PseudoTerminal::Open() {
     Close();
-    termios line{};
-    line.c_cflag = CREAD;
-    ::cfmakeraw(&line);
-    ::cfsetspeed(&line, B19200);
-    if (::openpty(&master_, &slave_, nullptr, &line, nullptr) != 0) {
+    if (!OpenTerminalPair(master_, slave_)) {
         return u"no pseudo-terminal: "_s + qt_error_string(errno);
     }
     path_ = QFile::decodeName(::ttyname(slave_));
     ::fcntl(master_, F_SETFL, ::fcntl(master_, F_GETFL) | O_NONBLOCK);
     ::fcntl(master_, F_SETFD, FD_CLOEXEC);
     ::fcntl(slave_, F_SETFD, FD_CLOEXEC);
-    Mark(slave_);
-    return {};
+    MarkAsServed(slave_);
+    return std::nullopt;
 }
 
 void PseudoTerminal::Close() {
@@ -118,12 +80,12 @@ void PseudoTerminal::Write(const QByteArray& bytes) {
 
 TerminalLink::~TerminalLink() {
     // Another board may have taken the link over in the meantime.
-    if (!link_.isEmpty() && QFile::symLinkTarget(link_) == terminal_) {
-        QFile::remove(link_);
+    if (link_ && QFile::symLinkTarget(*link_) == terminal_) {
+        QFile::remove(*link_);
     }
 }
 
-QString TerminalLink::Lead(const QString& link, const QString& terminal) {
+std::optional<QString> TerminalLink::Lead(const QString& link, const QString& terminal) {
     const QFileInfo present(link);
     if (present.isSymLink()) {
         const QString target = present.symLinkTarget();
@@ -143,21 +105,7 @@ QString TerminalLink::Lead(const QString& link, const QString& terminal) {
     }
     link_ = link;
     terminal_ = terminal;
-    return {};
-}
-
-QString OpenForClients(PseudoTerminal& terminal, TerminalLink& link, const QString& path) {
-    QString reason = terminal.Open();
-    if (reason.isEmpty() && !path.isEmpty()) {
-        reason = link.Lead(path, terminal.Path());
-    }
-    if (reason.isEmpty()) {
-        std::printf("ready %s\n", qUtf8Printable(terminal.Path()));
-        std::fflush(stdout);
-    }
-    return reason;
+    return std::nullopt;
 }
 
 }  // namespace tolvex
-
-#endif

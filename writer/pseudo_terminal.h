@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QtGlobal>
-
-#ifdef Q_OS_UNIX
-
 #include <QByteArray>
 #include <QString>
+#include <optional>
 
 namespace tolvex {
 
@@ -20,8 +17,8 @@ class PseudoTerminal {
     PseudoTerminal(const PseudoTerminal&) = delete;
     PseudoTerminal& operator=(const PseudoTerminal&) = delete;
 
-    /// Empty when it worked, else the reason.
-    QString Open();
+    /// Nothing when it worked, else the reason.
+    std::optional<QString> Open();
     void Close();
     /// From now on `Read` finds the terminal readable and empty once the last client has left.
     void LetGo();
@@ -50,17 +47,12 @@ class TerminalLink {
     TerminalLink& operator=(const TerminalLink&) = delete;
 
     /// Replaces only what a board has left behind: a link to a pseudo-terminal at which there is
-    /// no board any more. Empty when it worked, else the reason.
-    QString Lead(const QString& link, const QString& terminal);
+    /// no board any more. Nothing when it worked, else the reason.
+    std::optional<QString> Lead(const QString& link, const QString& terminal);
 
   private:
-    QString link_, terminal_;
+    std::optional<QString> link_;
+    QString terminal_;  // that the link leads to
 };
 
-/// Opens the terminal, leads `link` to it from `path` unless that is empty, and says "ready" and
-/// the terminal's path on the standard output. Empty when it worked, else the reason.
-QString OpenForClients(PseudoTerminal& terminal, TerminalLink& link, const QString& path);
-
 }  // namespace tolvex
-
-#endif

@@ -18,11 +18,6 @@ std::uint8_t Cell(const QByteArray& memory, int address) {
     return static_cast<std::uint8_t>(memory[Wrap(address, memory)]);
 }
 
-void ClearBits(QByteArray& memory, int address, std::uint8_t byte) {
-    char& cell = memory[Wrap(address, memory)];
-    cell = static_cast<char>(cell & static_cast<char>(byte));
-}
-
 std::uint8_t WithUnusedBitsSet(int byte, std::uint8_t used) {
     return static_cast<std::uint8_t>(byte | ~used);
 }
@@ -35,27 +30,28 @@ SimulatedChip::SimulatedChip(const ChipModel& model)
                 0xFF, model.factoryFuses} {}
 
 std::array<std::uint8_t, 3> SimulatedChip::ReadSignature() const {
-    return ReadProtected() ? std::array<std::uint8_t, 3>{0, 1, 2} : model_->signature;
+    return ReadLocked() ? std::array<std::uint8_t, 3>{0, 1, 2} : model_->signature;
 }
 
 std::uint8_t SimulatedChip::ReadFlash(int byteAddress) const {
-    return ReadProtected() ? static_cast<std::uint8_t>(byteAddress)
-                           : Cell(contents_.flash, byteAddress);
+    return ReadLocked() ? static_cast<std::uint8_t>(byteAddress)
+                        : Cell(contents_.flash, byteAddress);
 }
 
 void SimulatedChip::ProgramFlash(int byteAddress, std::uint8_t byte) {
-    if (!WriteProtected()) {
-        ClearBits(contents_.flash, byteAddress, byte);
+    if (!WriteLocked()) {
+        char& cell = contents_.flash[Wrap(byteAddress, contents_.flash)];
+        cell = static_cast<char>(cell & static_cast<char>(byte));
     }
 }
 
 std::uint8_t SimulatedChip::ReadEeprom(int address) const {
-    return ReadProtected() ? static_cast<std::uint8_t>(address) : Cell(contents_.eeprom, address);
+    return ReadLocked() ? static_cast<std::uint8_t>(address) : Cell(contents_.eeprom, address);
 }
 
 void SimulatedChip::ProgramEeprom(int address, std::uint8_t byte) {
-    if (!WriteProtected()) {
-        ClearBits(contents_.eeprom, address, byte);
+    if (!WriteLocked()) {
+        contents_.eeprom[Wrap(address, contents_.eeprom)] = static_cast<char>(byte);
     }
 }
 
@@ -72,7 +68,7 @@ void SimulatedChip::ProgramLock(std::uint8_t byte) {
 }
 
 void SimulatedChip::ProgramFuses(std::uint8_t byte) {
-    if (!WriteProtected() && (byte & kPrefixMask) == kFusePrefix) {
+    if (!WriteLocked() && (byte & kPrefixMask) == kFusePrefix) {
         contents_.fuses = WithUnusedBitsSet(byte, FuseMask());
     }
 }

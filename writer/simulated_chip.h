@@ -9,21 +9,20 @@
 
 namespace tolvex {
 
-/// Everything a chip holds, protected or not.
+/// Everything a chip holds, locked or not.
 struct ChipContents {
     QByteArray flash;    ///< two bytes a word, the low one first, as in an Intel HEX file
     QByteArray eeprom;   ///< one byte an address
-    std::uint8_t lock;   ///< bit 1 = LB1, bit 2 = LB2, the other bits 1; a cleared bit protects
+    std::uint8_t lock;   ///< bit 1 = LB1, bit 2 = LB2, the other bits 1; a cleared bit locks
     std::uint8_t fuses;  ///< bits as in ChipModel, unused ones 1
 
     bool operator==(const ChipContents&) const = default;
 };
 
-/// A chip in the socket, with the habits of silicon that fool people: programming only clears bits
-/// until the next erase, protected chips take every write without a murmur, and read-protected ones
-/// answer with addresses instead of data. EEPROM bytes are cleared bit by bit too, which is
-/// stricter than the self-erasing EEPROM of the real chips: a forgotten erase shows. Addresses wrap
-/// within the chip's size, as address lines do.
+/// A chip in the socket that behaves as silicon does: programming Flash only clears bits until the
+/// next erase, while an EEPROM write erases its cell first; a chip locked against writing silently
+/// ignores writes; one locked against reading answers with addresses instead of data. Addresses
+/// wrap within the chip's size, as address lines do.
 class SimulatedChip {
   public:
     /// A factory-new chip: memories and lock bits all 1. `model` must outlive the chip.
@@ -41,17 +40,17 @@ class SimulatedChip {
     void ProgramEeprom(int address, std::uint8_t byte);
     /// Memories and lock bits to 1; fuses stay.
     void Erase();
-    /// Takes bytes of the form 111xx21x (a cleared bit sets protection) and ignores others, which
-    /// would be another instruction to the chip.
+    /// Takes bytes of the form 111xx21x (a cleared bit locks) and ignores others, which would be
+    /// another instruction to the chip.
     void ProgramLock(std::uint8_t byte);
     /// Takes bytes of the form 101fffff and ignores others. Fuses, unlike memory, can be set to 1
-    /// again at any time while the chip is not protected.
+    /// again at any time while the chip is not locked.
     void ProgramFuses(std::uint8_t byte);
 
-    bool WriteProtected() const { return (contents_.lock & kLb1) == 0; }
-    bool ReadProtected() const { return (contents_.lock & (kLb1 | kLb2)) == 0; }
+    bool WriteLocked() const { return (contents_.lock & kLb1) == 0; }
+    bool ReadLocked() const { return (contents_.lock & (kLb1 | kLb2)) == 0; }
 
-    // Past all protection: to prepare a chip and to look at the result.
+    // Past the lock bits: to prepare a chip and to look at the result.
     const ChipContents& Contents() const { return contents_; }
     /// The sizes must be those of the model; bits that the chip doesn't have become 1.
     void SetContents(const ChipContents& contents);

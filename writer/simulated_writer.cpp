@@ -8,7 +8,7 @@ namespace tolvex {
 
 namespace {
 
-constexpr int kForEver = std::numeric_limits<int>::max();
+constexpr int kNoLimit = std::numeric_limits<int>::max();
 
 QByteArray Bytes(std::initializer_list<int> values) {
     QByteArray bytes;
@@ -95,11 +95,11 @@ void SimulatedWriter::SetFault(int command, FaultKind kind) {
 }
 
 void SimulatedWriter::SetFaultFrom(int command, FaultKind kind) {
-    faults_.append({kind, command, kForEver});
+    faults_.append({kind, command, kNoLimit});
 }
 
 void SimulatedWriter::SetLetterFault(char letter, FaultKind kind, int occurrence) {
-    const int last = occurrence == 0 ? kForEver : occurrence;
+    const int last = occurrence == 0 ? kNoLimit : occurrence;
     faults_.append({kind, occurrence, last, letter});
 }
 

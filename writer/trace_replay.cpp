@@ -19,7 +19,7 @@ QString Hex(char byte) {
 
 }  // namespace
 
-QString TraceReplay::Load(const QString& path) {
+std::optional<QString> TraceReplay::Load(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         return u"trace %1: %2"_s.arg(path, file.errorString());
@@ -27,20 +27,19 @@ QString TraceReplay::Load(const QString& path) {
     int line = 0;
     while (!file.atEnd()) {
         const QString text = QString::fromLatin1(file.readLine()).trimmed();
-        const QString wrong = Parse(text, ++line);
-        if (!wrong.isEmpty()) {
-            return u"trace %1: line %2: %3"_s.arg(path, QString::number(line), wrong);
+        if (const auto wrong = Parse(text, ++line)) {
+            return u"trace %1: line %2: %3"_s.arg(path, QString::number(line), *wrong);
         }
     }
     // What the board said before it was ever asked is not waited for.
     Schedule(Instant::zero());
-    return {};
+    return std::nullopt;
 }
 
-QString TraceReplay::Parse(const QString& text, int line) {
+std::optional<QString> TraceReplay::Parse(const QString& text, int line) {
     const QStringList words = text.split(u' ', Qt::SkipEmptyParts);
     if (words.isEmpty()) {
-        return {};
+        return std::nullopt;
     }
     bool isTime = false;
     const std::chrono::microseconds time(words[0].toLongLong(&isTime));
@@ -50,11 +49,11 @@ QString TraceReplay::Parse(const QString& text, int line) {
         return u"no time and event"_s;
     }
     if (kind == u"open"_s || kind == u"refused"_s || kind == u"close"_s) {
-        return {};
+        return std::nullopt;
     }
     if (kind == u"lost"_s) {
         events_.append({line, time, false, {}});
-        return {};
+        return std::nullopt;
     }
     QByteArray bytes;
     for (const QString& word : words.mid(2)) {
@@ -68,7 +67,7 @@ QString TraceReplay::Parse(const QString& text, int line) {
         return u"unknown event: "_s + kind;
     }
     events_.append({line, time, kind == u">"_s, bytes});
-    return {};
+    return std::nullopt;
 }
 
 void TraceReplay::Send(QByteArrayView bytes, Instant now) {
@@ -79,7 +78,7 @@ void TraceReplay::Send(QByteArrayView bytes, Instant now) {
 }
 
 void TraceReplay::Expect(char byte) {
-    if (!departure_.isEmpty()) {
+    if (departure_) {
         return;
     }
     if (next_ >= events_.size()) {
@@ -100,22 +99,22 @@ void TraceReplay::Expect(char byte) {
 
 /// What the board said between this event of the PC and its next one.
 void TraceReplay::Schedule(Instant now) {
-    if (received_ != 0 || !departure_.isEmpty()) {
+    if (received_ != 0 || departure_) {
         return;
     }
     const auto asked = next_ == 0 ? std::chrono::microseconds::zero() : events_[next_ - 1].time;
     for (; next_ < events_.size() && !events_[next_].fromPc; ++next_) {
         const Event& event = events_[next_];
-        due_.push_back({hurry_ ? now : now + (event.time - asked), event.bytes});
+        due_.push_back({skipDelays_ ? now : now + (event.time - asked), event.bytes});
     }
 }
 
-std::optional<TraceReplay::Instant> TraceReplay::NextDue() const {
+std::optional<Board::Instant> TraceReplay::NextDue() const {
     return due_.empty() ? std::nullopt : std::optional(due_.front().at);
 }
 
-PacedBoard::Events TraceReplay::Run(Instant now) {
-    PacedBoard::Events events;
+Board::Events TraceReplay::Run(Instant now) {
+    Events events;
     while (!due_.empty() && due_.front().at <= now) {
         if (due_.front().bytes.isEmpty()) {
             events.hangUp = true;

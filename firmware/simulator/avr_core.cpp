@@ -62,7 +62,7 @@ AvrCore::~AvrCore() {
     }
 }
 
-QString AvrCore::Load(const QString& hexFile) {
+std::optional<QString> AvrCore::Load(const QString& hexFile) {
     avr_global_logger_set(Silent);
     std::uint32_t size = 0;
     std::uint32_t start = 0;
@@ -83,7 +83,7 @@ QString AvrCore::Load(const QString& hexFile) {
     avr_loadcode(avr_, code, size, start);
     std::free(code);
     Connect();
-    return {};
+    return std::nullopt;
 }
 
 void AvrCore::Connect() {

@@ -33,8 +33,8 @@ class AvrCore {
     AvrCore(const AvrCore&) = delete;
     AvrCore& operator=(const AvrCore&) = delete;
 
-    /// Empty when it worked, else the reason. To be called once, before anything else.
-    QString Load(const QString& hexFile);
+    /// Nothing when it worked, else the reason. To be called once, before anything else.
+    std::optional<QString> Load(const QString& hexFile);
 
     /// Called at the moment at which it happens, from within `RunTo`.
     std::function<void(std::uint8_t byte)> onTransmit;  ///< the byte begins

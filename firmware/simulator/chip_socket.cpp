@@ -13,9 +13,9 @@ constexpr double kNanosecondsPerSecond = 1e9;
 
 }  // namespace
 
-ChipSocket::ChipSocket(SimulatedChip* chip, const ChipHabits& habits) : habits_(habits) {
+ChipSocket::ChipSocket(SimulatedChip* chip, const ChipOptions& options) : options_(options) {
     if (chip) {
-        programming_.emplace(*chip, habits);
+        programming_.emplace(*chip, options);
     }
 }
 
@@ -52,7 +52,7 @@ void ChipSocket::NoticeReset(bool high, Instant now) {
     bits_ = 0;
     answer_ = 0xFF;
     miso_ = true;
-    missing_ = habits_.missedClocks;
+    missing_ = options_.missedClocks;
     if (high) {
         programming_->ResetGoesHigh(now);
     } else {
@@ -62,7 +62,7 @@ void ChipSocket::NoticeReset(bool high, Instant now) {
 
 /// Two clocks of the chip must fit in.
 bool ChipSocket::TooShort(Instant time, const Lines& lines) const {
-    const double hertz = habits_.ownClockHertz != 0 ? habits_.ownClockHertz : lines.clockHertz;
+    const double hertz = options_.ownClockHertz.value_or(lines.clockHertz);
     return static_cast<double>(time.count()) * hertz <= 2 * kNanosecondsPerSecond;
 }
 
@@ -111,7 +111,7 @@ void ChipSocket::TakeBit(bool bit, Instant now) {
 }
 
 Level ChipSocket::Miso() const {
-    return programming_ && !resetHigh_ && !habits_.misoBroken ? Level(miso_) : std::nullopt;
+    return programming_ && !resetHigh_ && !options_.misoBroken ? Level(miso_) : std::nullopt;
 }
 
 }  // namespace tolvex

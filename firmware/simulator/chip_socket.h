@@ -23,7 +23,7 @@ class ChipSocket {
     };
 
     /// `chip` is not owned and outlives this; null is an empty socket.
-    explicit ChipSocket(SimulatedChip* chip, const ChipHabits& habits = {});
+    explicit ChipSocket(SimulatedChip* chip, const ChipOptions& options = {});
 
     void SetLines(const Lines& lines, Instant now);
     /// What the chip puts on MISO.
@@ -39,7 +39,7 @@ class ChipSocket {
     void TakeBit(bool bit, Instant now);
     bool TooShort(Instant time, const Lines& lines) const;
 
-    ChipHabits habits_;
+    ChipOptions options_;
     std::optional<SerialProgramming> programming_;  // the chip's inside
     bool resetHigh_ = true;
     bool sckHigh_ = false;

@@ -7,14 +7,17 @@
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
 constexpr int kBaud = 19200;
 constexpr double kBaudTolerance = 0.02 * kBaud;
-constexpr FirmwareBoard::Instant kByteTime{10'000'000'000 / kBaud};
-constexpr FirmwareBoard::Instant kLessThanByte{500'000};
-constexpr FirmwareBoard::Instant kStartTime{10'000'000};
+constexpr Board::Instant kByteTime{10'000'000'000 / kBaud};
+constexpr Board::Instant kLessThanByte{500'000};
+constexpr Board::Instant kLongestCommand = 3s;
+constexpr Board::Instant kIdleRest = 50ms;
+constexpr Board::Instant kStartTime{10'000'000};
 
 // The wiring on port B.
 constexpr int kResetPin = 2;
@@ -35,9 +38,9 @@ FirmwareBoard::FirmwareBoard(ChipSocket& socket) : socket_(socket), toBoard_(kBa
     };
 }
 
-QString FirmwareBoard::Load(const QString& hexFile) {
-    const QString reason = core_.Load(hexFile);
-    if (reason.isEmpty()) {
+std::optional<QString> FirmwareBoard::Load(const QString& hexFile) {
+    const auto reason = core_.Load(hexFile);
+    if (!reason) {
         core_.RunTo(kStartTime);
     }
     return reason;
@@ -61,17 +64,20 @@ bool FirmwareBoard::ChipIsReleased() const {
 
 void FirmwareBoard::Send(QByteArrayView bytes, Instant now) {
     for (const char byte : bytes) {
-        boardBound_.push_back({toBoard_.Arrival(now) - kByteTime, static_cast<std::uint8_t>(byte)});
+        lastByte_ = toBoard_.Arrival(now - offset_);
+        boardBound_.push_back({lastByte_ - kByteTime, static_cast<std::uint8_t>(byte)});
     }
 }
 
-FirmwareBoard::Instant FirmwareBoard::NextDue() const {
-    const Instant soon = core_.Now() + kLessThanByte;
-    return pcBound_.empty() ? soon : std::min(soon, pcBound_.front().at);
+std::optional<Board::Instant> FirmwareBoard::NextDue() const {
+    const bool idle = core_.Now() - lastByte_ > kLongestCommand;
+    const Instant soon = core_.Now() + (idle ? kIdleRest : kLessThanByte);
+    return offset_ + (pcBound_.empty() ? soon : std::min(soon, pcBound_.front().at));
 }
 
-FirmwareBoard::Events FirmwareBoard::Run(Instant now) {
-    while (!boardBound_.empty() && boardBound_.front().at <= now) {
+Board::Events FirmwareBoard::Run(Instant now) {
+    const Instant end = now - offset_;
+    while (!boardBound_.empty() && boardBound_.front().at <= end) {
         core_.RunTo(boardBound_.front().at);
         if (std::abs(core_.Baud() - kBaud) > kBaudTolerance) {
             violations_ << u"the line runs at %1 baud"_s.arg(core_.Baud());
@@ -79,17 +85,23 @@ FirmwareBoard::Events FirmwareBoard::Run(Instant now) {
         core_.Receive(boardBound_.front().value);
         boardBound_.pop_front();
     }
-    core_.RunTo(now);
+    core_.RunTo(end);
     if (core_.HasStopped()) {
         violations_ << u"the firmware has crashed"_s;
     }
     Events events;
-    while (!pcBound_.empty() && pcBound_.front().at <= now) {
+    while (!pcBound_.empty() && pcBound_.front().at <= end) {
         events.bytes += static_cast<char>(pcBound_.front().value);
-        events.lastByte = pcBound_.front().at;
+        lastByte_ = pcBound_.front().at;
+        events.lastByte = offset_ + lastByte_;
         pcBound_.pop_front();
     }
     return events;
+}
+
+std::optional<QString> FirmwareBoard::Failure() const {
+    const QStringList violations = Violations();
+    return violations.isEmpty() ? std::nullopt : std::optional(violations.join(u'\n'));
 }
 
 }  // namespace tolvex

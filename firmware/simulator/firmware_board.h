@@ -1,40 +1,35 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QByteArray>
-#include <QByteArrayView>
 #include <QStringList>
 #include <deque>
 
 #include "firmware/simulator/avr_core.h"
 #include "firmware/simulator/chip_socket.h"
-#include "writer/paced_board.h"
+#include "writer/board.h"
 
 namespace tolvex {
 
 /// The board that anyone can build, at the end of its cable: the HEX file that would be burnt runs
-/// in the simulated processor, wired to a socket. Time is the board's own and goes on in `Run`.
-class FirmwareBoard {
+/// in the simulated processor, wired to a socket. Time goes on in `Run` alone.
+class FirmwareBoard : public Board {
   public:
-    using Instant = WireLine::Instant;
-
-    struct Events {
-        QByteArray bytes;     ///< have arrived at the PC
-        Instant lastByte{0};  ///< when the last of them did
-    };
-
     /// `socket` is not owned and outlives the board.
     explicit FirmwareBoard(ChipSocket& socket);
-    /// Empty when it worked, else the reason. To be called once, before anything else; the firmware
-    /// has started then.
-    QString Load(const QString& hexFile);
+    /// Nothing when it worked, else the reason. To be called once, before anything else; the
+    /// firmware has started then.
+    std::optional<QString> Load(const QString& hexFile);
+    /// The caller's time at which the board's own began; 0 without this.
+    void StartsAt(Instant callersTime) { offset_ = callersTime - core_.Now(); }
 
-    /// The PC sends.
-    void Send(QByteArrayView bytes, Instant now);
-    /// No byte reaches the PC between a `Run` and this moment.
-    Instant NextDue() const;
-    Events Run(Instant now);
-    Instant Now() const { return core_.Now(); }
+    void Send(QByteArrayView bytes, Instant now) override;
+    /// No byte reaches the PC between a `Run` and this moment, unless the board was asked nothing
+    /// for longer than any command takes.
+    std::optional<Instant> NextDue() const override;
+    Events Run(Instant now) override;
+    /// What the firmware did wrong, a line for each.
+    std::optional<QString> Failure() const override;
+    Instant Now() const { return core_.Now() + offset_; }
 
     /// All lines to the chip float and the clock output rests.
     bool ChipIsReleased() const;
@@ -57,6 +52,8 @@ class FirmwareBoard {
     WireLine toPc_;
     std::deque<Byte> boardBound_;  // by their beginnings
     std::deque<Byte> pcBound_;     // by their ends
+    Instant offset_{0};
+    Instant lastByte_{0};  // in either direction
     QStringList violations_;
 };
 

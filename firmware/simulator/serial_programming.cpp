@@ -70,8 +70,8 @@ const SerialProgramming::Instruction SerialProgramming::kInstructions[] = {
 };
 // clang-format on
 
-SerialProgramming::SerialProgramming(SimulatedChip& chip, const ChipHabits& habits)
-    : chip_(chip), habits_(habits) {}
+SerialProgramming::SerialProgramming(SimulatedChip& chip, const ChipOptions& options)
+    : chip_(chip), options_(options) {}
 
 void SerialProgramming::Violate(const QString& what, Instant now) {
     const double seconds = std::chrono::duration<double>(now).count();
@@ -132,7 +132,7 @@ void SerialProgramming::Finish(const Bytes& bytes, Instant begun, Instant now) {
     const bool first = std::exchange(firstInstruction_, false);
     const Instruction* instruction = Find(bytes);
     if (!enabled_) {
-        if (first && instruction && habits_.missedClocks == 0) {
+        if (first && instruction && options_.missedClocks == 0) {
             Violate(u"the first instruction is not Programming Enable"_s, now);
         }
         return;
@@ -173,8 +173,8 @@ std::uint8_t SerialProgramming::Read(const Instruction& instruction, const Bytes
 
 void SerialProgramming::Write(const Instruction& instruction, const Bytes& bytes, Instant now) {
     const auto byteTime =
-        SlowKind() ? (habits_.lowSupply ? 20ms : 9ms) : (habits_.lowSupply ? 9ms : 4ms);
-    const auto bitsTime = habits_.lowSupply ? 20ms : 9ms;
+        SlowKind() ? (options_.lowSupply ? 20ms : 9ms) : (options_.lowSupply ? 9ms : 4ms);
+    const auto bitsTime = options_.lowSupply ? 20ms : 9ms;
     const auto busy = [this, now](Instant time, std::optional<Bytes> writing) {
         busyUntil_ = now + time;
         writing_ = writing;

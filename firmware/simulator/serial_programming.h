@@ -12,11 +12,11 @@
 namespace tolvex {
 
 /// What differs from one socket to the next.
-struct ChipHabits {
-    double ownClockHertz = 0;  ///< 0 = the chip takes the clock of the board
-    bool lowSupply = false;    ///< writing takes the longest time instead of the shortest
-    int missedClocks = 0;      ///< the first clocks after a reset that the chip doesn't notice
-    bool misoBroken = false;   ///< the chip hears but isn't heard
+struct ChipOptions {
+    std::optional<double> ownClockHertz = {};  ///< none = the chip takes the clock of the board
+    bool lowSupply = false;   ///< writing takes the longest time instead of the shortest
+    int missedClocks = 0;     ///< clocks after a reset that the chip misses
+    bool misoBroken = false;  ///< the chip hears but isn't heard
 };
 
 /// The inside of a chip that is being programmed: takes four-byte instructions, answers, and
@@ -27,7 +27,7 @@ class SerialProgramming {
     using Bytes = std::array<std::uint8_t, 4>;
 
     /// `chip` is not owned.
-    SerialProgramming(SimulatedChip& chip, const ChipHabits& habits);
+    SerialProgramming(SimulatedChip& chip, const ChipOptions& options);
 
     void ResetGoesLow();
     void ResetGoesHigh(Instant now);
@@ -56,7 +56,7 @@ class SerialProgramming {
     bool SlowKind() const;
 
     SimulatedChip& chip_;
-    ChipHabits habits_;
+    ChipOptions options_;
     bool enabled_ = false;
     bool firstInstruction_ = true;
     Instant busyUntil_{0};

@@ -29,14 +29,14 @@ QByteArray Flash(const ChipModel& model) {
     return bytes.replace(kEnd, blank, QByteArray(blank, '\xFF'));
 }
 
-int ProgramAndVerify(FirmwareBench& bench) {
-    const ChipModel& model = bench.chip.Model();
-    const QString code = bench.Path(u"code.hex"_s), data = bench.Path(u"data.eep"_s);
+int ProgramAndVerify(FirmwareBench& tool) {
+    const ChipModel& model = tool.chip.Model();
+    const QString code = tool.Path(u"code.hex"_s), data = tool.Path(u"data.eep"_s);
     const QByteArray flash = Flash(model), eeprom = RandomBytes(model.eepromBytes, 2);
-    EXPECT_TRUE(WriteHex(code, flash) && WriteHex(data, eeprom));
-    const int status = bench.Run({u"program"_s, code, data});
-    EXPECT_EQ(bench.chip.Contents().flash, flash) << bench.words;
-    EXPECT_EQ(bench.chip.Contents().eeprom, eeprom) << bench.words;
+    EXPECT_TRUE(bench::WriteHex(code, flash) && bench::WriteHex(data, eeprom));
+    const int status = tool.Run({u"program"_s, code, data});
+    EXPECT_EQ(tool.chip.Contents().flash, flash) << tool.words;
+    EXPECT_EQ(tool.chip.Contents().eeprom, eeprom) << tool.words;
     return status;
 }
 
@@ -45,37 +45,37 @@ INSTANTIATE_TEST_SUITE_P(Firmware, EveryChip,
                          ::testing::Range(0, static_cast<int>(ChipModels().size())));
 
 TEST_P(EveryChip, IsProgrammedReadLockedAndErased) {
-    FirmwareBench bench(GetParam());
-    const ChipModel& model = bench.chip.Model();
-    EXPECT_EQ(bench.Run({u"detect"_s}), kDone) << bench.words;
-    EXPECT_EQ(ProgramAndVerify(bench), kDone) << bench.words;
-    const QString code = bench.Path(u"r.hex"_s), data = bench.Path(u"r.eep"_s);
-    EXPECT_EQ(bench.Run({u"read"_s, code, data}), kDone) << bench.words;
-    EXPECT_EQ(Bytes(code), Bytes(bench.Path(u"code.hex"_s)));
-    EXPECT_EQ(Bytes(data), Bytes(bench.Path(u"data.eep"_s)));
+    FirmwareBench tool(GetParam());
+    const ChipModel& model = tool.chip.Model();
+    EXPECT_EQ(tool.Run({u"detect"_s}), kDone) << tool.words;
+    EXPECT_EQ(ProgramAndVerify(tool), kDone) << tool.words;
+    const QString code = tool.Path(u"r.hex"_s), data = tool.Path(u"r.eep"_s);
+    EXPECT_EQ(tool.Run({u"read"_s, code, data}), kDone) << tool.words;
+    EXPECT_EQ(Bytes(code), Bytes(tool.Path(u"code.hex"_s)));
+    EXPECT_EQ(Bytes(data), Bytes(tool.Path(u"data.eep"_s)));
 
-    EXPECT_EQ(bench.Run({u"lock"_s, u"full"_s}), kDone);
-    EXPECT_TRUE(bench.chip.ReadProtected());
-    EXPECT_EQ(bench.Run({u"detect"_s}), kRefused) << "protected";
-    EXPECT_EQ(bench.Run({u"erase"_s}), kDone) << bench.words;
-    EXPECT_EQ(bench.Run({u"detect"_s}), kDone);
-    EXPECT_EQ(bench.chip.Contents().flash, QByteArray(2 * model.flashWords, '\xFF'));
-    EXPECT_EQ(bench.chip.Contents().lock, 0xFF);
+    EXPECT_EQ(tool.Run({u"lock"_s, u"full"_s}), kDone);
+    EXPECT_TRUE(tool.chip.ReadLocked());
+    EXPECT_EQ(tool.Run({u"detect"_s}), kRefused) << "locked";
+    EXPECT_EQ(tool.Run({u"erase"_s}), kDone) << tool.words;
+    EXPECT_EQ(tool.Run({u"detect"_s}), kDone);
+    EXPECT_EQ(tool.chip.Contents().flash, QByteArray(2 * model.flashWords, '\xFF'));
+    EXPECT_EQ(tool.chip.Contents().lock, 0xFF);
 }
 
 TEST(Firmware, CopesWithChipsAsTheyAre) {
     constexpr int k1200 = 0, k2313 = 2, k2323 = 3, k4433 = 7;
-    const std::tuple<const char*, int, ChipHabits> cases[] = {
+    const std::tuple<const char*, int, ChipOptions> cases[] = {
         {"slow clock", k1200, {.ownClockHertz = 500'000}},
         {"lowest supply", k2313, {.lowSupply = true}},
         {"lowest supply, zero can't be polled", k2323, {.lowSupply = true}},
         {"first enable missed", k2323, {.missedClocks = 1}},
         {"several enables missed", k4433, {.missedClocks = 3}},
     };
-    for (const auto& [name, chip, habits] : cases) {
+    for (const auto& [name, chip, options] : cases) {
         SCOPED_TRACE(name);
-        FirmwareBench bench(chip, habits);
-        EXPECT_EQ(ProgramAndVerify(bench), kDone) << bench.words;
+        FirmwareBench tool(chip, options);
+        EXPECT_EQ(ProgramAndVerify(tool), kDone) << tool.words;
     }
 }
 

@@ -5,9 +5,9 @@
 
 #include <QTemporaryDir>
 
-#include "firmware/simulator/board_line.h"
+#include "benchmark/board_line.h"
+#include "benchmark/tool_run.h"
 #include "firmware/simulator/firmware_board.h"
-#include "firmware/simulator/tool_run.h"
 
 namespace tolvex::testing {
 
@@ -17,18 +17,18 @@ using namespace std::chrono_literals;
 /// A chip, fresh from the factory or none, in the board that runs the HEX file.
 class FirmwareSocket {
   public:
-    explicit FirmwareSocket(SimulatedChip* chip, const ChipHabits& habits = {})
-        : socket(chip, habits), board(socket) {
-        EXPECT_EQ(board.Load(QStringLiteral(TOLVEX_FIRMWARE_HEX)), QString());
+    explicit FirmwareSocket(SimulatedChip* chip, const ChipOptions& options = {})
+        : socket(chip, options), board(socket) {
+        EXPECT_EQ(board.Load(QStringLiteral(TOLVEX_FIRMWARE_HEX)), std::nullopt);
     }
     /// Sends and awaits so many bytes, for as long as the PC would. Bytes that come too much are
     /// part of the next answer.
     QByteArray Ask(const QByteArray& bytes, qsizetype need) {
-        const FirmwareBoard::Instant start = board.Now();
+        const Board::Instant start = board.Now();
         QByteArray reply;
         board.Send(bytes, start);
         while (reply.size() < need && board.Now() < start + 5s) {
-            reply += board.Run(board.NextDue()).bytes;
+            reply += board.Run(*board.NextDue()).bytes;
         }
         return reply;
     }
@@ -41,14 +41,14 @@ class FirmwareSocket {
 /// The tool in front of that board, in simulated time.
 class FirmwareBench {
   public:
-    explicit FirmwareBench(int chipIndex, const ChipHabits& habits = {})
+    explicit FirmwareBench(int chipIndex, const ChipOptions& options = {})
         : chip(*FindChipModel(QString::number(chipIndex))),
-          real(&chip, habits),
+          real(&chip, options),
           line_(real.board, real.board.Now()) {}
 
     /// The exit status; the board must have done nothing wrong and let go of the chip.
     int Run(const QStringList& command) {
-        const ToolRun run = RunTool(line_, line_, chip.Model(), command);
+        const bench::ToolRun run = bench::RunTool(line_, line_, chip.Model(), command);
         words = run.words.toStdString();
         EXPECT_EQ(real.Violations(), "") << words;
         EXPECT_TRUE(real.board.ChipIsReleased()) << words;
@@ -61,7 +61,7 @@ class FirmwareBench {
     std::string words;  ///< of the last run
 
   private:
-    BoardLine<FirmwareBoard> line_;
+    bench::BoardLine line_;
     QTemporaryDir folder_;
 };
 

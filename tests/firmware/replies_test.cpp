@@ -3,6 +3,7 @@
 #include <random>
 
 #include "tests/firmware/firmware_bench.h"
+#include "writer/simulated_writer.h"
 
 namespace tolvex::testing {
 namespace {

@@ -99,11 +99,11 @@ void ReadSettings(const QByteArray& bytes) {
 
 void Replay(const QByteArray& bytes) {
     TraceReplay replay;
-    if (!replay.Load(AsFile(bytes)).isEmpty()) {
+    if (replay.Load(AsFile(bytes))) {
         return;
     }
-    replay.Hurry();
-    for (char c = 0; c < 127 && replay.Departure().isEmpty(); ++c) {
+    replay.SkipDelays();
+    for (char c = 0; c < 127 && !replay.Failure(); ++c) {
         replay.Send(QByteArrayView(&c, 1), {});
         replay.Run({});
     }
@@ -112,11 +112,10 @@ void Replay(const QByteArray& bytes) {
 /// A chip that could be loaded is the same after it was saved.
 void LoadState(const QByteArray& bytes) {
     const LoadedChip loaded = LoadChip(AsFile(bytes));
-    Must(loaded.chip.has_value() == loaded.error.isEmpty());
-    if (loaded.chip) {
+    if (const auto* chip = std::get_if<SimulatedChip>(&loaded)) {
         const QString path = AsFile({});
-        Must(SaveChip(*loaded.chip, path).isEmpty());
-        Must(LoadChip(path).chip->Contents() == loaded.chip->Contents());
+        Must(!SaveChip(*chip, path));
+        Must(std::get<SimulatedChip>(LoadChip(path)).Contents() == chip->Contents());
     }
 }
 

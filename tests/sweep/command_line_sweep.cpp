@@ -134,7 +134,7 @@ QList<Rule> Judge(const World& w, const World& calm, int exchange, int trouble, 
         erased || uncertain || written.contains("fuseByte"_L1) || written.contains("lockByte"_L1);
     // Before an erase nobody needs the signature; after a lock it is the proof, before the L.
     const bool needed = wantedCode && !signalled &&
-                        !w.letters.value(exchange - 1).startsWith(u's') && !w.chip->ReadProtected();
+                        !w.letters.value(exchange - 1).startsWith(u's') && !w.chip->ReadLocked();
     // A command cut in two swallows the L as its end.
     const bool may =
         code == u"lineLost" || trouble == RefusedRest || errors.contains(u"モードのまま"_s);

@@ -17,7 +17,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int kPatience = 20'000;  // ms, for a loaded machine
+constexpr int kLongestWait = 20'000;  // ms, for a loaded machine
 
 class Programs : public ::testing::Test {
   protected:
@@ -27,7 +27,7 @@ class Programs : public ::testing::Test {
     QByteArray Content(const QString& name) const { return Bytes(Path(name)); }
     /// The terminal of the next ready line; empty when the board's program ended instead.
     QString Ready() {
-        while (!board_.canReadLine() && board_.waitForReadyRead(kPatience)) {
+        while (!board_.canReadLine() && board_.waitForReadyRead(kLongestWait)) {
         }
         const QString line = QString::fromUtf8(board_.readLine()).trimmed();
         return line.startsWith(u"ready "_s) ? line.mid(6) : QString();
@@ -43,7 +43,7 @@ class Programs : public ::testing::Test {
     }
     /// -1 when it crashed or didn't come to its end.
     static int Status(QProcess& program) {
-        const bool ended = program.waitForFinished(kPatience);
+        const bool ended = program.waitForFinished(kLongestWait);
         return ended && program.exitStatus() == QProcess::NormalExit ? program.exitCode() : -1;
     }
     /// For `sh -c`, with $0 the tool and its options, $1 the folder and $2 the board's program.
@@ -179,7 +179,7 @@ TEST_F(Programs, TheBoardEndsAtOnceWhenItCannotWork) {
         {"exec $2 --log x --log y", 2, "--log was given twice"},
         {"exec $2 --device 99", 2, "--device: no such chip: 99"},
         {"exec $2 blink.hex", 2, "unknown argument: blink.hex"},
-        {"exec $2 --device 8 --state $1/state", 1, "state file @state holds a chip of another kind: AT90S2313"},
+        {"exec $2 --device 8 --state $1/state", 1, "state file @state holds another chip: AT90S2313"},
         {"echo { >$1/damaged; exec $2 --state $1/damaged", 1, "state file @damaged"},
         {"exec $2 --link $1/damaged", 1, "@damaged is in the way: it is no symbolic link"},
         {"ln -s /dev/null $1/adapter; exec $2 --link $1/adapter", 1, "@adapter leads to /dev/null already"},

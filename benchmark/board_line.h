@@ -6,17 +6,16 @@
 
 #include "base/event_clock.h"
 #include "base/serial_port.h"
-#include "writer/paced_board.h"
+#include "writer/board.h"
 
-namespace tolvex {
+namespace tolvex::bench {
 
 /// A serial port with a board behind it, and the clock that both live by: time goes on only while
-/// somebody waits. `Board` is a FirmwareBoard or a PacedBoard; it is not owned and outlives this.
-template <typename Board>
+/// somebody waits. The board is not owned and outlives this.
 class BoardLine : public SerialPort, public EventClock {
   public:
     /// `now` is the board's time.
-    explicit BoardLine(Board& board, WireLine::Instant now = {})
+    explicit BoardLine(Board& board, Board::Instant now = {})
         : board_(board), now_(std::chrono::ceil<EventClock::Instant>(now)) {}
 
     void Configure(const PortSettings& settings) override { number_ = settings.number; }
@@ -30,6 +29,7 @@ class BoardLine : public SerialPort, public EventClock {
     int InputCount() const override { return static_cast<int>(input_.size()); }
     void DiscardInput() override { input_.clear(); }
     bool Write(QByteArrayView bytes) override {
+        byteCount_ += bytes.size();
         board_.Send(bytes, now_);
         return open_;
     }
@@ -41,10 +41,11 @@ class BoardLine : public SerialPort, public EventClock {
         QByteArray bytes;
         while (bytes.isEmpty() && now_ <= deadline) {
             const auto late = deadline + EventClock::Instant(1);
-            const std::optional<WireLine::Instant> due = board_.NextDue();
+            const std::optional<Board::Instant> due = board_.NextDue();
             now_ = due ? std::min(std::chrono::ceil<EventClock::Instant>(*due), late) : late;
             bytes = board_.Run(now_).bytes;
         }
+        byteCount_ += bytes.size();
         if (open_) {
             input_ += bytes;
         }
@@ -52,8 +53,12 @@ class BoardLine : public SerialPort, public EventClock {
     bool Ended() const override { return ended_; }
     void End() override { ended_ = true; }
 
+    /// Of the line, in both directions together.
+    qsizetype ByteCount() const { return byteCount_; }
+
   private:
     Board& board_;
+    qsizetype byteCount_ = 0;
     EventClock::Instant now_;
     int number_ = 1;
     bool open_ = false;
@@ -61,4 +66,4 @@ class BoardLine : public SerialPort, public EventClock {
     QByteArray input_;
 };
 
-}  // namespace tolvex
+}  // namespace tolvex::bench

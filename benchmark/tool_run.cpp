@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "firmware/simulator/tool_run.h"
+#include "benchmark/tool_run.h"
 
 #include <QBuffer>
 #include <QFile>
@@ -7,7 +7,7 @@
 
 #include "cli/command_line.h"
 
-namespace tolvex {
+namespace tolvex::bench {
 
 using namespace Qt::StringLiterals;
 
@@ -67,4 +67,4 @@ bool WriteHex(const QString& path, const QByteArray& bytes) {
     return file.open(QIODevice::WriteOnly) && file.write(text) == text.size();
 }
 
-}  // namespace tolvex
+}  // namespace tolvex::bench

@@ -7,7 +7,7 @@
 #include "base/serial_port.h"
 #include "writer/chip_models.h"
 
-namespace tolvex {
+namespace tolvex::bench {
 
 struct ToolRun {
     int status;     ///< as tolvex-cli would exit with
@@ -21,4 +21,4 @@ ToolRun RunTool(SerialPort& port, EventClock& clock, const ChipModel& model,
 /// Writes an Intel HEX file with `bytes` from address 0 on. False when that failed.
 bool WriteHex(const QString& path, const QByteArray& bytes);
 
-}  // namespace tolvex
+}  // namespace tolvex::bench

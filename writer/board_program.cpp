@@ -1,0 +1,157 @@
+// SPDX-License-Identifier: MIT
+#include "writer/board_program.h"
+
+#include <langinfo.h>
+#include <sys/select.h>
+
+#include <algorithm>
+#include <clocale>
+#include <cstdio>
+#include <utility>
+
+#include "base/stop_signals.h"
+#include "writer/chip_state_file.h"
+#include "writer/system_terminal.h"
+
+namespace tolvex {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Instant = Board::Instant;
+
+/// Longer than any time-out of the PC.
+constexpr std::chrono::seconds kLongerThanAnyTimeOut{10};
+
+Instant Now() {
+    return std::chrono::steady_clock::now().time_since_epoch();
+}
+
+/// Until bytes come at `descriptor`, a signal asks for the end, or the time is up; no time = for
+/// ever. True when there are bytes.
+bool Wait(int descriptor, std::optional<Instant> time) {
+    fd_set readable;
+    FD_ZERO(&readable);
+    FD_SET(descriptor, &readable);
+    FD_SET(StopDescriptor(), &readable);
+    timespec limit{};
+    if (time) {
+        const Instant positive = std::max(*time, Instant::zero());
+        const auto seconds = std::chrono::floor<std::chrono::seconds>(positive);
+        limit.tv_sec = static_cast<time_t>(seconds.count());
+        limit.tv_nsec = static_cast<long>((positive - seconds).count());
+    }
+    const int count = std::max(descriptor, StopDescriptor()) + 1;
+    return ::pselect(count, &readable, nullptr, nullptr, time ? &limit : nullptr, nullptr) > 0 &&
+           FD_ISSET(descriptor, &readable);
+}
+
+}  // namespace
+
+void PrepareBoardProcess() {
+    // Qt wants UTF-8 and says so in every run under LANG=C.
+    std::setlocale(LC_ALL, "");
+    if (qstrcmp(::nl_langinfo(CODESET), "UTF-8") != 0) {
+        qputenv("LC_ALL", "C.UTF-8");
+    }
+    CatchStopSignals(2);
+    SharpenWaits();
+}
+
+int ExitStatus(const QString& program, const std::optional<QString>& reason) {
+    if (reason) {
+        std::fprintf(stderr, "%s: %s\n", qUtf8Printable(program), qUtf8Printable(*reason));
+    }
+    return reason ? 1 : 0;
+}
+
+int ExitStatus(const QString& program, const OptionAnswer& answer) {
+    if (answer.status == 0) {
+        std::fputs(qUtf8Printable(answer.text), stdout);
+    } else {
+        ExitStatus(program, std::optional(answer.text));
+    }
+    return answer.status;
+}
+
+std::optional<QString> BoardProgram::TakeChip() {
+    if (options_.empty) {
+        return std::nullopt;
+    }
+    if (options_.state && QFile::exists(*options_.state)) {
+        const LoadedChip loaded = LoadChip(*options_.state);
+        if (const auto* reason = std::get_if<QString>(&loaded)) {
+            return *reason;
+        }
+        chip_ = std::get<SimulatedChip>(loaded);
+        if (options_.device && options_.device != &chip_->Model()) {
+            return u"state file %1 holds another chip: %2"_s.arg(*options_.state,
+                                                                 chip_->Model().name);
+        }
+    } else {
+        chip_.emplace(options_.device ? *options_.device : ChipModels().front());
+    }
+    return SaveChip();  // a file that can't be written is better told now than at the end
+}
+
+std::optional<QString> BoardProgram::SaveChip() const {
+    return chip_ && options_.state ? tolvex::SaveChip(*chip_, *options_.state) : std::nullopt;
+}
+
+std::optional<QString> BoardProgram::OpenTerminal() {
+    auto reason = terminal_.Open();
+    if (!reason && options_.link) {
+        reason = link_.Lead(*options_.link, terminal_.Path());
+    }
+    if (!reason) {
+        std::printf("ready %s\n", qUtf8Printable(terminal_.Path()));
+        std::fflush(stdout);
+    }
+    return reason;
+}
+
+std::optional<QString> BoardProgram::Serve(Board& board, QFile* log) {
+    while (StopSignal() == 0 && !board.Failure() && !board.Ended()) {
+        const auto due = board.NextDue();
+        if (Wait(terminal_.Descriptor(), due ? std::optional(*due - Now()) : std::nullopt)) {
+            board.Send(terminal_.Read(), Now() - std::exchange(lag_, Instant::zero()));
+        }
+        const Board::Events events = board.Run(Now());
+        for (const BoardReply& command : events.commands) {
+            if (log) {
+                log->write(command.LogLine().toUtf8() + '\n');
+            }
+        }
+        if (!events.bytes.isEmpty()) {
+            terminal_.Write(events.bytes);
+            lag_ = Now() - events.lastByte;
+        }
+        if (events.hangUp) {
+            // The far end goes away for whoever has the terminal open, and is plugged in again.
+            terminal_.Close();
+            if (!board.Failure() && !board.Ended()) {
+                if (const auto reason = OpenTerminal()) {
+                    return reason;
+                }
+            }
+        }
+    }
+    return board.Failure();
+}
+
+void BoardProgram::AwaitLastClient(Board& board) {
+    terminal_.LetGo();
+    const Instant end = Now() + kLongerThanAnyTimeOut;
+    while (StopSignal() == 0 && !board.Failure() && terminal_.Descriptor() >= 0 && Now() < end) {
+        if (Wait(terminal_.Descriptor(), end - Now())) {
+            const QByteArray bytes = terminal_.Read();
+            if (bytes.isEmpty()) {
+                return;
+            }
+            board.Send(bytes, Now());
+        }
+    }
+}
+
+}  // namespace tolvex
