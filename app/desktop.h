@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/help_window.h"
 #include "app/window_program.h"
 #include "platform/event_loop_clock.h"
-#include "platform/help_window.h"
 #include "platform/settings_file.h"
 #include "platform/window_dialogs.h"
 #include "port/com_ports.h"

@@ -2,8 +2,6 @@
 #pragma once
 
 #include <QDateTime>
-#include <QHash>
-#include <QList>
 #include <QMainWindow>
 #include <memory>
 
@@ -11,15 +9,12 @@
 
 class QLabel;
 class QLineEdit;
-class QTextBlock;
-class QTextBrowser;
-class QTextDocument;
 class QToolButton;
 class QTreeWidget;
-class QTreeWidgetItem;
-class QUrl;
 
 namespace tolvex {
+
+class HelpPage;
 
 /// A help text in Markdown (UTF-8) beside the list of its headings, with search and a way back.
 /// Links to "#heading-text" jump within the text, web addresses open in the browser.
@@ -35,36 +30,20 @@ class HelpWindow : public QMainWindow {
 
   private:
     QWidget* NewToolBar();
-    QToolButton* NewButton(const QString& name, const QString& caption, const QKeySequence& key,
-                           void (HelpWindow::*action)());
     QWidget* NewPages();
-    void AddShortcuts();
-
+    /// False when `file` can't be read.
     bool Read(const QString& file);
     void FillContents();
-    void FollowLink(const QUrl& link);
-    void Visit(int position);
-    void ScrollTo(int position);
-    void Back();
-    void Forward();
-    void Home();
     void FocusSearch();
     void FindNext();
-    void UpdateButtons();
 
-    QTextBrowser* page_;
-    QTextDocument* text_ = nullptr;  ///< what the page shows, once a file was read; owned by it
+    HelpPage* page_;
     QTreeWidget* contents_;
     QLineEdit* search_;
     QLabel* found_;
-    QToolButton* back_;
-    QToolButton* forward_;
 
-    QString file_;                 ///< what the page shows
-    QDateTime edited_;             ///< when that was changed last; invalid when it can't be read
-    QHash<QString, int> anchors_;  ///< heading's link name to its place in the document
-    QList<int> visited_{0};        ///< places in the document, oldest first; never empty
-    qsizetype current_ = 0;        ///< in `visited_`
+    QString file_;      ///< what the page shows
+    QDateTime edited_;  ///< when that was changed last; invalid when it can't be read
 };
 
 /// The help viewer of the program: one window, made when first asked for and used again.
