@@ -5,7 +5,7 @@
 #include <QIcon>
 #include <QMenu>
 
-#include "app/focus_round.h"
+#include "app/focus_keys.h"
 #include "app/frmAbout.h"
 #include "app/frmIndex.h"
 #include "base/product.h"
@@ -57,7 +57,7 @@ WindowProgram::WindowProgram(const Parts& parts)
                      [this] { parts_.help.ShowContents(parts_.folders.program + u"tolvex.hlp"_s); },
                  .shutDown = [this] { ShutDown(); }}) {
     setting_->PlacePatchFrame(modify_);
-    new FocusRound(window_, window_.Menus());
+    AddFocusKeys(window_);
     ConnectBars();
     ConnectSettingWindow();
     // Not before the frame shows itself: it takes longer to draw.
