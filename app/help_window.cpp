@@ -17,7 +17,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include "widgets/undraggable.h"
+#include "widgets/controls.h"
 
 namespace tolvex {
 

@@ -11,7 +11,7 @@
 #include "base/product.h"
 #include "base/settings_keys.h"
 #include "link/frmCom.h"
-#include "widgets/modal.h"
+#include "platform/window_dialogs.h"
 
 namespace tolvex {
 

@@ -4,7 +4,7 @@
 #include <QGridLayout>
 #include <QVBoxLayout>
 
-#include "widgets/drop_down.h"
+#include "widgets/controls.h"
 #include "widgets/fonts.h"
 
 namespace tolvex {

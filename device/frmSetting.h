@@ -8,7 +8,7 @@
 #include <QWidget>
 
 #include "base/setting_panel.h"
-#include "widgets/frame.h"
+#include "widgets/controls.h"
 
 class QGridLayout;
 class QVBoxLayout;

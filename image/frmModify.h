@@ -5,7 +5,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-#include "widgets/frame.h"
+#include "widgets/controls.h"
 
 namespace tolvex {
 

@@ -4,9 +4,9 @@
 #include <QResizeEvent>
 #include <QScrollBar>
 
+#include "widgets/controls.h"
 #include "widgets/fonts.h"
 #include "widgets/twips.h"
-#include "widgets/undraggable.h"
 
 namespace tolvex {
 

@@ -6,7 +6,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "widgets/drop_down.h"
+#include "widgets/controls.h"
 
 namespace tolvex {
 

@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "platform/window_dialogs.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
 #include <QRegularExpression>
-
-#include "widgets/modal.h"
 
 namespace tolvex {
 
@@ -142,6 +140,22 @@ QMessageBox* NewBox(QWidget* parent, BoxIcon icon, const QString& title, const Q
 }
 
 }  // namespace
+
+int ExecModal(QDialog& dialog) {
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && window->windowFlags().testFlag(Qt::WindowStaysOnTopHint)) {
+            dialog.setWindowFlag(Qt::WindowStaysOnTopHint);
+        }
+    }
+    dialog.setWindowModality(dialog.parentWidget() == nullptr ? Qt::ApplicationModal
+                                                              : Qt::WindowModal);
+    return dialog.exec();
+}
+
+QWidget* ModalOwner(QWidget* window) {
+    QWidget* open = QApplication::activeModalWidget();
+    return open != nullptr ? open : window;
+}
 
 QStringList NameFilters(const QString& pairs) {
     const QStringList parts = pairs.split(u'|');

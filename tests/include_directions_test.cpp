@@ -23,7 +23,7 @@ const Floor kHouse[] = {
     {u"base"_s, {}},
     {u"widgets"_s, {}},
     {u"writer"_s, u"base/stop_signals.h"_s},
-    {u"platform"_s, u"base widgets"_s},
+    {u"platform"_s, u"base"_s},
     {u"port"_s, u"base"_s},
     {u"link"_s, u"base widgets"_s},
     {u"image"_s, u"base widgets"_s},

@@ -13,7 +13,6 @@
 #include <QTimer>
 
 #include "tests/support/real_files.h"
-#include "widgets/modal.h"
 
 namespace tolvex {
 namespace {

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "widgets/frame.h"
+#include "widgets/controls.h"
 
 #include <QPainter>
+#include <QWheelEvent>
 
 namespace tolvex {
 
@@ -42,6 +43,18 @@ void Frame::resizeEvent(QResizeEvent* event) {
 void Frame::changeEvent(QEvent* event) {
     QGroupBox::changeEvent(event);
     setContentsMargins(0, 0, 0, 0);
+}
+
+DropDown::DropDown(QWidget* parent) : QComboBox(parent) {
+    setFocusPolicy(Qt::StrongFocus);  // the wheel doesn't give the focus either
+}
+
+void DropDown::wheelEvent(QWheelEvent* event) {
+    if (hasFocus()) {
+        QComboBox::wheelEvent(event);
+    } else {
+        event->ignore();
+    }
 }
 
 }  // namespace tolvex
