@@ -7,7 +7,6 @@
 #include "app/japanese_texts.h"
 #include "base/stop_signals.h"
 #include "platform/program_start.h"
-#include "platform/system.h"
 #include "widgets/fonts.h"
 
 namespace {

@@ -5,8 +5,8 @@
 #include "base/stop_signals.h"
 #include "cli/command_line.h"
 #include "platform/event_loop_clock.h"
+#include "platform/program_start.h"
 #include "platform/settings_file.h"
-#include "platform/system.h"
 #include "port/qt_serial_port.h"
 
 namespace {

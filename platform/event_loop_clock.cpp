@@ -16,9 +16,9 @@ EventLoopClock::EventLoopClock() {
                      &context_, [this] { KeepAwakeAfterNestedYield(); });
 }
 
-/// A pass first delivers what was posted, then rests. When a handler of that first half waited
-/// itself, its passes have used up the wake-ups that belong to this one (not with every
-/// dispatcher), and what this yield waits for may have happened meanwhile: so it must not rest.
+/// A pass first delivers posted events, then rests. If a handler of a posted event has waited
+/// itself, its own passes may have consumed the wake-up that this pass would get (it depends on the
+/// dispatcher), and what this yield waits for may have happened: so this pass must not rest.
 void EventLoopClock::KeepAwakeAfterNestedYield() {
     if (depth_ > 0 && resumedDepth_ == depth_) {
         QAbstractEventDispatcher::instance()->wakeUp();

@@ -6,8 +6,6 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
-#include "platform/system.h"
-
 namespace tolvex {
 
 using namespace Qt::StringLiterals;

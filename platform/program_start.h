@@ -7,6 +7,18 @@
 
 namespace tolvex {
 
+/// Before the application object: Qt wants UTF-8, takes it in any case, and from version 6.5 on
+/// says so in every run under LANG=C.
+void ChooseUtf8Locale();
+
+/// Before any file is opened: one must not take the number of a standard stream that was closed, or
+/// progress would go down the serial line. What is written to such a stream afterwards fails, and
+/// so does writing to a reader that went away, instead of ending the program.
+void OpenStandardStreams();
+
+/// Columns of the terminal that the error stream is; 0 = it is none.
+int TerminalColumns();
+
 /// Makes `programFolder` the current directory, where it can be entered. Listings belong there, or
 /// in `userFolder` when it doesn't take them, as where the program is installed for all users.
 /// Neither folder needs to end in a separator or to exist; nothing is created here.
@@ -15,6 +27,9 @@ AppDir EnterProgramFolder(const QString& programFolder, const QString& userFolde
 /// The same with the running program's folder (needs a QCoreApplication) and `Tolvex` in the user's
 /// data folder.
 AppDir EnterProgramFolder();
+
+/// Tells the users of this machine apart.
+QString UserMark();
 
 /// Where the program's lock lies: one file a user, in the user's runtime folder, or in the
 /// temporary folder where there is none.

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The name that says most to a person.
+/// The name by which the user knows the adapter.
 QString AdapterName(const QSerialPortInfo& info) {
     return info.description().isEmpty() ? info.manufacturer() : info.description();
 }

@@ -21,11 +21,11 @@ struct ComPort {
 
 struct PortChoice {
     int number;   ///< 1 to 20
-    bool byPath;  ///< the number is only the port's place, the path is what was asked for
+    bool byPath;  ///< the user named the path; the number stands for it
 };
 
 /// Which device stands behind COM1 to COM20. On Windows they are the system's own ports. Elsewhere,
-/// first match: a link `ports/comN` in the configuration folder, where the person can put any
+/// first match: a link `ports/comN` in the configuration folder, where the user can put any
 /// device; else COM1-4 /dev/ttyS0-3, COM5-12 /dev/ttyUSB0-7, COM13-20 /dev/ttyACM0-7; on macOS, in
 /// the order of their names, the serial devices that are attached.
 class ComPorts {
@@ -34,7 +34,7 @@ class ComPorts {
     explicit ComPorts(const QString& configFolder);
 
     /// The path to open, looked up anew each time. A dangling link is still the answer: opening it
-    /// then fails, instead of reaching a device that the person did not mean. Empty for a number
+    /// then fails, instead of reaching a device that the user did not mean. Empty for a number
     /// outside 1 to 20.
     QString DevicePath(int number) const;
 
@@ -45,8 +45,7 @@ class ComPorts {
     /// then assigned to that number. Nothing for a number outside 1 to 20.
     std::optional<PortChoice> Choose(const QString& text);
 
-    /// Where the links that go before the standard paths stand; nothing where there are none. It
-    /// need not exist.
+    /// The folder of the links, which need not exist; nothing on a system without them.
     const std::optional<QString>& LinkFolder() const { return linkFolder_; }
 
     /// All twenty, in order.

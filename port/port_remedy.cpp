@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The system lists these whether something hangs on them or not.
+/// The system lists these whether hardware is there or not.
 bool IsBoardPort(const QString& path) {
     return path.startsWith(u"/dev/ttyS"_s);
 }

@@ -6,22 +6,22 @@
 
 namespace tolvex {
 
-/// What keeps a port from working as it should, and what mends it on this system.
+/// Why a port does not work as it should, and the command that mends it on this system.
 struct PortRemedy {
-    QString text;     ///< sentences for a person
+    QString text;     ///< sentences for the user
     QString command;  ///< only what is needed
 };
 
-/// The device of port `number` does not exist. Another one that something hangs on is taken for
-/// what was meant.
+/// The device of port `number` does not exist. If another adapter is attached, the remedy gives its
+/// device that number.
 PortRemedy MissingPort(const ComPorts& ports, int number);
-/// It exists, but this person may not use it.
+/// It exists, but the user may not use it.
 PortRemedy ForbiddenPort(const QString& path, const PortFacts& facts);
 /// It could not be opened, for the system's `reason`.
 PortRemedy BusyPort(const QString& path, const PortFacts& facts, const QString& reason);
-/// It holds bytes back before it hands them on.
+/// Its adapter holds received bytes back: the USB latency timer (FTDI's default is 16 ms).
 PortRemedy SlowPort(const QString& path);
-/// A program that has ended left `lockFile`, which is passed over here, but keeps others away.
+/// A program that has ended left `lockFile`. Tolvex ignores it, other programs don't.
 PortRemedy LockedPort(const QString& lockFile);
 
 }  // namespace tolvex

@@ -15,12 +15,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Far more than the longest reply. What comes unasked, as from a device that is no writer, would
-/// fill the memory otherwise.
-constexpr qsizetype kMostWaiting = 4096;
+/// Bytes; far more than the longest reply. A device that is no writer may send without end.
+constexpr qsizetype kInputLimit = 4096;
 
-/// A board that an opening has reset listens to its boot loader for that long. With the reply to a
-/// first question the wait still ends within that question's two seconds.
+/// A board that was reset by the opening of the port runs its boot loader that long. With the reply
+/// it still is within the two-second time-out of the first command.
 constexpr std::chrono::milliseconds kBoardStart{1800};
 
 /// Whether the line is lost. Other errors are refused requests on a line that works, such as the
@@ -40,9 +39,9 @@ bool IsFatal(QSerialPort::SerialPortError error, const QSerialPort& port) {
     }
 }
 
-/// A lock file that a killed program of another user has left, mostly root's, stays in Qt's way,
-/// since only its owner may remove it. It goes by the name of the port, so another name for the
-/// same device leads past it; the device's own locks still hold.
+/// Qt can't remove a lock file that a killed program of another user, mostly root, has left. The
+/// file is named after the port, so Qt does not find it under another name of the same device; the
+/// locks on the device itself still hold.
 bool OpenPastStaleLockFile(QSerialPort& port) {
     const QString name = port.portName();
     if (port.error() != QSerialPort::PermissionError || !FindStaleLockFile(name)) {
@@ -59,7 +58,7 @@ QtSerialPort::QtSerialPort(const ComPorts& ports)
     : ports_(ports), port_(std::make_unique<QSerialPort>()) {
     QObject::connect(port_.get(), &QSerialPort::errorOccurred, port_.get(),
                      [this](QSerialPort::SerialPortError error) { NoticeError(error); });
-    QObject::connect(port_.get(), &QSerialPort::readyRead, port_.get(), [this] { Take(); });
+    QObject::connect(port_.get(), &QSerialPort::readyRead, port_.get(), [this] { FetchInput(); });
 }
 
 QtSerialPort::~QtSerialPort() {
@@ -79,23 +78,23 @@ bool QtSerialPort::Open() {
     Close();
     ApplySettings();
     if (!port_->open(QIODevice::ReadWrite) && !OpenPastStaleLockFile(*port_)) {
-        Fail(port_->errorString());
+        SetLastError(port_->errorString());
         return false;
     }
     if (!LockDevice(port_->handle())) {
-        Fail(u"another program holds the device"_s);
+        SetLastError(u"another program holds the device"_s);
         port_->close();
         return false;
     }
     port_->setRequestToSend(true);  // a pseudo-terminal has no such line and refuses
     port_->clear(QSerialPort::Input);
-    EnterDevice();
+    PrepareDevice();
     open_ = true;
     return true;
 }
 
 /// What the handle is asked for beyond Qt.
-void QtSerialPort::EnterDevice() {
+void QtSerialPort::PrepareDevice() {
     const DeviceHandle handle = port_->handle();
     if (ClearHupcl(handle)) {
         boardStarted_.setRemainingTime(kBoardStart, Qt::PreciseTimer);
@@ -121,14 +120,14 @@ void QtSerialPort::Close() {
     }
 }
 
-void QtSerialPort::Take() {
+void QtSerialPort::FetchInput() {
     const QByteArray bytes = port_->readAll();
     if (open_) {
-        input_ += bytes.first(std::min(bytes.size(), kMostWaiting - input_.size()));
+        input_ += bytes.first(std::min(bytes.size(), kInputLimit - input_.size()));
     }
 }
 
-void QtSerialPort::Fail(const QString& reason) {
+void QtSerialPort::SetLastError(const QString& reason) {
     lastError_ = u"%1: %2"_s.arg(port_->portName(), reason);
 }
 
@@ -138,11 +137,11 @@ void QtSerialPort::NoticeError(int error) {
     }
 }
 
-/// Runs inside signals, on top of the notifiers that closing deletes: so the port counts as closed
-/// from here on, and the device itself follows as soon as the event loop is back in hand. That
-/// can't wait for the next user: a hung-up device wakes the loop without pause until it is closed.
+/// Called from signals of the notifiers that closing deletes. So the port counts as closed from
+/// here on, and the event loop closes the device itself. That can't wait until somebody calls
+/// `Close`: a hung-up device wakes the event loop without pause.
 void QtSerialPort::LoseLine() {
-    Fail(port_->error() == QSerialPort::NoError ? u"hung up"_s : port_->errorString());
+    SetLastError(port_->error() == QSerialPort::NoError ? u"hung up"_s : port_->errorString());
     open_ = false;
     input_.clear();
     const auto closeUnlessReopened = [this] {
@@ -163,7 +162,7 @@ void QtSerialPort::DiscardInput() {
 
 bool QtSerialPort::Write(QByteArrayView bytes) {
     if (open_ && HasHungUp(port_->handle())) {
-        LoseLine();  // before any yield could tell
+        LoseLine();  // no yield has noticed it yet
     }
     if (!open_ || boardStarted_.hasExpired()) {
         return Send(bytes);

@@ -13,10 +13,10 @@ class QSerialPort;
 
 namespace tolvex {
 
-/// A port of this machine. Received bytes are fetched by the event loop, so they show up in
-/// `InputCount()` after a yield, never during a plain loop; written bytes leave at once,
-/// but behind an opening that may have reset the board only when it has started. Of bytes that
-/// nobody asks for it keeps the first few thousand.
+/// A serial port of this machine. The event loop fetches received bytes, so `InputCount()` grows
+/// during a yield only. Written bytes leave at once, except after an opening that has reset the
+/// board: then they leave when the board has started. Of the bytes that nobody reads it keeps the
+/// first 4096.
 class QtSerialPort : public SerialPort {
   public:
     /// `ports` must outlive the port; it is asked at every `Open()`.
@@ -40,13 +40,13 @@ class QtSerialPort : public SerialPort {
 
   private:
     void ApplySettings();
-    void Take();
-    void EnterDevice();
+    void FetchInput();
+    void PrepareDevice();
     bool Send(QByteArrayView bytes);
     void SendHeld();
     void NoticeError(int error);
     void LoseLine();
-    void Fail(const QString& reason);
+    void SetLastError(const QString& reason);
 
     const ComPorts& ports_;
     PortSettings settings_;
@@ -54,9 +54,9 @@ class QtSerialPort : public SerialPort {
     std::unique_ptr<QObject> hangUp_;  ///< watches for it while the port is open
     bool lowLatencyByUs_ = false;      ///< the driver was in its usual mode before
     QDeadlineTimer boardStarted_;  ///< expired = no need to wait; goes on while the port is closed
-    QByteArray held_;              ///< until then
+    QByteArray held_;              ///< written before that, to be sent then
     QByteArray input_;
-    bool open_ = false;  ///< turns false the moment the line breaks; the device follows a bit later
+    bool open_ = false;  ///< false as soon as the line is lost; the device is closed a bit later
     QString lastError_;
 };
 

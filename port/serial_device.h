@@ -15,7 +15,7 @@ namespace tolvex {
 /// serial_device_<system>.cpp hold what differs between systems; where one knows nothing of a
 /// matter, it gives what "nothing was found" gives.
 
-/// What is opened for COM1 to COM20 when the person has set up nothing else. Empty for a number
+/// What is opened for COM1 to COM20 when the user has set up nothing else. Empty for a number
 /// outside of that, and for a device that the system would have to list and doesn't.
 QString StandardPath(int number);
 
@@ -28,10 +28,10 @@ struct DeviceHolder {
     int process = 0;
 };
 
-/// Another process of the same person that has `device` open (an absolute path without links).
+/// Another process of the same user that has `device` open (an absolute path without links).
 std::optional<DeviceHolder> FindHolder(const QString& device);
 
-/// Whether the person belongs to `group` by the user database, whatever the running session was
+/// Whether the user belongs to `group` by the user database, whatever the running session was
 /// given.
 bool IsGroupMember(const QString& group);
 

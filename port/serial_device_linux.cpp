@@ -41,7 +41,7 @@ QString StandardPath(int number) {
     return {};
 }
 
-// The open files of every process that belongs to the same person stand in /proc.
+// The open files of every process that belongs to the same user stand in /proc.
 std::optional<DeviceHolder> FindHolder(const QString& device) {
     for (const QString& process : QDir(u"/proc"_s).entryList(QDir::Dirs)) {
         bool isNumber = false;

@@ -41,9 +41,9 @@ std::optional<QString> PortLinkFolder(const QString& configFolder) {
 }
 
 bool IsGroupMember(const QString& group) {
-    const passwd* const person = ::getpwuid(::getuid());
+    const passwd* const user = ::getpwuid(::getuid());
     const struct group* const found = ::getgrnam(group.toLocal8Bit().constData());
-    const QByteArray name = person ? person->pw_name : "";
+    const QByteArray name = user ? user->pw_name : "";
     for (char** member = found ? found->gr_mem : nullptr; member && *member; ++member) {
         if (name == *member) {
             return true;

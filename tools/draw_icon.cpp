@@ -6,7 +6,7 @@
 #include <QSvgRenderer>
 #include <cstdio>
 
-#include "platform/system.h"
+#include "platform/program_start.h"
 
 int main(int argc, char** argv) {
     if (argc < 4) {

@@ -7,7 +7,7 @@
 #include <clocale>
 #include <csignal>
 
-#include "platform/system.h"
+#include "platform/program_start.h"
 
 namespace tolvex {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/system.h"
+#include "platform/program_start.h"
 
 namespace tolvex {
 
