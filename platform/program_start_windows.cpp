@@ -1,14 +1,41 @@
 // SPDX-License-Identifier: MIT
+#include <windows.h>
+
+#include <cstdlib>
+
 #include "platform/program_start.h"
 
 namespace tolvex {
 
-void ChooseUtf8Locale() {}
+namespace {
 
-void OpenStandardStreams() {}
+UINT consoleCodePage = 0;  ///< as it was found, for the programs that use the console next
+
+}  // namespace
+
+/// Qt takes the system's texts as UTF-16; only what is written to a console must be said to be
+/// UTF-8.
+void ChooseUtf8Locale() {
+    consoleCodePage = ::GetConsoleOutputCP();
+    if (consoleCodePage != 0 && ::SetConsoleOutputCP(CP_UTF8) != FALSE) {
+        std::atexit([] { ::SetConsoleOutputCP(consoleCodePage); });
+    }
+}
+
+/// The progress line consists of escape sequences, which older consoles take only when asked.
+void OpenStandardStreams() {
+    const HANDLE errors = ::GetStdHandle(STD_ERROR_HANDLE);
+    DWORD mode = 0;
+    if (::GetConsoleMode(errors, &mode) != FALSE) {
+        ::SetConsoleMode(errors, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
+    }
+}
 
 int TerminalColumns() {
-    return 0;
+    CONSOLE_SCREEN_BUFFER_INFO console{};
+    return ::GetConsoleScreenBufferInfo(::GetStdHandle(STD_ERROR_HANDLE), &console) != FALSE
+               ? console.srWindow.Right - console.srWindow.Left + 1
+               : 0;
 }
 
 QString UserMark() {

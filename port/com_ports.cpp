@@ -18,11 +18,6 @@ QString AdapterName(const QSerialPortInfo& info) {
     return info.description().isEmpty() ? info.manufacturer() : info.description();
 }
 
-/// A bare name is a device's own, as the system lists it.
-QString WholePath(const QString& text) {
-    return text.contains(u'/') ? QFileInfo(text).absoluteFilePath() : u"/dev/"_s + text;
-}
-
 }  // namespace
 
 ComPorts::ComPorts(const QString& configFolder) : linkFolder_(PortLinkFolder(configFolder)) {}
@@ -55,7 +50,7 @@ std::optional<PortChoice> ComPorts::Choose(const QString& text) {
     if (text.isEmpty()) {
         return std::nullopt;
     }
-    const QString path = WholePath(text);
+    const QString path = DeviceNamed(text);
     for (int number = 1; number <= kComPortCount; ++number) {
         if (DevicePath(number) == path) {
             return PortChoice{number, true};

@@ -23,6 +23,10 @@ QString StandardPath(int number);
 /// numbers the ports. It need not exist.
 std::optional<QString> PortLinkFolder(const QString& configFolder);
 
+/// The device that `text`, which is not empty and no COM number, names: a path, or a name as the
+/// system lists it.
+QString DeviceNamed(const QString& text);
+
 struct DeviceHolder {
     QString program;
     int process = 0;
@@ -30,10 +34,6 @@ struct DeviceHolder {
 
 /// Another process of the same user that has `device` open (an absolute path without links).
 std::optional<DeviceHolder> FindHolder(const QString& device);
-
-/// Whether the user belongs to `group` by the user database, whatever the running session was
-/// given.
-bool IsGroupMember(const QString& group);
 
 /// The lock file of a serial port that a program of this machine has left behind: it names a
 /// process that has ended. `portName` is a device path, or a name in /dev.

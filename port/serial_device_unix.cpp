@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
 // What all Unix systems share.
 #include <fcntl.h>
-#include <grp.h>
 #include <poll.h>
-#include <pwd.h>
 #include <signal.h>
 #include <sys/file.h>
 #include <termios.h>
 #include <unistd.h>
 
 #include <QDir>
+#include <QFileInfo>
 #include <QLockFile>
 #include <QSocketNotifier>
 #include <QSysInfo>
@@ -40,16 +39,8 @@ std::optional<QString> PortLinkFolder(const QString& configFolder) {
     return QDir(configFolder).absoluteFilePath(u"ports"_s);
 }
 
-bool IsGroupMember(const QString& group) {
-    const passwd* const user = ::getpwuid(::getuid());
-    const struct group* const found = ::getgrnam(group.toLocal8Bit().constData());
-    const QByteArray name = user ? user->pw_name : "";
-    for (char** member = found ? found->gr_mem : nullptr; member && *member; ++member) {
-        if (name == *member) {
-            return true;
-        }
-    }
-    return false;
+QString DeviceNamed(const QString& text) {
+    return text.contains(u'/') ? QFileInfo(text).absoluteFilePath() : u"/dev/"_s + text;
 }
 
 std::optional<QString> FindStaleLockFile(const QString& portName) {

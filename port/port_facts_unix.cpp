@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "port/port_facts.h"
+#include <grp.h>
+#include <pwd.h>
+#include <unistd.h>
 
 #include <QFileInfo>
 #include <algorithm>
+
+#include "port/port_facts.h"
 
 namespace tolvex {
 
@@ -21,6 +25,20 @@ UdevRule FindUdevRule(const QString& deviceName) {
         return QFileInfo::exists(folder + u"/udev/rules.d/70-tolvex.rules"_s);
     });
     return installed ? UdevRule::Installed : UdevRule::Missing;
+}
+
+/// Whether the user belongs to `group` by the user database, whatever the running session was
+/// given.
+bool IsGroupMember(const QString& group) {
+    const passwd* const user = ::getpwuid(::getuid());
+    const struct group* const found = ::getgrnam(group.toLocal8Bit().constData());
+    const QByteArray name = user ? user->pw_name : "";
+    for (char** member = found ? found->gr_mem : nullptr; member && *member; ++member) {
+        if (name == *member) {
+            return true;
+        }
+    }
+    return false;
 }
 
 }  // namespace
