@@ -4,7 +4,6 @@
 #include <QContextMenuEvent>
 #include <QMenu>
 
-#include "base/settings_keys.h"
 #include "widgets/twips.h"
 
 namespace tolvex {
@@ -29,7 +28,8 @@ QRect Pixels(double left, double top, double width, double height) {
 }
 
 QRect DefaultPlace(const GeometryKeys& of) {
-    return Pixels(of.left.standard, of.top.standard, of.width.standard, of.height.standard);
+    return Pixels(of.left.defaultValue, of.top.defaultValue, of.width.defaultValue,
+                  of.height.defaultValue);
 }
 
 QRect StoredPlace(const Settings& settings, const GeometryKeys& of) {
@@ -70,8 +70,8 @@ void Place(QMdiSubWindow& window, const QRect& place) {
 
 }  // namespace
 
-ChildWindows::ChildWindows(QMdiArea& area, frmSetting* setting)
-    : area_(area), setting_(area.addSubWindow(setting)) {
+void ChildWindows::AddSettingWindow(frmSetting* setting) {
+    setting_ = area_.addSubWindow(setting);
     setting_->setAttribute(Qt::WA_DeleteOnClose, false);
     // Its size is fixed by design; without the third button the caption is whole.
     setting_->setWindowFlags(Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
@@ -135,7 +135,7 @@ void ChildWindows::ShowAll(const Settings& settings) {
 void ChildWindows::StorePlaces(Settings& settings) const {
     StorePlace(settings, kProgramKeys, program_);
     StorePlace(settings, kEepromKeys, eeprom_);
-    if (!setting_->isHidden()) {
+    if (setting_ != nullptr && !setting_->isHidden()) {
         const QRect place = NormalPlace(*setting_);
         SaveNumber(settings, keys::SetLeft, TwipsFromPixels(place.x()));
         SaveNumber(settings, keys::SetTop, TwipsFromPixels(place.y()));
@@ -161,8 +161,8 @@ void ChildWindows::OpenEepromWindow() {
 }
 
 void ChildWindows::OpenSettingWindow() {
-    Place(*setting_,
-          Pixels(keys::SetLeft.standard, keys::SetTop.standard, kSettingWidth, kSettingHeight));
+    Place(*setting_, Pixels(keys::SetLeft.defaultValue, keys::SetTop.defaultValue, kSettingWidth,
+                            kSettingHeight));
     area_.setActiveSubWindow(setting_);
 }
 
@@ -170,27 +170,11 @@ int ChildWindows::ListingWidth() const {
     return program_.isNull() ? DefaultPlace(kProgramKeys).width() : program_->widget()->width();
 }
 
-void ChildWindows::SetFlashListing(const QString& text) {
-    Program().SetListing(text);
-}
-
-void ChildWindows::SetEepromListing(const QString& text) {
-    Eeprom().SetListing(text);
-}
-
 void ChildWindows::ShowVerifyReport(const QString& text) {
     ListingWindow& report = Listing(verify_, listing_looks::Verify(), kVerifyPlace);
     report.SetListing(text);
     verify_->showNormal();
     area_.setActiveSubWindow(verify_);
-}
-
-void ChildWindows::SetFlashCaption(const QString& caption) {
-    Program().setWindowTitle(caption);
-}
-
-void ChildWindows::SetEepromCaption(const QString& caption) {
-    Eeprom().setWindowTitle(caption);
 }
 
 }  // namespace tolvex

@@ -5,22 +5,23 @@
 #include <QMdiSubWindow>
 #include <QPointer>
 
-#include "base/listing_windows.h"
 #include "base/settings.h"
 #include "device/frmSetting.h"
 #include "image/listing_window.h"
 
 namespace tolvex {
 
-/// The child windows of the frame. The person may close each at any time; whoever shows something
+/// The child windows of the frame. The user may close each at any time; whoever shows something
 /// in a closed one brings it back. A listing window comes back new, the settings window as it was.
-class ChildWindows : public QObject, public ListingWindows {
+class ChildWindows : public QObject {
     Q_OBJECT
 
   public:
-    /// Both are borrowed; `area` takes ownership of `setting`.
-    ChildWindows(QMdiArea& area, frmSetting* setting);
+    /// Borrowed.
+    explicit ChildWindows(QMdiArea& area) : area_(area) {}
 
+    /// Once, before any other call. The area takes ownership; the window is hidden.
+    void AddSettingWindow(frmSetting* setting);
     /// Shows all three with their stored geometry.
     void ShowAll(const Settings& settings);
     /// A closed window keeps what is stored for it; a minimised one counts as it was before.
@@ -36,11 +37,10 @@ class ChildWindows : public QObject, public ListingWindows {
     /// now.
     int ListingWidth() const;
 
-    void SetFlashListing(const QString& text) override;
-    void SetEepromListing(const QString& text) override;
-    void ShowVerifyReport(const QString& text) override;
-    void SetFlashCaption(const QString& caption) override;
-    void SetEepromCaption(const QString& caption) override;
+    /// The open window, or a new one at its default place, which leaves the focus where it is.
+    ListingWindow& Program();
+    ListingWindow& Eeprom();
+    void ShowVerifyReport(const QString& text);
 
   private:
     /// A listing window while it is open.
@@ -48,16 +48,13 @@ class ChildWindows : public QObject, public ListingWindows {
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-    /// The open window, or a new one at its default place, which leaves the focus where it is.
     ListingWindow& Listing(Child& child, const ListingLook& look, const QRect& place);
-    ListingWindow& Program();
-    ListingWindow& Eeprom();
 
     QMdiArea& area_;
     Child program_;
     Child eeprom_;
     Child verify_;
-    QMdiSubWindow* setting_;
+    QMdiSubWindow* setting_ = nullptr;
 };
 
 }  // namespace tolvex

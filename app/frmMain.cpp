@@ -5,13 +5,13 @@
 #include <QCloseEvent>
 #include <QDeadlineTimer>
 #include <QDropEvent>
+#include <QMdiSubWindow>
+#include <QMenu>
 #include <QMimeData>
 #include <QUrl>
 #include <QWindow>
 #include <algorithm>
 
-#include "app/menu_bar.h"
-#include "base/settings_keys.h"
 #include "widgets/twips.h"
 
 namespace tolvex {
@@ -21,7 +21,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kCaptionPixels = 10;
-constexpr std::chrono::milliseconds kPatience(50);
+/// A window may come up unseen, and is then never exposed.
+constexpr std::chrono::milliseconds kLongestWaitForExposure(50);
 
 /// The HEX files that are being dragged; none when anything else is among them.
 QStringList DraggedFiles(const QDropEvent& event) {
@@ -40,7 +41,6 @@ QStringList DraggedFiles(const QDropEvent& event) {
     return paths;
 }
 
-/// What the person does waits until the program has started.
 void PaintSoFar() {
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
@@ -64,25 +64,29 @@ frmMain::frmMain(const Settings& settings) : area_(new QMdiArea(this)) {
     area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(area_);
     TakeStoredPlace(settings);
-    // Painted at once where the window system is quick; where it takes as long to bring a window up
-    // as the bars take to build, they are there by then.
+}
+
+// Painted at once where the window system is quick; where it takes as long to bring a window up as
+// the bars take to build, they are there by then.
+void frmMain::Appear(std::span<const MenuRow> menus) {
     show();
     PaintSoFar();
-    BuildBars();
-    const QDeadlineTimer patience(kPatience);  // a window may come up unseen
-    while (!windowHandle()->isExposed() && !patience.hasExpired()) {
+    BuildBars(menus);
+    const QDeadlineTimer deadline(kLongestWaitForExposure);
+    while (!windowHandle()->isExposed() && !deadline.hasExpired()) {
         PaintSoFar();
     }
 }
 
-void frmMain::BuildBars() {
-    menus_ = new MenuBar(this);
+void frmMain::BuildBars(std::span<const MenuRow> menus) {
+    menus_ = new MenuBar(menus, this);
     toolbar_ = new Toolbar(this);
     statusBar_ = new StatusBar(this);
     setMenuBar(menus_);
     addToolBar(toolbar_);
     setStatusBar(statusBar_);
     statusBar_->show();  // puts its size grip where it belongs
+    connect(menus_->WindowMenu(), &QMenu::aboutToShow, this, &frmMain::ListWindows);
 }
 
 void frmMain::TakeStoredPlace(const Settings& settings) {
@@ -108,8 +112,37 @@ void frmMain::SetBusy(bool busy) {
     setAcceptDrops(!busy);
 }
 
-void frmMain::SetStatusText(int panel, const QString& text) {
-    statusBar_->SetPanelText(panel, text);
+/// Lists the open child windows below the menu's own items, the active one marked.
+void frmMain::ListWindows() {
+    QMenu& menu = *menus_->WindowMenu();
+    for (QAction* action : menu.actions()) {
+        if (action->property("listed").toBool()) {
+            delete action;
+        }
+    }
+    QAction* separator = menu.addSeparator();
+    separator->setProperty("listed", true);
+    int number = 0;
+    for (const QPointer<QMdiSubWindow> child : area_->subWindowList()) {
+        if (child->isHidden()) {
+            continue;
+        }
+        QString caption = child->windowTitle();
+        caption.replace(u'&', u"&&"_s);
+        QAction* action =
+            menu.addAction(u"&%1 %2"_s.arg(++number).arg(caption), this, [this, child] {
+                if (child.isNull()) {
+                    return;  // closed since it was listed
+                }
+                if (child->isMinimized()) {
+                    child->showNormal();
+                }
+                area_->setActiveSubWindow(child);
+            });
+        action->setProperty("listed", true);
+        action->setCheckable(true);
+        action->setChecked(child == area_->activeSubWindow());
+    }
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {

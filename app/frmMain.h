@@ -4,22 +4,25 @@
 #include <QMainWindow>
 #include <QMdiArea>
 
+#include "app/menu_bar.h"
 #include "app/status_bar.h"
 #include "app/toolbar.h"
 #include "base/settings.h"
-#include "base/status_panels.h"
 
 namespace tolvex {
 
-class MenuBar;
-
 /// The frame: menu bar, toolbar, status bar and the area of the child windows.
-class frmMain : public QMainWindow, public StatusPanels {
+class frmMain : public QMainWindow {
     Q_OBJECT
 
   public:
-    /// Stands at its stored place and shows itself as soon as it can, before anything is in it.
+    /// Stands at its stored place, hidden and without bars.
     explicit frmMain(const Settings& settings);
+
+    /// The first step of the start: shows the window, with the event loop, before anything is in
+    /// it, and builds the bars while the window system brings it up. What the user does meanwhile
+    /// waits. `menus` are borrowed.
+    void Appear(std::span<const MenuRow> menus);
 
     QMdiArea& Area() { return *area_; }
     MenuBar& Menus() { return *menus_; }
@@ -31,10 +34,10 @@ class frmMain : public QMainWindow, public StatusPanels {
     /// While an operation runs, no button or menu item starts another and nothing can be dropped.
     void SetBusy(bool busy);
 
-    void SetStatusText(int panel, const QString& text) override;
+    void SetStatusText(int panel, const QString& text) { statusBar_->SetPanelText(panel, text); }
 
   Q_SIGNALS:
-    /// The person closed the window; it can't be refused.
+    /// The user closed the window; it can't be refused.
     void Closing();
     /// HEX files, as they were dragged; never empty.
     void FilesDropped(const QStringList& paths);
@@ -46,7 +49,8 @@ class frmMain : public QMainWindow, public StatusPanels {
 
   private:
     void TakeStoredPlace(const Settings& settings);
-    void BuildBars();
+    void BuildBars(std::span<const MenuRow> menus);
+    void ListWindows();
 
     QMdiArea* area_;
     MenuBar* menus_ = nullptr;

@@ -3,10 +3,30 @@
 
 #include <QMenuBar>
 #include <QPointer>
-
-#include "app/main_commands.h"
+#include <span>
 
 namespace tolvex {
+
+class WindowProgram;
+
+enum MenuFlag {
+    kTop = 1,    ///< begins a menu on the bar
+    kOnBar = 2,  ///< a command on the bar itself
+    kSeparator = 4,
+    kHidden = 8,
+    kChecked = 16,    ///< checkable, checked at first
+    kExclusive = 32,  ///< not while an operation runs
+    kWindowList = 64  ///< the open child windows are listed below its items
+};
+
+/// An item of the menu bar, or a menu, to which the items below it belong.
+struct MenuRow {
+    const char* name;
+    QStringView caption;
+    int flags = 0;
+    void (*run)(WindowProgram& program) = nullptr;
+    QStringView shortcut = {};
+};
 
 /// The menu bar. Every item is an action named after it; hidden items exist and work, but are not
 /// shown.
@@ -14,7 +34,8 @@ class MenuBar : public QMenuBar {
     Q_OBJECT
 
   public:
-    explicit MenuBar(QWidget* parent = nullptr);
+    /// `rows` are borrowed.
+    MenuBar(std::span<const MenuRow> rows, QWidget* parent);
 
     /// While an operation runs, the items that would start another one are disabled.
     void SetBusy(bool busy);
@@ -23,13 +44,14 @@ class MenuBar : public QMenuBar {
     QMenu* WindowMenu() const { return windowMenu_; }
 
   Q_SIGNALS:
-    /// The person chose an item.
-    void Chosen(const MainCommands::Command& command);
+    /// The user chose an item.
+    void Chosen(const MenuRow* row);
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
+    void AddItem(const MenuRow& row, QMenu* menu);
     void GiveFocusBack();
 
     QMenu* windowMenu_ = nullptr;

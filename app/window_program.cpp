@@ -3,13 +3,10 @@
 
 #include <QApplication>
 #include <QIcon>
-#include <QMenu>
 
 #include "app/focus_keys.h"
-#include "app/frmAbout.h"
-#include "app/frmIndex.h"
 #include "base/product.h"
-#include "base/settings_keys.h"
+#include "image/frmModify.h"
 #include "link/frmCom.h"
 #include "platform/window_dialogs.h"
 
@@ -28,39 +25,38 @@ QString ReadingText() {
 WindowProgram::WindowProgram(const Parts& parts)
     : parts_(parts),
       window_(parts.settings),
-      setting_(new frmSetting),
-      children_(window_.Area(), setting_),
-      messages_(&window_, [this](QSize dialog) { return DialogPlace(dialog); }),
+      children_(window_.Area()),
       bench_({.port = parts.port,
               .clock = parts.clock,
               .settings = parts.settings,
               .folders = parts.folders,
-              .person = {.status = window_,
-                         .dialog = messages_,
-                         .windows = children_,
-                         .panel = *setting_,
-                         .dialogs = parts.dialogs},
-              .mainCaption = [this] { return window_.windowTitle(); },
-              .showPortDialog = [this] { ShowPortDialog(); },
-              .breath = [this] { return BreatheInReading(); }}),
-      modify_(new frmModify(bench_.patch)),
-      guard_([this](bool busy) { SetBusy(busy); }),
-      commands_({.window = window_,
-                 .children = children_,
-                 .bench = bench_,
-                 .guard = guard_,
-                 .dialogs = parts.dialogs,
-                 .showPortDialog = [this] { ShowPortDialog(); },
-                 .showBoardPanel = [this] { ShowBoardPanel(); },
-                 .showVersionPanel = [this] { ShowVersionPanel(); },
-                 .showHelp =
-                     [this] { parts_.help.ShowContents(parts_.folders.program + u"tolvex.hlp"_s); },
-                 .shutDown = [this] { ShutDown(); }}) {
-    setting_->PlacePatchFrame(modify_);
-    AddFocusKeys(window_);
+              .ui = *this}) {}
+
+bool WindowProgram::Start() {
+    window_.Appear(MenuRows());
+    if (parts_.clock.Ended()) {
+        return false;
+    }
+    BuildWindows();
     ConnectBars();
     ConnectSettingWindow();
-    // Not before the frame shows itself: it takes longer to draw.
+    MDIForm_Load();
+    window_.setWindowTitle(u"Tolvex "_s + product::VersionText());
+    FillDeviceLists(bench_.chip);
+    if (!parts_.clock.Ended() && GetNumber(parts_.settings, keys::IndexComFlag) == 0) {
+        RunAlone([this] { ShowPortDialog(); });
+        SaveNumber(parts_.settings, keys::IndexComFlag, 1);
+    }
+    return !parts_.clock.Ended();
+}
+
+void WindowProgram::BuildWindows() {
+    setting_ = new frmSetting;
+    setting_->PlacePatchFrame(new frmModify(bench_.image));
+    children_.AddSettingWindow(setting_);
+    message_ = new frmMsg(&window_, [this](QSize dialog) { return DialogPlace(dialog); });
+    AddFocusKeys(window_);
+    // Not before the main window is up: it takes longer to draw.
     QApplication::setWindowIcon(QIcon(u":/icons/tolvex.svg"_s));
 }
 
@@ -69,35 +65,58 @@ WindowProgram::WindowProgram(const Parts& parts)
 void WindowProgram::ConnectBars() {
     connect(
         &window_.Tools(), &Toolbar::ButtonClicked, this,
-        [this](const QString& key) { commands_.tbToolBar_ButtonClick(key); }, Qt::QueuedConnection);
-    connect(
-        &window_.Panels(), &StatusBar::PanelClicked, this,
-        [this](int panel) { commands_.sbStatusBar_PanelClick(panel); }, Qt::QueuedConnection);
-    connect(&window_.Menus(), &MenuBar::Chosen, this,
-            [this](const MainCommands::Command& command) { commands_.Do(command); });
-    connect(window_.Menus().WindowMenu(), &QMenu::aboutToShow, this, &WindowProgram::ListWindows);
+        [this](const QString& key) {
+            RunAlone([this, key] {
+                QCoreApplication::processEvents();  // the button is seen to come up first
+                tbToolBar_ButtonClick(bench_, key);
+            });
+        },
+        Qt::QueuedConnection);
+    connect(&window_.Panels(), &StatusBar::PanelClicked, this,
+            &WindowProgram::sbStatusBar_PanelClick, Qt::QueuedConnection);
+    connect(&window_.Menus(), &MenuBar::Chosen, this, [this](const MenuRow* row) {
+        (row->flags & kExclusive) != 0 ? RunAlone([this, row] { row->run(*this); })
+                                       : row->run(*this);
+    });
     connect(&window_, &frmMain::Closing, this, &WindowProgram::ShutDown);
     // Queued, too: the program that the files are dragged from waits for the end of the drop.
     connect(
         &window_, &frmMain::FilesDropped, this,
         [this](const QStringList& paths) {
-            guard_.Run([this, paths] { bench_.files.OpenDropped(paths); });
+            RunAlone([this, paths] { bench_.files.OpenDropped(paths); });
         },
         Qt::QueuedConnection);
 }
 
 void WindowProgram::ConnectSettingWindow() {
-    connect(setting_, &frmSetting::DeviceChosen, this, [this](int index) {
-        guard_.RunAtOnce([this, index] { bench_.selection.SelectDevice(index); });
+    // Neither waits nor asks, so nothing can come in between. What is not taken is shown back.
+    connect(setting_, &frmSetting::DeviceChosen, this,
+            [this](int index) { busy_ ? ShowSettings() : SelectDevice(bench_.chip, index); });
+    connect(setting_, &frmSetting::OptionChosen, this, [this](OptionList list, int entry) {
+        if (!busy_) {
+            bench_.state.options[list] = entry;
+        }
+        ShowSettings();
     });
     connect(
         setting_, &frmSetting::FuseReadClicked, this,
-        [this] { guard_.Run([this] { bench_.lockFuse.cmdFuseRead_Click(); }); },
-        Qt::QueuedConnection);
+        [this] { RunAlone([this] { cmdFuseRead_Click(bench_.chip); }); }, Qt::QueuedConnection);
     connect(
         setting_, &frmSetting::FuseWriteClicked, this,
-        [this] { guard_.Run([this] { bench_.lockFuse.cmdFuseWrite_Click(); }); },
-        Qt::QueuedConnection);
+        [this] { RunAlone([this] { cmdFuseWrite_Click(bench_.chip); }); }, Qt::QueuedConnection);
+}
+
+/// Runs `work` to its end; nothing happens while something else is under way. There is one line to
+/// the writer, and whoever waits on it serves the event loop: what the user starts meanwhile would
+/// take the other's reply.
+void WindowProgram::RunAlone(const std::function<void()>& work) {
+    if (!busy_) {
+        busy_ = true;
+        SetBusy(true);
+        work();
+        SetBusy(false);
+        busy_ = false;
+    }
 }
 
 /// What runs is alone: nothing that could start a second exchange, or change the images, the lists
@@ -115,14 +134,14 @@ void WindowProgram::SetBusy(bool busy) {
     }
     window_.SetBusy(busy);
     setting_->setEnabled(!busy);
-    messages_.SetBusy(busy);
+    message_->SetBusy(busy);
     if (!busy) {
         GiveFocusBack();
     }
 }
 
 /// A file of many megabytes: the window says so and goes on showing itself.
-bool WindowProgram::BreatheInReading() {
+bool WindowProgram::ContinueReading() {
     if (!messageBeforeReading_) {
         messageBeforeReading_ = window_.Panels().PanelText(kMessagePanel);
         window_.SetStatusText(kMessagePanel, ReadingText());
@@ -142,7 +161,7 @@ void WindowProgram::EndReading() {
     }
 }
 
-/// Unless the person has taken the focus elsewhere meanwhile.
+/// Unless the user has taken the focus elsewhere meanwhile.
 void WindowProgram::GiveFocusBack() {
     const QWidget* now = window_.focusWidget();
     const bool taken = now != nullptr && now->isVisible() && now->isEnabled() &&
@@ -152,21 +171,10 @@ void WindowProgram::GiveFocusBack() {
     }
 }
 
-bool WindowProgram::Start() {
-    MDIForm_Load();
-    window_.setWindowTitle(u"Tolvex "_s + product::VersionText());
-    bench_.selection.FillDeviceLists();
-    if (!parts_.clock.Ended() && GetNumber(parts_.settings, keys::IndexComFlag) == 0) {
-        guard_.Run([this] { ShowPortDialog(); });
-        SaveNumber(parts_.settings, keys::IndexComFlag, 1);
-    }
-    return !parts_.clock.Ended();
-}
-
 void WindowProgram::MDIForm_Load() {
     children_.ShowAll(parts_.settings);
     if (GetNumber(parts_.settings, keys::IndexFirstFlag) == 0) {
-        guard_.Run([this] { ShowBoardPanel(); });
+        RunAlone([this] { mmuIndex_Click(); });
         SaveNumber(parts_.settings, keys::IndexFirstFlag, 1);
     }
 }
@@ -194,59 +202,59 @@ void WindowProgram::MDIForm_Unload() {
     window_.StorePlace(parts_.settings);
     bench_.connection.ClosePort();
     parts_.clock.End();
-    messages_.Retire();
+    if (message_ != nullptr) {
+        message_->CloseMessage();
+    }
     QApplication::closeAllWindows();
     QApplication::quit();
 }
 
+void WindowProgram::SetStatusText(int panel, const QString& text, MessageKind) {
+    window_.SetStatusText(panel, text);
+}
+
+// A chain that the shutdown found half-way can't bring the dialog back.
+void WindowProgram::ShowMessage(MessageKind kind, const QString& text) {
+    if (!parts_.clock.Ended()) {
+        message_->ShowMessage(kind, text);
+    }
+}
+
+void WindowProgram::SetProgress(bool on, double minimum, double value, double maximum) {
+    if (!parts_.clock.Ended()) {
+        message_->SetProgress(on, minimum, value, maximum);
+    }
+}
+
+void WindowProgram::SetFlashCaption(const QString& caption) {
+    children_.Program().setWindowTitle(caption);
+}
+
+void WindowProgram::SetEepromCaption(const QString& caption) {
+    children_.Eeprom().setWindowTitle(caption);
+}
+
+FileDialogAnswer WindowProgram::AskOpenFile(const FileDialogRequest& request) {
+    return parts_.dialogs.AskOpenFile(request);
+}
+
+FileDialogAnswer WindowProgram::AskSaveFile(const FileDialogRequest& request) {
+    return parts_.dialogs.AskSaveFile(request);
+}
+
+void WindowProgram::ShowBox(BoxIcon icon, const QString& title, const QString& text) {
+    parts_.dialogs.ShowBox(icon, title, text);
+}
+
+bool WindowProgram::AskOkCancel(const QString& title, const QString& text) {
+    return parts_.dialogs.AskOkCancel(title, text);
+}
+
 void WindowProgram::ShowPortDialog() {
-    frmCom dialog(bench_.portSelection, PortToolTips(), &window_);
+    frmCom dialog(bench_.chip, PortToolTips(), &window_);
     dialog.adjustSize();
     dialog.move(DialogPlace(dialog.size()));
     ExecModal(dialog);
-}
-
-void WindowProgram::ShowBoardPanel() {
-    frmIndex panel(&window_);
-    ExecModal(panel);
-}
-
-void WindowProgram::ShowVersionPanel() {
-    frmAbout panel(&window_);
-    ExecModal(panel);
-}
-
-/// Lists the open child windows below the menu's own items, the active one marked.
-void WindowProgram::ListWindows() {
-    QMenu& menu = *window_.Menus().WindowMenu();
-    for (QAction* action : menu.actions()) {
-        if (action->property("listed").toBool()) {
-            delete action;
-        }
-    }
-    QAction* separator = menu.addSeparator();
-    separator->setProperty("listed", true);
-    int number = 0;
-    for (const QPointer<QMdiSubWindow> child : window_.Area().subWindowList()) {
-        if (child->isHidden()) {
-            continue;
-        }
-        QString caption = child->windowTitle();
-        caption.replace(u'&', u"&&"_s);
-        QAction* action =
-            menu.addAction(u"&%1 %2"_s.arg(++number).arg(caption), this, [this, child] {
-                if (child.isNull()) {
-                    return;  // closed since it was listed
-                }
-                if (child->isMinimized()) {
-                    child->showNormal();
-                }
-                window_.Area().setActiveSubWindow(child);
-            });
-        action->setProperty("listed", true);
-        action->setCheckable(true);
-        action->setChecked(child == window_.Area().activeSubWindow());
-    }
 }
 
 /// Centred over the Flash listing sideways and over the main window's inside up and down.

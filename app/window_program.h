@@ -1,28 +1,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
 #include <optional>
 
 #include "app/child_windows.h"
 #include "app/frmMain.h"
-#include "app/main_commands.h"
-#include "app/menu_bar.h"
-#include "app/run_guard.h"
-#include "base/dialogs.h"
-#include "base/event_clock.h"
 #include "base/help_viewer.h"
-#include "base/serial_port.h"
-#include "device/frmSetting.h"
-#include "device/message_window.h"
-#include "image/frmModify.h"
+#include "device/frmMsg.h"
 #include "port/com_ports.h"
 #include "workbench/workbench.h"
 
 namespace tolvex {
 
-/// The program with its windows: builds them, connects them to the workbench, starts and shuts
-/// down.
-class WindowProgram : public QObject {
+/// The program with its windows: builds them, connects them to the workbench, shows what the
+/// operations tell, starts and shuts down.
+class WindowProgram : public QObject, private UserInterface {
     Q_OBJECT
 
   public:
@@ -39,8 +32,8 @@ class WindowProgram : public QObject {
 
     explicit WindowProgram(const Parts& parts);
 
-    /// From the window's layout to the port dialog of a first start. False when the person closed
-    /// the program meanwhile.
+    /// From the main window, which is seen first, to the port dialog of a first start. False when
+    /// the user closed the program meanwhile.
     bool Start();
     /// Saves the layout, deletes the listings, closes the port and every window, and ends the event
     /// loop. What waits for the writer gives up at once.
@@ -52,35 +45,59 @@ class WindowProgram : public QObject {
     Workbench& Bench() { return bench_; }
 
   private:
+    using UserInterface::SetStatusText;
+    void SetStatusText(int panel, const QString& text, MessageKind) override;
+    void ShowMessage(MessageKind kind, const QString& text) override;
+    void CloseMessage() override { message_->CloseMessage(); }
+    void SetProgress(bool on, double minimum, double value, double maximum) override;
+    void SetFlashListing(const QString& text) override { children_.Program().SetListing(text); }
+    void SetEepromListing(const QString& text) override { children_.Eeprom().SetListing(text); }
+    void ShowVerifyReport(const QString& text) override { children_.ShowVerifyReport(text); }
+    void SetFlashCaption(const QString& caption) override;
+    void SetEepromCaption(const QString& caption) override;
+    void ShowSettings() override { setting_->ShowState(bench_.state); }
+    void ShowPatchPanel() override { setting_->ShowPatchPanel(); }
+    void ShowPortDialog() override;
+    QString MainCaption() const override { return window_.windowTitle(); }
+    bool ContinueReading() override;
+    FileDialogAnswer AskOpenFile(const FileDialogRequest& request) override;
+    FileDialogAnswer AskSaveFile(const FileDialogRequest& request) override;
+    void ShowBox(BoxIcon icon, const QString& title, const QString& text) override;
+    bool AskOkCancel(const QString& title, const QString& text) override;
+
+    void BuildWindows();
     void ConnectBars();
     void ConnectSettingWindow();
-    void SetBusy(bool busy);
-
-    void GiveFocusBack();
-    bool BreatheInReading();
-    void EndReading();
-
     void MDIForm_Load();
     void MDIForm_QueryUnload();
     void MDIForm_Unload();
 
-    void ShowPortDialog();
-    void ShowBoardPanel();
-    void ShowVersionPanel();
-    void ListWindows();
+    /// What the menu bar holds.
+    static std::span<const MenuRow> MenuRows();
+    void mmuCominucation_Click();
+    void mnuViewOptions_Click();
+    void mnuHelpContents_Click();
+    void mmuIndex_Click();
+    void mnuHelpSub_Click();
+    void mnuHelpAbout_Click();
+    void sbStatusBar_PanelClick(int panel);
+
+    void RunAlone(const std::function<void()>& work);
+    void SetBusy(bool busy);
+    void GiveFocusBack();
+    void EndReading();
     QPoint DialogPlace(QSize dialog) const;
     QStringList PortToolTips() const;
 
     Parts parts_;
     frmMain window_;
-    frmSetting* setting_;  ///< owned by the window's area
     ChildWindows children_;
-    MessageWindow messages_;
+    // Built when the main window is up; its area and it itself own them.
+    frmSetting* setting_ = nullptr;
+    frmMsg* message_ = nullptr;
     Workbench bench_;
-    frmModify* modify_;  ///< owned by the settings window
-    RunGuard guard_;
-    MainCommands commands_;
-    QPointer<QWidget> focus_;  ///< of the window when the running operation began
+    bool busy_ = false;                            ///< something runs alone
+    QPointer<QWidget> focus_;                      ///< of the window when it began
     std::optional<QString> messageBeforeReading_;  ///< while a long file is read
 };
 

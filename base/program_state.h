@@ -3,11 +3,19 @@
 
 #include <QString>
 
-#include "base/device_record.h"
-#include "base/error_flag.h"
-#include "base/memory_images.h"
+#include "base/chip_data.h"
 
 namespace tolvex {
+
+/// The failure flag that all commands share: 0 = no failure, 1 = failure. Commands only ever set
+/// it; whoever runs a sequence clears it first and tests it afterwards.
+struct ErrorFlag {
+    std::int16_t value = 0;
+
+    void Set() { value = 1; }
+    void Clear() { value = 0; }
+    bool Failed() const { return value != 0; }
+};
 
 /// Which files the file commands work on; all empty at start-up.
 struct FileNames {
@@ -18,11 +26,21 @@ struct FileNames {
     bool ReloadFlag = false;  ///< open again what is named, without a dialog
 };
 
+/// The lock and fuse bytes as they were last read or written. A failed read decodes what the last
+/// successful one left, and before any that must not look like a locked chip.
+struct LockFuseBytes {
+    std::uint8_t lock = 0xFF;      ///< written with 'l'; read with 'F' from BOD_CKSEL chips
+    std::uint8_t fuse = 0xFF;      ///< written with 'f'; read with 'r' from BOD_CKSEL chips
+    std::uint8_t lockFuse = 0xFF;  ///< read with 'F' from FSTRT and RCEN chips
+};
+
 /// What lives for the whole run and is shared by all operations; one of each.
 struct ProgramState {
     MemoryImages images{};
     FileNames names{};
     CurrentDevice device{};
+    OptionChoice options{};  ///< the settings window shows it
+    LockFuseBytes lockFuseBytes{};
     ErrorFlag errorFlag{};
 };
 

@@ -17,7 +17,7 @@
 
 #include "app/desktop.h"
 #include "app/japanese_texts.h"
-#include "benchmark/recording_port.h"
+#include "cli/traced_port.h"
 #include "widgets/fitted_label.h"
 #include "widgets/fonts.h"
 
@@ -145,7 +145,7 @@ void Rest(std::chrono::seconds time) {
 bool AllWell(WindowProgram& program) {
     const auto* message = program.Window().findChild<FittedLabel*>(u"txtMsg"_s);
     return !program.Bench().state.errorFlag.Failed() &&
-           (message == nullptr ||
+           (!message->isVisible() ||
             message->WholeText() == u"ベリファイ　FLASH : OK / EEPROM : OK"_s);
 }
 
@@ -155,7 +155,10 @@ int Tolvex(const QString& task, const QString& argument, const QString& record) 
     QTemporaryDir folder;
     const AppDir folders{folder.path() + u'/', {folder.path() + u'/'}};
     Desktop desktop;
-    RecordingPort port(desktop.port, desktop.clock, record);
+    TracedPort port(desktop.port, desktop.clock);
+    if (!record.isEmpty() && !port.TraceTo(record)) {
+        qFatal("can't write %s", qPrintable(record));
+    }
     WindowProgram program(desktop.Parts(port, folders));
     program.Start();
     SettleFirstWindow();

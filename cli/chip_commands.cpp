@@ -17,7 +17,7 @@ int ReadChip(Session& session, Memories memories, bool force, MemoryImages& imag
         return InOrder([&] { return session.DetectPart(force); },
                        [&] { return session.ReadMemories(memories, images); });
     }
-    const ChainResult result = session.RunChain(u"Read", force);
+    const SequenceResult result = session.Run(ReadSequence, force);
     images = session.Bench().state.images;
     return InOrder(
         [&] {
@@ -38,7 +38,7 @@ int VerifyChip(Session& session, Memories memories, bool force, const MemoryImag
             });
     }
     session.Bench().state.images = images;
-    const VerifyResult result = session.RunChain(u"Verify", force).verify.value_or(VerifyResult{});
+    const VerifyResult result = session.Run(VerifySequence, force).verify.value_or(VerifyResult{});
     return InOrder(
         [&] {
             return session.Judge(result.flashCompared && result.eepromCompared, cause::WriterSilent,
@@ -55,13 +55,12 @@ int Detect(Session& session, const Call&) {
         return status;
     }
     const bool match = session.Reading().signature == session.Device().signature;
-    const QString part = PartOf(session.Reading().signature);
+    const auto part = PartOf(session.Reading().signature);
     const WriterIdentity& writer = session.Identity();
     session.Print(u"ライタ: %1"_s.arg(writer.identifier));
     session.Print(u"ファームウエア: %1"_s.arg(writer.softwareVersion));
     session.Print(u"ハードウエア: %1"_s.arg(writer.hardwareVersion));
-    session.Print(
-        u"シグネチャ: %1 (%2)"_s.arg(session.Signature(), part.isEmpty() ? u"?"_s : part));
+    session.Print(u"シグネチャ: %1 (%2)"_s.arg(session.Signature(), part.value_or(u"?"_s)));
     session.Print(
         u"デバイス: %1 (%2)"_s.arg(session.Device().name, match ? u"一致"_s : u"不一致"_s));
     return session.DetectedPart();

@@ -12,6 +12,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// So many time-outs close together end the run.
+constexpr int kTimeOutLimit = 3;
+/// Replies in time after which earlier time-outs are forgotten. A writer that is always late
+/// answers every other command in time, with the reply to the one before.
+constexpr int kRepliesToForget = 20;
+
 /// "0000-00FF", "0102": each run of neighbours as one entry.
 QStringList Ranges(const std::set<int>& addresses) {
     QStringList ranges;
@@ -36,9 +42,19 @@ QString Line(const QString& memory, const std::set<int>& addresses, const QStrin
 
 }  // namespace
 
-WriterCommands& ChipRecord::Around(WriterCommands& commands) {
-    inner_ = &commands;
-    return *this;
+CommandHooks ChipRecord::Hooks() {
+    return {.maySend = [this] { return MaySend(); },
+            .onEnd = [this](char letter, int argument,
+                            Outcome outcome) { Note(letter, argument, outcome); }};
+}
+
+bool ChipRecord::MaySend() {
+    if (shuttingDown_) {
+        return true;
+    }
+    stopped_ = stopped_ || signal_() != 0;
+    unwinding_ = stopped_ || timeOuts_ >= kTimeOutLimit;
+    return !unwinding_;
 }
 
 bool ChipRecord::Touched() const {
@@ -76,58 +92,72 @@ QJsonObject ChipRecord::Json() const {
     return json;
 }
 
-/// What never went out because the run is being ended is no failure of the writer's.
-void ChipRecord::NoteFailure() {
-    if (failure_ == Failure::None && !port_.Stopped()) {
-        failure_ = port_.TimedOut() ? Failure::Silent : Failure::Refused;
+void ChipRecord::Note(char letter, int argument, Outcome outcome) {
+    NoteOutcome(outcome);
+    const bool sent = outcome != Outcome::NotSent;
+    const bool acknowledged = outcome == Outcome::Ok;
+    if (letter == 'P') {
+        programming_ = programming_ || sent;
+    } else if (letter == 'L') {
+        programming_ = programming_ && !acknowledged;
+    } else if (letter == 'A') {
+        address_ = acknowledged ? std::optional(argument) : std::nullopt;
+    } else if (sent || letter == 'C') {  // of half a word, the other half has been written
+        NoteChange(letter, argument, acknowledged);
     }
 }
 
-/// What never went out can't have changed anything.
-bool ChipRecord::Changed(bool acknowledged) {
-    uncertain_ = uncertain_ || (!acknowledged && port_.Sent());
-    return acknowledged;
-}
-
-void ChipRecord::EnterProgrammingMode(ErrorFlag& flag) {
-    Run(flag, &W::EnterProgrammingMode);
-    programming_ = programming_ || port_.Sent();
-}
-
-void ChipRecord::SetAddress(std::int32_t address, ErrorFlag& flag) {
-    const bool set = Run(flag, &W::SetAddress, address);
-    address_ = set ? std::optional(address) : std::nullopt;
-}
-
-void ChipRecord::WriteProgramWord(Byte high, Byte low, ErrorFlag& flag) {
-    if (Changed(Run(flag, &W::WriteProgramWord, high, low) && address_)) {
-        words_.insert((*address_)++);
-    } else {
-        address_.reset();
+void ChipRecord::NoteOutcome(Outcome outcome) {
+    // A closed port: it was open when the operation began.
+    lineLost_ = outcome == Outcome::LineLost || outcome == Outcome::NotSent;
+    if (outcome == Outcome::Abandoned && !shuttingDown_) {
+        stopped_ = unwinding_ = true;
+    }
+    if (outcome != Outcome::Ok && !firstFailure_) {
+        firstFailure_ = outcome;
+    }
+    if (outcome == Outcome::NoReply) {
+        ++timeOuts_;
+        inTime_ = 0;
+    } else if (++inTime_ == kRepliesToForget) {
+        timeOuts_ = 0;
     }
 }
 
-void ChipRecord::WriteDataByte(Byte data, ErrorFlag& flag) {
-    if (Changed(Run(flag, &W::WriteDataByte, data) && address_)) {
-        bytes_.insert(*address_);
+/// What was sent and not acknowledged may have changed the chip, and so may what was written while
+/// the address was not known.
+void ChipRecord::NoteChange(char letter, int argument, bool acknowledged) {
+    const bool writesMemory = letter == 'c' || letter == 'C' || letter == 'D';
+    const bool changes = writesMemory || letter == 'e' || letter == 'f' || letter == 'l';
+    if (changes && (!acknowledged || (writesMemory && !address_))) {
+        uncertain_ = true;
+        if (letter != 'D') {
+            address_.reset();
+        }
+        return;
     }
-}
-
-void ChipRecord::ChipErase(ErrorFlag& flag) {
-    if (Changed(Run(flag, &W::ChipErase))) {
-        erased_ = true;
-        words_.clear();
-        bytes_.clear();
-        lock_.reset();
+    switch (letter) {
+        case 'C':
+            words_.insert((*address_)++);
+            break;
+        case 'D':
+            bytes_.insert(*address_);
+            break;
+        case 'e':
+            erased_ = true;
+            words_.clear();
+            bytes_.clear();
+            lock_.reset();
+            break;
+        case 'f':
+            fuses_ = argument;
+            break;
+        case 'l':
+            lock_ = argument;
+            break;
+        default:
+            break;
     }
-}
-
-void ChipRecord::WriteFuseBits(Byte fuses, ErrorFlag& flag) {
-    fuses_ = Changed(Run(flag, &W::WriteFuseBits, fuses)) ? std::optional(fuses) : fuses_;
-}
-
-void ChipRecord::WriteLockBits(Byte lock, ErrorFlag& flag) {
-    lock_ = Changed(Run(flag, &W::WriteLockBits, lock)) ? std::optional(lock) : lock_;
 }
 
 }  // namespace tolvex

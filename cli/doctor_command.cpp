@@ -32,10 +32,8 @@ std::optional<Milliseconds> RoundTrip(Session& session) {
     std::vector<Milliseconds> samples;
     for (int sample = 0; sample < kSamples; ++sample) {
         QString version;
-        ErrorFlag flag;
         const auto start = session.Now();
-        session.Bench().commands.ReadSoftwareVersion(version, flag);
-        if (flag.Failed()) {
+        if (session.Bench().commands.ReadSoftwareVersion(version) != Outcome::Ok) {
             return std::nullopt;
         }
         samples.push_back(session.Now() - start);
@@ -60,10 +58,6 @@ Diagnosis Silent(const QString& path) {
          u"tolvex-cli --port %1 --trace trace.txt detect"_s.arg(path)}};
 }
 
-bool FindWriter(Session& session) {
-    return static_cast<bool>(session.Bench().detection.WriterCheck());
-}
-
 std::optional<Diagnosis> Examine(Session& session) {
     const QString path = session.PortPath();
     const PortFacts facts = session.Inspect(path);
@@ -73,13 +67,13 @@ std::optional<Diagnosis> Examine(Session& session) {
     if (!facts.permitted) {
         return Diagnosis{cause::PortForbidden, ForbiddenPort(path, facts)};
     }
-    const bool found = FindWriter(session);
-    if (session.Port().OpenFailed()) {
+    const bool found = session.FindWriter();
+    if (session.OpenFailed()) {
         return Diagnosis{cause::PortBusy, BusyPort(path, facts, session.PortError())};
     }
     if (!found) {
         session.Bench().connection.WaitSeconds(kBoardStart);
-        return FindWriter(session) ? StartedLate(path) : Silent(path);
+        return session.FindWriter() ? StartedLate(path) : Silent(path);
     }
     const auto time = RoundTrip(session);
     if (!time) {
@@ -98,7 +92,7 @@ int Doctor(Session& session, const Call&) {
         return status;
     }
     const auto diagnosis = Examine(session);
-    if (session.Port().Stopped()) {
+    if (session.Stopped()) {
         return kSignalled;
     }
     int status = kDone;

@@ -15,8 +15,8 @@ class FixedSettings : public Settings {
 
     void Fix(const char* key, const QString& text) { fixed_[QString::fromLatin1(key)] = text; }
 
-    QString GetSetting(const QString& key, const QString& standard) const override {
-        return fixed_.contains(key) ? fixed_[key] : stored_.GetSetting(key, standard);
+    QString GetSetting(const QString& key, const QString& defaultText) const override {
+        return fixed_.contains(key) ? fixed_[key] : stored_.GetSetting(key, defaultText);
     }
     void SaveSetting(const QString&, const QString&) override {}
 

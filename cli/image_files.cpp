@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <vector>
 
-#include "image/data_file_name.h"
 #include "image/hex_reader.h"
 #include "image/hex_writer.h"
 

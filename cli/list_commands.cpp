@@ -5,7 +5,6 @@
 #include "cli/command.h"
 #include "cli/image_files.h"
 #include "device/catalogue.h"
-#include "image/data_file_name.h"
 
 namespace tolvex {
 

@@ -6,7 +6,7 @@
 
 #include "cli/command.h"
 #include "cli/image_files.h"
-#include "device/write_plan.h"
+#include "cli/write_plan.h"
 
 namespace tolvex {
 
@@ -41,7 +41,7 @@ int ProveChip(Session& session, const Precautions& precautions) {
     if (const int status = session.DetectChip()) {
         return status;
     }
-    if (session.Reading().verdict == ChipVerdict::Protected) {
+    if (session.Reading().verdict == ChipVerdict::Locked) {
         session.Remark(u"チップはロックされています。消去してロックを解除します。"_s);
         return kDone;
     }
@@ -69,7 +69,7 @@ int Backup(Session& session, const QString& folder) {
     if (folder.isEmpty()) {
         return kDone;
     }
-    const ChainResult result = session.RunChain(u"Read");
+    const SequenceResult result = session.Run(ReadSequence);
     if (const int status =
             session.Judge(result.read && result.read->Complete(), cause::WriterSilent,
                           u"チップを読めません。チップには何も書いていません。"_s)) {
@@ -115,8 +115,8 @@ int ProveBlank(Session& session) {
 
 int WriteChip(Session& session, const MemoryImages& images) {
     session.Bench().state.images = images;
-    TellPlan(session, PlanFor(session.Device(), images));
-    const ChainResult result = session.RunChain(u"Program");
+    TellPlan(session, PlanFor(session.Bench().state));
+    const SequenceResult result = session.Run(ProgramSequence);
     const QString text = u"書き込みを確認できませんでした。"_s;
     if (!result.erase || !result.erase->erased || !result.program) {
         return session.Judge(false, cause::CommandRefused, text);
@@ -165,7 +165,7 @@ int EraseChip(Session& session) {
     const double seconds = (session.Elapsed() + EraseTime()).count();
     session.Tell(u"チップ全体を消去します: 全体で約 %1 秒"_s.arg(seconds, 0, 'f', 1));
     session.Report()[u"plan"_s] = QJsonObject{{u"seconds"_s, seconds}};
-    const ChainResult result = session.RunChain(u"Erase");
+    const SequenceResult result = session.Run(EraseSequence);
     const bool erased = result.erase && result.erase->erased;
     session.Report()[u"erased"_s] = erased;
     return session.Judge(erased, cause::CommandRefused, u"消去を確認できませんでした。"_s);

@@ -3,8 +3,6 @@
 
 #include <QJsonArray>
 
-#include "base/settings_keys.h"
-
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -29,21 +27,15 @@ Session::Session(const CliSurroundings& around, const CommonOptions& options,
     : around_(around),
       options_(options),
       settings_(SettingsFor(around.settings, options)),
-      clock_(around.clock, around.signal),
+      port_(around.port, around.clock),
+      clock_(around.clock, port_, around.signal),
       start_(clock_.Now()),
-      trace_(around.clock),
-      port_(around.port, clock_, trace_),
-      chip_(port_),
-      person_(
-          around_.console, clock_,
+      chip_(around.signal),
+      ui_(around_.console, clock_,
           {.prints = !options.json && !options.quiet && !options.outputTaken,
            .progress = !options.quiet,
-           .failing =
-               [this] {
-                   return chip_.Failing() || bench_.state.errorFlag.Failed() || port_.OpenFailed();
-               },
-           .deaf = [this] { return deaf_ || port_.Over(); },
-           .inTheirWords =
+           .muted = [this] { return leaving_ || chip_.Unwinding(); },
+           .displayPortName =
                [this](QString text) {
                    return ByPath() ? text.replace(u"COM%1"_s.arg(PortNumber()), PortPath()) : text;
                }}),
@@ -51,17 +43,9 @@ Session::Session(const CliSurroundings& around, const CommonOptions& options,
               .clock = clock_,
               .settings = settings_,
               .folders = folders_,
-              .person = {.status = person_,
-                         .dialog = person_,
-                         .windows = person_,
-                         .panel = lists_,
-                         .dialogs = person_},
-              .mainCaption = [] { return u"tolvex-cli"_s; },
-              .showPortDialog = [] {},
-              .decorate = [this](WriterCommands& commands) -> WriterCommands& {
-                  return chip_.Around(commands);
-              }}) {
-    bench_.selection.FillDeviceLists();
+              .ui = ui_,
+              .hooks = chip_.Hooks()}) {
+    FillDeviceLists(bench_.chip);
     report_[u"command"_s] = command;
     report_[u"device"_s] = PartNumber(Device().name);
     if (PortNumber() != 0) {
@@ -74,7 +58,7 @@ Session::Session(const CliSurroundings& around, const CommonOptions& options,
 }
 
 int Session::OpenTrace() {
-    return options_.trace.isEmpty() || trace_.Open(options_.trace)
+    return options_.trace.isEmpty() || port_.TraceTo(options_.trace)
                ? int{kDone}
                : Fail(cause::FileNotWritten, u"ファイルを書けません: %1"_s.arg(options_.trace));
 }
@@ -88,7 +72,7 @@ QString Session::PortName() const {
 }
 
 void Session::Print(const QString& line) {
-    person_.EndProgress();
+    ui_.EndProgress();
     if (options_.outputTaken) {
         around_.console.Complain(line);
     } else if (!options_.json) {
@@ -103,7 +87,7 @@ void Session::Tell(const QString& line) {
 }
 
 void Session::Remark(const QString& line) {
-    person_.EndProgress();
+    ui_.EndProgress();
     around_.console.Complain(line);
 }
 
@@ -121,25 +105,25 @@ int Session::RequirePort() {
 }
 
 int Session::Finish(int status) {
-    const bool stopped = port_.Stopped();
+    const bool stopped = chip_.Stopped();
     LeaveBoard();
     if (stopped) {
         Fail(cause::Interrupted, u"中断しました。\n"_s + chip_.Text());
-        status = kSignalled + clock_.StopAsked();
+        status = kSignalled + around_.signal();
     } else if (status != kDone && chip_.Touched()) {
         Remark(chip_.Text());
-    } else if (trace_.Lost() && status == kDone) {
-        status = Fail(cause::OutputLost, u"ファイルを書けません: %1"_s.arg(trace_.Path()));
+    } else if (port_.TraceIncomplete() && status == kDone) {
+        status = Fail(cause::OutputLost, u"ファイルを書けません: %1"_s.arg(port_.TracePath()));
     }
     ReportFindings();
     report_[u"exitStatus"_s] = status;
-    report_[u"messages"_s] = QJsonArray::fromStringList(person_.Said());
+    report_[u"messages"_s] = QJsonArray::fromStringList(ui_.Said());
     return status;
 }
 
 void Session::ReportFindings() {
     const WriterIdentity& identity = detection_.identity;
-    if (detection_.found) {
+    if (detection_) {
         report_[u"writer"_s] = QJsonObject{{u"identifier"_s, identity.identifier},
                                            {u"firmware"_s, identity.softwareVersion},
                                            {u"hardware"_s, identity.hardwareVersion}};
@@ -147,8 +131,8 @@ void Session::ReportFindings() {
     if (!Signature().isEmpty()) {
         report_[u"signature"_s] = Signature();
     }
-    if (const QString part = PartOf(reading_.signature); !part.isEmpty()) {
-        report_[u"part"_s] = part;
+    if (const auto part = PartOf(reading_.signature)) {
+        report_[u"part"_s] = *part;
     }
     if (chip_.Touched()) {
         report_[u"written"_s] = chip_.Json();
@@ -157,17 +141,13 @@ void Session::ReportFindings() {
 
 /// An operation that broke off leaves the board in programming mode, with the chip held in reset.
 void Session::LeaveBoard() {
-    person_.EndProgress();
-    deaf_ = true;
-    port_.Resume();
-    clock_.AllowFarewell();
-    if (port_.IsOpen() && chip_.InProgrammingMode()) {
-        ErrorFlag flag;
-        chip_.LeaveProgrammingMode(flag);
-        if (flag.Failed()) {
-            Remark(
-                u"ライタがプログラミングモードのままかもしれません。電源を入れ直してください。"_s);
-        }
+    ui_.EndProgress();
+    leaving_ = true;
+    chip_.AllowShutdownCommands();
+    clock_.AllowShutdownCommands();
+    if (port_.IsOpen() && chip_.InProgrammingMode() &&
+        bench_.commands.LeaveProgrammingMode() != Outcome::Ok) {
+        Remark(u"ライタがプログラミングモードのままかもしれません。電源を入れ直してください。"_s);
     }
     bench_.connection.ClosePort();
 }

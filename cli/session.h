@@ -5,17 +5,15 @@
 #include <functional>
 #include <optional>
 
+#include "cli/chip_memories.h"
 #include "cli/chip_record.h"
 #include "cli/console.h"
 #include "cli/exit_status.h"
 #include "cli/fixed_settings.h"
-#include "cli/observed_port.h"
-#include "cli/option_lists.h"
 #include "cli/stoppable_clock.h"
-#include "cli/terminal_person.h"
-#include "cli/trace_file.h"
+#include "cli/terminal_user_interface.h"
+#include "cli/traced_port.h"
 #include "device/catalogue.h"
-#include "device/chip_memories.h"
 #include "port/com_ports.h"
 #include "port/port_facts.h"
 #include "workbench/workbench.h"
@@ -54,8 +52,8 @@ class Session {
 
     Workbench& Bench() { return bench_; }
     const CurrentDevice& Device() const { return bench_.state.device; }
-    OptionLists& Lists() { return lists_; }
-    const ObservedPort& Port() const { return port_; }
+    /// A signal has ended the run.
+    bool Stopped() const { return chip_.Stopped(); }
     const WriterIdentity& Identity() const { return detection_.identity; }
     /// As last read.
     const ChipReading& Reading() const { return reading_; }
@@ -101,17 +99,22 @@ class Session {
     int DetectedPart(bool force = false);
     /// The chip that was last read is of the chosen kind, or `force` lets another one pass.
     int RequirePart(bool force);
-    /// Runs a chain of the toolbar, with `force` on any chip.
-    ChainResult RunChain(QStringView key, bool force = false);
-    /// Runs an operation on lock and fuse bits.
-    LockFuseResult RunFuses(LockFuseResult (LockFuseBits::*operation)());
+    /// True = a writer answers.
+    bool FindWriter();
+    /// The port could not be opened for the last detection.
+    bool OpenFailed() const { return detection_.outcome == Outcome::NotSent; }
+    /// Runs a sequence of the toolbar, with `force` on any chip.
+    SequenceResult Run(SequenceResult (*sequence)(Workbench&), bool force = false);
+    LockFuseResult ReadLockFuse();
+    /// Of the chosen options, the given parts.
+    LockFuseResult WriteLockFuse(LockFuseParts parts);
     /// Reads memories of a chip that has been found.
     int ReadMemories(Memories memories, MemoryImages& images);
     /// The status after an operation. What kept it from succeeding is looked for in the line, the
     /// writer and the chip; `cause` is what remains.
     int Judge(bool success, Cause cause, const QString& text);
     /// The same after a comparison; prints the differences and puts them into the report.
-    int JudgeDifferences(const QList<VerifyResult::Difference>& differences);
+    int JudgeDifferences(const QList<Difference>& differences);
 
     /// Leaves the board as it should be and gives the final status.
     int Finish(int status);
@@ -122,6 +125,7 @@ class Session {
     int FailOpening();
     int FailReading();
     ChipReading LookAtChip();
+    LockFuseResult Keep(const LockFuseResult& result);
     void TellFirmware();
     void LeaveBoard();
     void ReportFindings();
@@ -130,14 +134,12 @@ class Session {
     CommonOptions options_;
     AppDir folders_;  ///< none: nothing is listed
     FixedSettings settings_;
+    TracedPort port_;
     StoppableClock clock_;
     EventClock::Instant start_;
-    TraceFile trace_;
-    ObservedPort port_;
     ChipRecord chip_;
-    bool deaf_ = false;
-    TerminalPerson person_;
-    OptionLists lists_;
+    bool leaving_ = false;
+    TerminalUserInterface ui_;
     Workbench bench_;
     DetectionResult detection_;
     ChipReading reading_;

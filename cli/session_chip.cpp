@@ -21,11 +21,9 @@ QString Session::Signature() const {
                : u"%1:%2:%3"_s.arg(HexByte(vendor), HexByte(size), HexByte(family));
 }
 
-ChainResult Session::RunChain(QStringView key, bool force) {
-    if (force) {
-        bench_.check.TolerateMismatch();
-    }
-    ChainResult result = bench_.toolbar.Click(key);
+SequenceResult Session::Run(SequenceResult (*sequence)(Workbench&), bool force) {
+    bench_.chip.tolerateMismatch = bench_.chip.tolerateMismatch || force;
+    const SequenceResult result = chip_.MaySend() ? sequence(bench_) : SequenceResult{};
     detection_ = result.detection;
     // The operations go by the size code alone: a signature that was proven whole stays. The
     // reading before an erase is judged by nobody.
@@ -33,27 +31,38 @@ ChainResult Session::RunChain(QStringView key, bool force) {
     for (const ChipReading& reading : {result.program ? result.program->chip : ChipReading{},
                                        result.read ? result.read->chip : ChipReading{},
                                        result.verify ? result.verify->chip : ChipReading{}}) {
-        if (reading.verdict != ChipVerdict::NoReply && !(proven && reading.passed)) {
+        if (reading.verdict != ChipVerdict::NoReply && !(proven && reading.Passed())) {
             reading_ = reading;
         }
     }
     return result;
 }
 
-LockFuseResult Session::RunFuses(LockFuseResult (LockFuseBits::*operation)()) {
-    LockFuseResult result = (bench_.lockFuse.*operation)();
+LockFuseResult Session::ReadLockFuse() {
+    return Keep(chip_.MaySend() ? cmdFuseRead_Click(bench_.chip) : LockFuseResult{});
+}
+
+LockFuseResult Session::WriteLockFuse(LockFuseParts parts) {
+    return Keep(chip_.MaySend() ? tolvex::WriteLockFuse(bench_.chip, parts) : LockFuseResult{});
+}
+
+LockFuseResult Session::Keep(const LockFuseResult& result) {
     detection_ = result.detection;
     reading_ = result.chip;
     return result;
+}
+
+bool Session::FindWriter() {
+    detection_ = chip_.MaySend() ? WriterCheck(bench_.chip) : DetectionResult{};
+    return static_cast<bool>(detection_);
 }
 
 int Session::DetectChip() {
     if (const int status = RequirePort()) {
         return status;
     }
-    detection_ = bench_.detection.WriterCheck();
     reading_ = {};
-    if (detection_) {
+    if (FindWriter()) {
         TellFirmware();
         reading_ = LookAtChip();
     }
@@ -65,20 +74,20 @@ int Session::DetectChip() {
 /// judge, which gives the chip a second to settle and tells what it found.
 ChipReading Session::LookAtChip() {
     ChipReading look;
-    ErrorFlag flag;
-    chip_.EnterProgrammingMode(flag);
-    chip_.ReadSignature(look.signature, flag);
-    chip_.LeaveProgrammingMode(flag);
-    if (flag.Failed()) {
-        return {};
+    const Outcome outcomes[] = {bench_.commands.EnterProgrammingMode(),
+                                bench_.commands.ReadSignature(look.signature),
+                                bench_.commands.LeaveProgrammingMode()};
+    for (const Outcome outcome : outcomes) {
+        if (outcome != Outcome::Ok) {
+            return {};
+        }
     }
     if (look.signature == Device().signature) {
         look.verdict = ChipVerdict::Accepted;
-        look.passed = true;
         return look;
     }
     bench_.state.errorFlag.Clear();
-    return bench_.check.CheckDevice();
+    return CheckDevice(bench_.chip);
 }
 
 void Session::TellFirmware() {
@@ -95,36 +104,39 @@ int Session::DetectPart(bool force) {
 
 int Session::DetectedPart(bool force) {
     const ChipVerdict verdict = reading_.verdict;
-    const bool readable = verdict == ChipVerdict::Accepted || verdict == ChipVerdict::Mismatch;
-    return readable ? RequirePart(force) : FailReading();
+    const bool unreadable = verdict == ChipVerdict::NoReply || verdict == ChipVerdict::Locked ||
+                            verdict == ChipVerdict::EmptySocket;
+    return unreadable ? FailReading() : RequirePart(force);
 }
 
 int Session::RequirePart(bool force) {
     if (reading_.signature == Device().signature) {
         return kDone;
     }
-    const QString part = PartOf(reading_.signature);
-    const QString found = part.isEmpty() ? u"知らない部品"_s : part;
+    const auto part = PartOf(reading_.signature);
+    const QString found = part.value_or(u"知らない部品"_s);
     const QString text = u"ソケットのチップは %1 (%2) で、%3 ではありません。"_s.arg(
         found, Signature(), PartNumber(Device().name));
     if (!force) {
-        const QString hint = u"--device %1 で指定してください。"_s.arg(part);
-        return Fail(cause::WrongChip, part.isEmpty() ? text : text + hint);
+        return Fail(cause::WrongChip,
+                    part ? text + u"--device %1 で指定してください。"_s.arg(*part) : text);
     }
     Remark(text + u"続けます。"_s);
-    bench_.check.TolerateMismatch();
+    bench_.chip.tolerateMismatch = true;
     return kDone;
 }
 
 int Session::FailReading() {
     switch (reading_.verdict) {
-        case ChipVerdict::Protected:
+        case ChipVerdict::Locked:
             return Fail(cause::Locked, u"チップがロックされています。"_s);
         case ChipVerdict::EmptySocket:
             return Fail(cause::EmptySocket, u"ソケットにチップがありません。"_s);
         case ChipVerdict::NoReply:
             return Fail(cause::WriterSilent, u"シグネチャを読めません。"_s);
         case ChipVerdict::Accepted:
+        case ChipVerdict::Tolerated:
+        case ChipVerdict::CommandFailed:
         case ChipVerdict::Mismatch:
             break;
     }
@@ -139,40 +151,39 @@ int Session::FailOpening() {
 }
 
 int Session::Judge(bool success, Cause cause, const QString& text) {
-    using Failure = ChipRecord::Failure;
     if (success) {
         return kDone;
     }
-    if (port_.Stopped()) {
+    if (chip_.Stopped()) {
         return kSignalled;
     }
-    if (port_.OpenFailed()) {
-        return FailOpening();
-    }
-    if (port_.Lost()) {
+    const auto failure = chip_.FirstFailure();
+    if (chip_.LineLost() || failure == Outcome::LineLost) {
         return Fail(cause::LineLost, u"ライタとの接続が切れました: %1"_s.arg(PortName()));
     }
-    const Failure failure = chip_.FirstFailure();
-    const bool refused = failure == Failure::Refused;
+    if (OpenFailed()) {
+        return FailOpening();
+    }
+    const bool refused = failure == Outcome::WrongReply;
     const Cause why = refused ? cause::CommandRefused : cause::WriterSilent;
-    if (!detection_.found) {
+    if (!detection_) {
         return Fail(why, u"ライタが見つかりません: %1"_s.arg(PortName()));
     }
-    if (failure != Failure::None) {
+    if (failure) {
         return Fail(
             why,
             (refused ? u"ライタがコマンドを拒否しました。"_s : u"ライタが応答しません。"_s) + text);
     }
-    return InOrder([&] { return reading_.passed ? int{kDone} : FailReading(); },
+    return InOrder([&] { return reading_.Passed() ? int{kDone} : FailReading(); },
                    [&] { return Fail(cause, text); });
 }
 
 int Session::ReadMemories(Memories memories, MemoryImages& images) {
-    const bool read = tolvex::ReadMemories(chip_, person_, Device(), memories, images);
+    const bool read = tolvex::ReadMemories(bench_.chip, memories, images);
     return Judge(read, cause::WriterSilent, u"チップを読めません。"_s);
 }
 
-int Session::JudgeDifferences(const QList<VerifyResult::Difference>& differences) {
+int Session::JudgeDifferences(const QList<Difference>& differences) {
     QJsonArray array;
     for (const auto& [flash, address, expected, chip] : differences) {
         const auto hex = flash ? HexWord4 : HexByte;

@@ -5,52 +5,41 @@
 #include <functional>
 #include <optional>
 
-#include "base/event_clock.h"
+#include "cli/traced_port.h"
 
 namespace tolvex {
 
 /// The clock of a run that a signal can end, also in the middle of a wait: the reply under way gets
-/// a moment more, because nobody knows what the board has done without it; then nothing waits.
+/// a grace period, because nobody knows what the board has done without it; then nothing waits.
 class StoppableClock : public EventClock {
   public:
-    /// `clock` is borrowed. `signal`: the number of the signal that has come; 0 = none.
-    StoppableClock(EventClock& clock, std::function<int()> signal)
-        : clock_(clock), signal_(std::move(signal)) {}
+    /// Clock and port are borrowed; the port records after each wait what has arrived. `signal`:
+    /// the number of the signal that has come; 0 = none.
+    StoppableClock(EventClock& clock, TracedPort& port, std::function<int()> signal)
+        : clock_(clock), port_(port), signal_(std::move(signal)) {}
 
-    /// The signal that asks to stop; 0 = none.
-    int StopAsked() const {
-        const int signal = signal_();
-        if (signal != 0 && !end_) {
-            end_ = clock_.Now() + kMoment;
-        }
-        return signal;
-    }
-    /// What still has to be said to the board gets a moment, whatever is asked, and no longer.
-    void AllowFarewell() { end_ = clock_.Now() + kMoment; }
+    /// What still has to be said to the board gets a grace period from now on, signal or not.
+    void AllowShutdownCommands() { end_ = clock_.Now() + kGracePeriod; }
 
     Instant Now() const override { return clock_.Now(); }
     void Yield(Instant deadline) override {
-        clock_.Yield(std::min(deadline, clock_.Now() + kGlance));
+        clock_.Yield(std::min(deadline, clock_.Now() + kPollInterval));
+        port_.Fetch();
+        if (!end_ && signal_() != 0) {
+            end_ = clock_.Now() + kGracePeriod;
+        }
     }
-    bool Ended() const override {
-        const bool asked = StopAsked() != 0;
-        const bool over = end_ && clock_.Now() >= *end_;
-        cut_ = cut_ || (asked && over);
-        return clock_.Ended() || over;
-    }
-    /// A signal has ended a wait.
-    bool Cut() const { return cut_; }
+    bool Ended() const override { return clock_.Ended() || (end_ && clock_.Now() >= *end_); }
     void End() override { clock_.End(); }
 
   private:
-    static constexpr Instant kMoment = std::chrono::milliseconds(250);
-    static constexpr Instant kGlance =
-        std::chrono::milliseconds(50);  ///< between looks at a signal
+    static constexpr Instant kGracePeriod = std::chrono::milliseconds(250);
+    static constexpr Instant kPollInterval = std::chrono::milliseconds(50);  ///< of the signal
 
     EventClock& clock_;
+    TracedPort& port_;
     std::function<int()> signal_;
-    mutable std::optional<Instant> end_;
-    mutable bool cut_ = false;
+    std::optional<Instant> end_ = {};
 };
 
 }  // namespace tolvex

@@ -42,9 +42,13 @@ QString PartNumber(const QString& catalogueName) {
     return catalogueName.left(end - catalogueName.begin());
 }
 
-QString PartOf(const std::array<std::uint8_t, 3>& signature) {
-    const auto row = std::ranges::find(Catalogue(), signature, &DeviceRecord::signature);
-    return row == Catalogue().end() ? QString() : PartNumber(row->name);
+std::optional<QString> PartOf(const Signature& signature) {
+    for (const DeviceRecord& record : Catalogue()) {
+        if (record.signature == signature) {
+            return PartNumber(record.name);
+        }
+    }
+    return std::nullopt;
 }
 
 std::optional<int> FindDevice(const QString& text) {
@@ -56,6 +60,41 @@ std::optional<int> FindDevice(const QString& text) {
         }
     }
     return std::nullopt;
+}
+
+std::span<const OptionRow> OptionRows() {
+    static const OptionRow kRows[] = {
+        {OptionList::FSTRT, u"FSTRT"_s, {u"Enable"_s, u"Disable"_s}, 1},
+        {OptionList::RCEN, u"RCEN"_s, {u"Enable"_s, u"Disable"_s}, 0},
+        {OptionList::BODLEVEL, u"BODLEVEL"_s, {u"4.0V"_s, u"2.7V"_s}, 1},
+        {OptionList::BODEN, u"BODEN"_s, {u"Enable"_s, u"Disable"_s}, 1},
+        {OptionList::CKSEL,
+         u"CKSEL"_s,
+         {u"4ms + 6 CK"_s, u"6 CK"_s, u"64ms + 16K CK"_s, u"4ms + 16K CK"_s, u"16K CK"_s,
+          u"64ms + 1K CK"_s, u"4ms + 1K CK"_s, u"1K CK"_s},
+         2},
+        {OptionList::LockBit,
+         u"LOCK"_s,
+         {u"書込み & ベリファイ 禁止"_s, u"書込み禁止"_s, u"プロテクトなし"_s},
+         2},
+    };
+    return kRows;
+}
+
+bool HasOption(FuseGroup group, OptionList list) {
+    switch (list) {
+        case OptionList::LockBit:
+            return true;
+        case OptionList::FSTRT:
+            return group == FuseGroup::FSTRT;
+        case OptionList::RCEN:
+            return group == FuseGroup::RCEN;
+        case OptionList::BODLEVEL:
+        case OptionList::BODEN:
+        case OptionList::CKSEL:
+            return group == FuseGroup::BOD_CKSEL;
+    }
+    return false;
 }
 
 }  // namespace tolvex

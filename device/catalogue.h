@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QStringList>
 #include <optional>
 #include <span>
 
-#include "base/device_record.h"
+#include "base/chip_data.h"
 
 namespace tolvex {
 
@@ -15,9 +16,22 @@ std::span<const DeviceRecord> Catalogue();
 int FlashWordsOfSizeCode(std::uint8_t sizeCode);
 /// "AT90S1200A" out of a catalogue name: what can be typed on any keyboard.
 QString PartNumber(const QString& catalogueName);
-/// The part whose signature this is, in the writer's order; empty for none of the catalogue's.
-QString PartOf(const std::array<std::uint8_t, 3>& signature);
+/// The part number of the chip with this signature; nothing when the catalogue has none.
+std::optional<QString> PartOf(const Signature& signature);
 /// The entry of the device list that `text` names, whole or by its part number, in either case.
 std::optional<int> FindDevice(const QString& text);
+
+/// A list of the lock and fuse area.
+struct OptionRow {
+    OptionList list;
+    QString name;         ///< "CKSEL": what the data sheets call it
+    QStringList entries;  ///< as the settings window shows them
+    int preset;  ///< selected at start-up, and when a device that has the option is selected
+};
+
+/// The six lists, in the order of `OptionList`.
+std::span<const OptionRow> OptionRows();
+/// Every chip has the lock list, the others belong to a fuse group.
+bool HasOption(FuseGroup group, OptionList list);
 
 }  // namespace tolvex

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "device/device_check.h"
-
-#include "device/catalogue.h"
+#include "device/device.h"
 
 namespace tolvex {
 
@@ -10,42 +8,21 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kAttempts = 5;
+/// What a chip counts as whose size code is unknown.
 constexpr int kFlashWordsOfUnknown = 512;
-constexpr std::uint8_t kHighestProtectedCode = 0x02;
+constexpr std::uint8_t kHighestLockedCode = 0x02;
 constexpr std::uint8_t kEmptySocketCode = 0xFF;
-constexpr int kLockEntryUnprotected = 2;
+constexpr int kLockEntryUnlocked = 2;
 
-}  // namespace
-
-ChipReading DeviceCheck::CheckDevice() {
-    writer_.EnterProgrammingMode(flag_);
-    waiting_.WaitSeconds(1);
-    ChipReading reading = CheckSignature();
-    writer_.LeaveProgrammingMode(flag_);
-    reading.passed = !flag_.Failed();
-    return reading;
-}
-
-ChipReading DeviceCheck::CheckSignature() {
-    ChipReading reading;
-    person_.status.SetStatusText(kSignaturePanel, u"--:--:--"_s);
-    const int flashWords = ReadSignature(reading);
-    if (flashWords != 0) {
-        reading.verdict = Judge(reading.signature[1], flashWords);
-    }
-    reading.passed = !flag_.Failed();
-    return reading;
-}
-
-/// Asks again while the size code is unknown, since a chip that has just entered programming mode
-/// may need a moment. After a time-out, which the command has reported, nothing is judged.
-int DeviceCheck::ReadSignature(ChipReading& reading) {
-    auto& signature = reading.signature;
+/// The chip's Flash size. Asks again while the size code is unknown, since a chip that has just
+/// entered programming mode may need a moment. Nothing after a time-out, which the command has
+/// reported.
+std::optional<int> ReadFlashWords(const ChipContext& context, Signature& signature) {
     for (int attempt = 0; attempt < kAttempts; ++attempt) {
-        if (!writer_.ReadSignature(signature, flag_)) {
-            return 0;
+        if (context.commands.ReadSignature(signature) != Outcome::Ok) {
+            return std::nullopt;
         }
-        person_.status.SetStatusText(
+        context.ui.SetStatusText(
             kSignaturePanel,
             HexByte(signature[2]) + u':' + HexByte(signature[1]) + u':' + HexByte(signature[0]));
         if (const int words = FlashWordsOfSizeCode(signature[1]); words != 0) {
@@ -55,31 +32,57 @@ int DeviceCheck::ReadSignature(ChipReading& reading) {
     return kFlashWordsOfUnknown;
 }
 
-ChipVerdict DeviceCheck::Judge(std::uint8_t sizeCode, int flashWords) {
-    if (sizeCode <= kHighestProtectedCode) {
-        person_.panel.SelectOption(OptionList::LockBit, kLockEntryUnprotected);
-        return Reject(ChipVerdict::Protected,
+ChipVerdict Reject(const ChipContext& context, ChipVerdict verdict, const QString& message) {
+    context.state.errorFlag.Set();
+    context.ui.ShowMessage(MessageKind::Failure, message);
+    return verdict;
+}
+
+ChipVerdict Judge(const ChipContext& context, std::uint8_t sizeCode, int flashWords) {
+    if (sizeCode <= kHighestLockedCode) {
+        context.state.options[OptionList::LockBit] = kLockEntryUnlocked;
+        context.ui.ShowSettings();
+        return Reject(context, ChipVerdict::Locked,
                       u"デバイスがプロテクトされています。\r\n"
                       "チップイレース(<消 Erase>ボタン)を実行してください。"_s);
     }
     if (sizeCode == kEmptySocketCode) {
-        return Reject(ChipVerdict::EmptySocket, u"デバイスが、ソケットにセットされていません。"_s);
+        return Reject(context, ChipVerdict::EmptySocket,
+                      u"デバイスが、ソケットにセットされていません。"_s);
     }
-    if (flashWords != device_.flashWords) {
-        return Reject(
-            ChipVerdict::Mismatch,
-            u"デバイス選択と、ソケット上のデバイスが一致しません。\r\n"
-            "購入直後のデバイスを使用する場合は、チップイレース(<消 Erase>ボタン)を実行してください。"_s);
+    if (flashWords == context.state.device.flashWords) {
+        return ChipVerdict::Accepted;
     }
-    return ChipVerdict::Accepted;
+    const QString mismatch =
+        u"デバイス選択と、ソケット上のデバイスが一致しません。\r\n"
+        "購入直後のデバイスを使用する場合は、チップイレース(<消 Erase>ボタン)を実行してください。"_s;
+    if (context.tolerateMismatch) {
+        context.ui.ShowMessage(MessageKind::Result, mismatch);
+        return ChipVerdict::Tolerated;
+    }
+    return Reject(context, ChipVerdict::Mismatch, mismatch);
 }
 
-ChipVerdict DeviceCheck::Reject(ChipVerdict verdict, const QString& message) {
-    if (!tolerant_ || verdict != ChipVerdict::Mismatch) {
-        flag_.Set();
+}  // namespace
+
+ChipReading CheckSignature(const ChipContext& context) {
+    ChipReading reading;
+    context.ui.SetStatusText(kSignaturePanel, u"--:--:--"_s);
+    if (const auto flashWords = ReadFlashWords(context, reading.signature)) {
+        reading.verdict = Judge(context, reading.signature[1], *flashWords);
     }
-    person_.dialog.ShowMessage(MessageMode::Message, message);
-    return verdict;
+    return reading;
+}
+
+ChipReading CheckDevice(const ChipContext& context) {
+    const Outcome entered = context.commands.EnterProgrammingMode();
+    context.connection.WaitSeconds(1);
+    ChipReading reading = CheckSignature(context);
+    const Outcome left = context.commands.LeaveProgrammingMode();
+    if (reading.Passed() && (entered != Outcome::Ok || left != Outcome::Ok)) {
+        reading.verdict = ChipVerdict::CommandFailed;
+    }
+    return reading;
 }
 
 }  // namespace tolvex

@@ -2,7 +2,7 @@
 #include "device/frmMsg.h"
 
 #include <QAccessible>
-#include <QCloseEvent>
+#include <QEvent>
 
 #include "widgets/fonts.h"
 #include "widgets/twips.h"
@@ -20,9 +20,10 @@ QRect Place(int left, int top, int width, int height) {
 
 }  // namespace
 
-frmMsg::frmMsg(QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
-                          Qt::WindowStaysOnTopHint),
+frmMsg::frmMsg(QWidget* owner, Placement placement)
+    : QDialog(owner, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
+                         Qt::WindowStaysOnTopHint),
+      placement_(std::move(placement)),
       txtMsg_(new FittedLabel(u"メッセージ"_s, this)),
       cmdOkm_(new QPushButton(u"OK"_s, this)),
       progBar_(new QProgressBar(this)) {
@@ -38,26 +39,35 @@ frmMsg::frmMsg(QWidget* parent)
     cmdOkm_->setAccessibleName(u"OK"_s);
     cmdOkm_->setDefault(true);
     cmdOkm_->setGeometry(Place(2355, 945, 1275, 330));
-    cmdOkm_->hide();
     progBar_->setObjectName(u"ProgBar"_s);
     progBar_->setAccessibleName(u"進行状況"_s);
     progBar_->setTextVisible(false);
     progBar_->setGeometry(Place(180, 1080, 5280, 210));
-    progBar_->hide();
-    connect(cmdOkm_, &QPushButton::clicked, this, &QWidget::close);
-    if (parent != nullptr) {
-        parent->installEventFilter(this);
+    connect(cmdOkm_, &QPushButton::clicked, this, &QDialog::accept);
+    owner->installEventFilter(this);
+}
+
+void frmMsg::Open() {
+    if (!open_) {
+        open_ = true;
+        unfinished_ = false;
+        cmdOkm_->hide();
+        progBar_->hide();
+        txtMsg_->ShowText({});
+        setWindowState(Qt::WindowNoState);
+        move(placement_(size()));
     }
 }
 
-void frmMsg::ShowMessage(MessageMode mode, const QString& text) {
-    const bool message = mode == MessageMode::Message;
+void frmMsg::ShowMessage(MessageKind kind, const QString& text) {
+    Open();
+    const bool message = kind != MessageKind::Progress;
     cmdOkm_->setVisible(message);
-    progress_.visible = progress_.visible && !message;
+    unfinished_ = unfinished_ && !message;
     ShowBar();
     txtMsg_->ShowText(text);
     Announce();
-    // A progress display must not take the keyboard from whatever the person is doing.
+    // A progress display must not take the keyboard from whatever the user is doing.
     setAttribute(Qt::WA_ShowWithoutActivating, !message);
     waiting_ = !message && OwnerIsMinimized();
     if (message) {
@@ -80,10 +90,6 @@ void frmMsg::Announce() {
     QAccessible::updateAccessibility(&event);
 }
 
-bool frmMsg::OwnerIsMinimized() const {
-    return parentWidget() != nullptr && parentWidget()->isMinimized();
-}
-
 /// The progress of what runs in a minimised program shows when its window comes back.
 bool frmMsg::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::WindowStateChange && waiting_ && !OwnerIsMinimized()) {
@@ -94,32 +100,31 @@ bool frmMsg::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmMsg::SetProgress(bool on, double minimum, double value, double maximum) {
-    progress_.Set(on, minimum, value, maximum);
+    Open();
+    unfinished_ = on && value != maximum;
     if (on) {
-        progBar_->setRange(static_cast<int>(progress_.minimum),
-                           static_cast<int>(progress_.maximum));
-        progBar_->setValue(static_cast<int>(progress_.value));
+        const bool oneStep = maximum == 0;  // stands at 1 of 1
+        progBar_->setRange(static_cast<int>(minimum), oneStep ? 1 : static_cast<int>(maximum));
+        progBar_->setValue(oneStep ? 1 : static_cast<int>(value));
     }
     ShowBar();
 }
 
 /// The OK button and the bar share the lower band.
 void frmMsg::ShowBar() {
-    progBar_->setVisible(progress_.visible && !HasButton());
+    progBar_->setVisible(unfinished_ && !HasButton());
 }
 
 void frmMsg::reject() {
-    if (MayClose()) {
+    if (HasButton() || !busy_) {
         QDialog::reject();
     }
 }
 
-void frmMsg::closeEvent(QCloseEvent* event) {
-    if (MayClose()) {
-        QDialog::closeEvent(event);
-    } else {
-        event->ignore();
-    }
+void frmMsg::done(int result) {
+    open_ = false;
+    waiting_ = false;
+    QDialog::done(result);
 }
 
 }  // namespace tolvex

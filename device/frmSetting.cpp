@@ -2,8 +2,10 @@
 #include "device/frmSetting.h"
 
 #include <QGridLayout>
+#include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include "device/catalogue.h"
 #include "widgets/controls.h"
 #include "widgets/fonts.h"
 
@@ -19,7 +21,9 @@ constexpr int kRowHeight = 19;
 constexpr int kButtonHeight = 21;
 constexpr int kGap = 2;
 
-DropDown* NewList(const QString& name, const QString& spoken, QWidget* parent) {
+/// With no entry selected.
+DropDown* NewList(const QString& name, const QString& spoken, const QStringList& entries,
+                  QWidget* parent) {
     auto* list = new DropDown(parent);
     list->setObjectName(name);
     list->setAccessibleName(spoken);
@@ -27,6 +31,8 @@ DropDown* NewList(const QString& name, const QString& spoken, QWidget* parent) {
     // The designed width is tight; an entry that is longer than the box must not widen the window.
     list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     list->setMinimumContentsLength(6);
+    list->addItems(entries);
+    list->setCurrentIndex(-1);
     return list;
 }
 
@@ -44,18 +50,32 @@ frmSetting::frmSetting(QWidget* parent) : QWidget(parent), column_(new QVBoxLayo
 
     setFocusProxy(comboDevice_);
 
-    // Only a choice by the person counts; what the program selects itself does not call back.
     connect(comboDevice_, &QComboBox::activated, this, &frmSetting::DeviceChosen);
     connect(cmdFuseRead_, &QPushButton::clicked, this, &frmSetting::FuseReadClicked);
     connect(cmdFuseWrite_, &QPushButton::clicked, this, &frmSetting::FuseWriteClicked);
 }
 
+QComboBox* frmSetting::AddOptionList(OptionList option, const QString& name, const QString& spoken,
+                                     QWidget* parent) {
+    const OptionRow& row = OptionRows()[static_cast<std::size_t>(option)];
+    QComboBox* list = NewList(u"Combo_"_s + name, spoken, row.entries, parent);
+    connect(list, &QComboBox::currentIndexChanged, this,
+            [this, option](int entry) { Q_EMIT OptionChosen(option, entry); });
+    options_[option] = list;
+    return list;
+}
+
 Frame* frmSetting::BuildDeviceFrame() {
+    QStringList names;
+    for (const DeviceRecord& record : Catalogue()) {
+        names << record.name;
+    }
     Frame* frame = new Frame(u"Frame1"_s, u"デバイス選択"_s, this);
     auto* column = new QVBoxLayout(frame);
     column->setContentsMargins(kFrameMargins);
     column->setSpacing(kGap);
-    comboDevice_ = NewList(u"Combo_device"_s, u"デバイス選択"_s, frame);
+    comboDevice_ = NewList(u"Combo_device"_s, u"デバイス選択"_s, names, frame);
+    comboDevice_->setMaxVisibleItems(comboDevice_->count());
     label3_ = new QLabel(u"Programメモリサイズ : --- word"_s, frame);
     label3_->setObjectName(u"Label3"_s);
     label4_ = new QLabel(u"EEPROM メモリサイズ : --- byte"_s, frame);
@@ -81,15 +101,15 @@ Frame* frmSetting::BuildLockFuseFrame() {
 Frame* frmSetting::BuildFuseFrame() {
     struct FuseRow {
         OptionList option;
-        const char* name;
+        QString name;
         QString caption;
     };
     const FuseRow rows[] = {
-        {OptionList::FSTRT, "FSTRT", u"FSTRT"_s},
-        {OptionList::RCEN, "RCEN", u"RCEN"_s},
-        {OptionList::BODLEVEL, "BODLEVEL", u"BOD LEVEL"_s},
-        {OptionList::BODEN, "BODEN", u"BOD ENABLE"_s},
-        {OptionList::CKSEL, "CKSEL", u"Reset Delay"_s},
+        {OptionList::FSTRT, u"FSTRT"_s, u"FSTRT"_s},
+        {OptionList::RCEN, u"RCEN"_s, u"RCEN"_s},
+        {OptionList::BODLEVEL, u"BODLEVEL"_s, u"BOD LEVEL"_s},
+        {OptionList::BODEN, u"BODEN"_s, u"BOD ENABLE"_s},
+        {OptionList::CKSEL, u"CKSEL"_s, u"Reset Delay"_s},
     };
     Frame* frame = new Frame(u"Frame2"_s, u"Fuse"_s, this);
     auto* grid = new QGridLayout(frame);
@@ -100,13 +120,13 @@ Frame* frmSetting::BuildFuseFrame() {
     int line = 0;
     for (const FuseRow& row : rows) {
         auto* label = new QLabel(row.caption, frame);
-        label->setObjectName(u"Lbl_"_s + QString::fromLatin1(row.name));
-        DropDown* list = NewList(u"Combo_"_s + QString::fromLatin1(row.name), row.caption, frame);
+        label->setObjectName(u"Lbl_"_s + row.name);
+        QComboBox* list = AddOptionList(row.option, row.name, row.caption, frame);
         label->setBuddy(list);
         grid->addWidget(label, line, 0);
         grid->addWidget(list, line, 1);
         grid->setRowMinimumHeight(line++, kRowHeight);  // a hidden list leaves its row in place
-        options_[row.option] = {label, list};
+        fuseLabels_[row.option] = label;
     }
     return frame;
 }
@@ -115,9 +135,7 @@ Frame* frmSetting::BuildLockFrame() {
     Frame* frame = new Frame(u"Frame3"_s, u"Lock"_s, this);
     auto* column = new QVBoxLayout(frame);
     column->setContentsMargins(kFrameMargins);
-    DropDown* list = NewList(u"Combo_LockBit"_s, u"Lock"_s, frame);
-    column->addWidget(list);
-    options_[OptionList::LockBit] = {nullptr, list};
+    column->addWidget(AddOptionList(OptionList::LockBit, u"LockBit"_s, u"Lock"_s, frame));
     return frame;
 }
 
@@ -139,52 +157,22 @@ void frmSetting::PlacePatchFrame(QWidget* frame) {
     frame->hide();
 }
 
-void frmSetting::FillOptions(OptionList list, const QStringList& entries) {
-    QComboBox* box = options_[list].list;
-    box->clear();
-    box->addItems(entries);
-    box->setCurrentIndex(-1);
-}
-
-int frmSetting::SelectedOption(OptionList list) const {
-    return options_[list].list->currentIndex();
-}
-
-void frmSetting::SelectOption(OptionList list, int entry) {
-    options_[list].list->setCurrentIndex(entry);
-}
-
-void frmSetting::ShowOption(OptionList list, bool on) {
-    const OptionControls& controls = options_[list];
-    controls.list->setVisible(on);
-    if (controls.label != nullptr) {
-        controls.label->setEnabled(on);
+void frmSetting::ShowState(const ProgramState& state) {
+    const CurrentDevice& device = state.device;
+    for (const auto& [option, list] : options_.asKeyValueRange()) {
+        const QSignalBlocker blocker(list);
+        list->setCurrentIndex(state.options[option]);
+        const bool on = HasOption(device.fuseGroup, option);
+        list->setVisible(on);
+        if (QLabel* label = fuseLabels_.value(option)) {
+            label->setEnabled(on);
+        }
     }
-}
-
-void frmSetting::EnableFuseRead(bool enabled) {
-    cmdFuseRead_->setEnabled(enabled);
-}
-
-void frmSetting::FillDevices(const QStringList& names) {
-    comboDevice_->clear();
-    comboDevice_->addItems(names);
-    comboDevice_->setMaxVisibleItems(static_cast<int>(names.size()));
-}
-
-void frmSetting::MarkDevice(int index) {
-    comboDevice_->setCurrentIndex(index);
-}
-
-void frmSetting::ShowSizes(const QString& flash, const QString& eeprom) {
-    label3_->setText(flash);
-    label4_->setText(eeprom);
-}
-
-void frmSetting::ShowPatchPanel() {
-    if (patchFrame_ != nullptr) {
-        patchFrame_->show();
-    }
+    // Chips without fuses can't be asked for their lock bits either.
+    cmdFuseRead_->setEnabled(device.fuseGroup != FuseGroup::LockOnly);
+    comboDevice_->setCurrentIndex(comboDevice_->findText(device.name));
+    label3_->setText(u"Programメモリサイズ : %1 word"_s.arg(device.flashWords));
+    label4_->setText(u"EEPROM メモリサイズ : %1 byte"_s.arg(device.eepromBytes));
 }
 
 }  // namespace tolvex

@@ -7,7 +7,7 @@
 #include <QPushButton>
 #include <QWidget>
 
-#include "base/setting_panel.h"
+#include "base/program_state.h"
 #include "widgets/controls.h"
 
 class QGridLayout;
@@ -18,7 +18,7 @@ namespace tolvex {
 /// The settings window: device choice, lock and fuse bits, and a place for the panel that patches
 /// single cells. Disabled as a whole while an operation runs, because everything in it would change
 /// what the operation works on.
-class frmSetting : public QWidget, public SettingPanel {
+class frmSetting : public QWidget {
     Q_OBJECT
 
   public:
@@ -27,27 +27,21 @@ class frmSetting : public QWidget, public SettingPanel {
     /// Takes ownership; the frame goes below the others and stays hidden until there is a device.
     void PlacePatchFrame(QWidget* frame);
 
-    void FillOptions(OptionList list, const QStringList& entries) override;
-    int SelectedOption(OptionList list) const override;
-    void SelectOption(OptionList list, int entry) override;
-    void ShowOption(OptionList list, bool on) override;
-    void EnableFuseRead(bool enabled) override;
-    void FillDevices(const QStringList& names) override;
-    void MarkDevice(int index) override;
-    void ShowSizes(const QString& flash, const QString& eeprom) override;
-    void ShowPatchPanel() override;
+    /// The lists show the selected device and the chosen options; no signal comes of it.
+    void ShowState(const ProgramState& state);
+    void ShowPatchPanel() { patchFrame_->show(); }
 
   Q_SIGNALS:
+    // The user chose an entry. An option comes even from a disabled window when an assistive tool
+    // changes the list behind its back.
     void DeviceChosen(int index);
+    void OptionChosen(OptionList list, int entry);
     void FuseReadClicked();
     void FuseWriteClicked();
 
   private:
-    struct OptionControls {
-        QLabel* label;  ///< null for the lock list, whose frame names it
-        QComboBox* list;
-    };
-
+    QComboBox* AddOptionList(OptionList option, const QString& name, const QString& spoken,
+                             QWidget* parent);
     Frame* BuildDeviceFrame();
     Frame* BuildLockFuseFrame();
     Frame* BuildFuseFrame();
@@ -59,7 +53,8 @@ class frmSetting : public QWidget, public SettingPanel {
     QComboBox* comboDevice_;
     QLabel* label3_;
     QLabel* label4_;
-    QMap<OptionList, OptionControls> options_;
+    QMap<OptionList, QComboBox*> options_;
+    QMap<OptionList, QLabel*> fuseLabels_;
     QPushButton* cmdFuseRead_;
     QPushButton* cmdFuseWrite_;
     QWidget* patchFrame_ = nullptr;

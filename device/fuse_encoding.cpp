@@ -54,34 +54,34 @@ std::uint8_t EncodeLock(int entry) {
     return known ? kLockRows[entry].written : kUnlocked;
 }
 
-std::optional<std::uint8_t> EncodeFuses(FuseGroup group, const SettingPanel& lists) {
+std::optional<std::uint8_t> EncodeFuses(FuseGroup group, const OptionChoice& options) {
     if (group == FuseGroup::LockOnly) {
         return std::nullopt;
     }
     int byte = FixedFuseBits(group);
     for (const FuseField& field : kFuseFields) {
         if (field.group == group) {
-            byte |= (lists.SelectedOption(field.list) & field.mask) << field.shift;
+            byte |= (options[field.list] & field.mask) << field.shift;
         }
     }
     return static_cast<std::uint8_t>(byte);
 }
 
-void DecodeFuses(FuseGroup group, std::uint8_t byte, SettingPanel& lists) {
+void DecodeFuses(FuseGroup group, std::uint8_t byte, OptionChoice& options) {
     for (const FuseField& field : kFuseFields) {
         if (field.group == group) {
-            lists.SelectOption(field.list, (byte >> field.shift) & field.mask);
+            options[field.list] = (byte >> field.shift) & field.mask;
         }
     }
 }
 
-void DecodeLock(FuseGroup group, std::uint8_t byte, SettingPanel& lists) {
+void DecodeLock(FuseGroup group, std::uint8_t byte, OptionChoice& options) {
     const bool low = group == FuseGroup::BOD_CKSEL;
     const int bits = byte & (low ? kLowLockMask : kHighLockMask);
     const auto row =
         std::ranges::find(kLockRows, bits, low ? &LockRow::lowBits : &LockRow::highBits);
     if (row != std::end(kLockRows)) {
-        lists.SelectOption(OptionList::LockBit, static_cast<int>(row - std::begin(kLockRows)));
+        options[OptionList::LockBit] = static_cast<int>(row - std::begin(kLockRows));
     }
 }
 

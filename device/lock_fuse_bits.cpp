@@ -1,121 +1,131 @@
 // SPDX-License-Identifier: MIT
-#include "device/lock_fuse_bits.h"
-
+// The two buttons of the lock and fuse area.
+#include "device/device.h"
 #include "device/fuse_encoding.h"
 
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
-LockFuseResult LockFuseBits::cmdFuseRead_Click() {
-    LockFuseResult result;
-    result.detection = detection_.WriterCheck();
-    if (!result.detection) {
-        return result;
+namespace {
+
+using ReadCommand = Outcome (WriterCommands::*)(std::uint8_t&);
+using WriteCommand = Outcome (WriterCommands::*)(std::uint8_t);
+
+/// One command between entering and leaving programming mode. What the chip gave, when all three
+/// succeeded.
+std::optional<std::uint8_t> ReadByte(const ChipContext& context, ReadCommand command,
+                                     std::uint8_t& byte) {
+    const Outcome outcomes[] = {context.commands.EnterProgrammingMode(),
+                                (context.commands.*command)(byte),
+                                context.commands.LeaveProgrammingMode()};
+    for (const Outcome outcome : outcomes) {
+        if (outcome != Outcome::Ok) {
+            return std::nullopt;
+        }
     }
-    person_.dialog.ShowMessage(MessageMode::Progress, u"Lock/Fuse bit リード中..."_s);
-    flag_.Clear();
-    result.chip = check_.CheckDevice();
-    if (flag_.Failed()) {
-        person_.dialog.ShowMessage(MessageMode::Message,
-                                   u"設定デバイスと、ソケット上のデバイスがミスマッチです。"_s);
-        return result;
-    }
-    flag_.Clear();
-    if (device_.name.isEmpty()) {
-        return result;
-    }
-    ReadLists(result);
-    result.done = !flag_.Failed();
-    Tell(result.done, u"Lock/Fuse bit リードが完了しました。"_s,
-         u"Lock/Fuse bit リードに失敗しました。"_s);
-    return result;
+    return byte;
 }
 
-void LockFuseBits::ReadLists(LockFuseResult& result) {
-    const FuseGroup group = device_.fuseGroup;
+void WriteByte(const ChipContext& context, WriteCommand command, std::uint8_t byte) {
+    context.commands.EnterProgrammingMode();
+    (context.commands.*command)(byte);
+    context.commands.LeaveProgrammingMode();
+}
+
+void ReadOptions(const ChipContext& context, LockFuseResult& result) {
+    const FuseGroup group = context.state.device.fuseGroup;
+    OptionChoice& options = context.state.options;
+    LockFuseBytes& bytes = context.state.lockFuseBytes;
     switch (group) {
         case FuseGroup::LockOnly:
             break;
         case FuseGroup::FSTRT:
         case FuseGroup::RCEN:
-            result.lockByte = ReadByte(&WriterCommands::ReadLockFuseBits, lockFuseByte_);
-            DecodeFuses(group, lockFuseByte_, person_.panel);
-            DecodeLock(group, lockFuseByte_, person_.panel);
+            result.lockByte = ReadByte(context, &WriterCommands::ReadLockFuseBits, bytes.lockFuse);
+            DecodeFuses(group, bytes.lockFuse, options);
+            DecodeLock(group, bytes.lockFuse, options);
             break;
         case FuseGroup::BOD_CKSEL:
-            result.fuseByte = ReadByte(&WriterCommands::ReadFuseBits, fuseByte_);
-            DecodeFuses(group, fuseByte_, person_.panel);
-            result.lockByte = ReadByte(&WriterCommands::ReadLockFuseBits, lockByte_);
-            DecodeLock(group, lockByte_, person_.panel);
+            result.fuseByte = ReadByte(context, &WriterCommands::ReadFuseBits, bytes.fuse);
+            DecodeFuses(group, bytes.fuse, options);
+            context.ui.ShowSettings();
+            result.lockByte = ReadByte(context, &WriterCommands::ReadLockFuseBits, bytes.lock);
+            DecodeLock(group, bytes.lock, options);
             break;
     }
-}
-
-LockFuseResult LockFuseBits::cmdFuseWrite_Click() {
-    return Write({.fuses = true, .lock = true});
-}
-
-LockFuseResult LockFuseBits::WriteLock() {
-    return Write({.fuses = false, .lock = true});
-}
-
-LockFuseResult LockFuseBits::WriteFuses() {
-    return Write({.fuses = true, .lock = false});
-}
-
-LockFuseResult LockFuseBits::Write(Bits bits) {
-    LockFuseResult result;
-    result.detection = detection_.WriterCheck();
-    if (!result.detection) {
-        return result;
-    }
-    person_.dialog.ShowMessage(MessageMode::Progress, u"Lock/Fuse bit ライト中...."_s);
-    flag_.Clear();
-    result.chip = check_.CheckDevice();
-    if (flag_.Failed() || device_.name.isEmpty()) {
-        return result;
-    }
-    WriteLists(bits);
-    result.done = !flag_.Failed();
-    Tell(result.done, u"Lock/Fuse bit ライトが完了しました。"_s,
-         u"Lock/Fuse bit ライトに失敗しました。"_s);
-    return result;
+    context.ui.ShowSettings();
 }
 
 /// The fuses go first: once the lock bits are set, the chip refuses fuses.
-void LockFuseBits::WriteLists(Bits bits) {
-    const auto fuses = EncodeFuses(device_.fuseGroup, person_.panel);
-    if (bits.fuses && fuses) {
-        fuseByte_ = *fuses;
-        WriteByte(&WriterCommands::WriteFuseBits, fuseByte_);
+void WriteOptions(const ChipContext& context, LockFuseParts parts) {
+    const OptionChoice& options = context.state.options;
+    LockFuseBytes& bytes = context.state.lockFuseBytes;
+    const auto fuses = EncodeFuses(context.state.device.fuseGroup, options);
+    if (parts.fuses && fuses) {
+        bytes.fuse = *fuses;
+        WriteByte(context, &WriterCommands::WriteFuseBits, bytes.fuse);
     }
-    if (bits.lock) {
-        lockByte_ = EncodeLock(person_.panel.SelectedOption(OptionList::LockBit));
-        WriteByte(&WriterCommands::WriteLockBits, lockByte_);
+    if (parts.lock) {
+        bytes.lock = EncodeLock(options[OptionList::LockBit]);
+        WriteByte(context, &WriterCommands::WriteLockBits, bytes.lock);
     }
 }
 
-void LockFuseBits::Tell(bool done, const QString& success, const QString& failure) {
-    person_.dialog.ShowMessage(MessageMode::Message, done ? success : failure);
+/// Whether it succeeded.
+bool TellEnd(const ChipContext& context, const QString& success, const QString& failure) {
+    const bool done = !context.state.errorFlag.Failed();
+    context.ui.ShowMessage(done ? MessageKind::Result : MessageKind::Failure,
+                           done ? success : failure);
+    return done;
 }
 
-std::optional<std::uint8_t> LockFuseBits::ReadByte(ReadCommand command, std::uint8_t& byte) {
-    ErrorFlag own;
-    writer_.EnterProgrammingMode(own);
-    (writer_.*command)(byte, own);
-    writer_.LeaveProgrammingMode(own);
-    if (own.Failed()) {
-        flag_.Set();
-        return std::nullopt;
+}  // namespace
+
+LockFuseResult cmdFuseRead_Click(const ChipContext& context) {
+    LockFuseResult result;
+    result.detection = WriterCheck(context);
+    if (!result.detection) {
+        return result;
     }
-    return byte;
+    context.ui.ShowMessage(MessageKind::Progress, u"Lock/Fuse bit リード中..."_s);
+    context.state.errorFlag.Clear();
+    result.chip = CheckDevice(context);
+    if (!result.chip.Passed()) {
+        context.ui.ShowMessage(MessageKind::Failure,
+                               u"設定デバイスと、ソケット上のデバイスがミスマッチです。"_s);
+        return result;
+    }
+    context.state.errorFlag.Clear();
+    if (context.state.device.name.isEmpty()) {
+        return result;
+    }
+    ReadOptions(context, result);
+    result.done = TellEnd(context, u"Lock/Fuse bit リードが完了しました。"_s,
+                          u"Lock/Fuse bit リードに失敗しました。"_s);
+    return result;
 }
 
-void LockFuseBits::WriteByte(WriteCommand command, std::uint8_t byte) {
-    writer_.EnterProgrammingMode(flag_);
-    (writer_.*command)(byte, flag_);
-    writer_.LeaveProgrammingMode(flag_);
+LockFuseResult cmdFuseWrite_Click(const ChipContext& context) {
+    return WriteLockFuse(context, {.fuses = true, .lock = true});
+}
+
+LockFuseResult WriteLockFuse(const ChipContext& context, LockFuseParts parts) {
+    LockFuseResult result;
+    result.detection = WriterCheck(context);
+    if (!result.detection) {
+        return result;
+    }
+    context.ui.ShowMessage(MessageKind::Progress, u"Lock/Fuse bit ライト中...."_s);
+    context.state.errorFlag.Clear();
+    result.chip = CheckDevice(context);
+    if (!result.chip.Passed() || context.state.device.name.isEmpty()) {
+        return result;
+    }
+    WriteOptions(context, parts);
+    result.done = TellEnd(context, u"Lock/Fuse bit ライトが完了しました。"_s,
+                          u"Lock/Fuse bit ライトに失敗しました。"_s);
+    return result;
 }
 
 }  // namespace tolvex

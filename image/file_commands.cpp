@@ -3,9 +3,6 @@
 
 #include <QFileInfo>
 
-#include "base/settings_keys.h"
-#include "image/data_file_name.h"
-
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -55,8 +52,8 @@ void FileCommands::mnuFileOpenCode_Click() {
     }
     if (!HasCodeExtension(names_.CodeFileName)) {
         names_.CodeFileName.clear();
-        person_.dialogs.ShowBox(BoxIcon::Information, mainCaption_(),
-                                u"指定されたファイルを開くことができませんでした。"_s);
+        context_.ui.ShowBox(BoxIcon::Information, context_.ui.MainCaption(),
+                            u"指定されたファイルを開くことができませんでした。"_s);
         return;
     }
     if (OpenNamedCode()) {
@@ -97,9 +94,8 @@ void FileCommands::OpenDropped(const QStringList& paths) {
         }
     }
     if (code.size() > 1 || data.size() > 1) {
-        person_.dialog.ShowMessage(
-            MessageMode::Message,
-            u"コードファイルとデータファイルは1つずつドロップしてください。"_s);
+        context_.ui.ShowMessage(MessageKind::Failure,
+                                u"コードファイルとデータファイルは1つずつドロップしてください。"_s);
         return;
     }
     const QStringList chosen = code + data;
@@ -120,15 +116,16 @@ void FileCommands::OpenDropped(const QStringList& paths) {
 
 void FileCommands::mnuFileSave_Click() {
     if (names_.CodeFileName.isEmpty()) {
-        person_.dialog.ShowMessage(MessageMode::Message, u"ファイルがオープンされていません．"_s);
-        person_.status.SetStatusText(kMessagePanel, u"ファイルがオープンされていません"_s);
+        context_.ui.ShowMessage(MessageKind::Failure, u"ファイルがオープンされていません．"_s);
+        context_.ui.SetStatusText(kMessagePanel, u"ファイルがオープンされていません"_s,
+                                  MessageKind::Failure);
         return;
     }
     names_.CodeSaveName = names_.CodeFileName;
     names_.DataSaveName = names_.DataFileName;
     WriteCode();
     WriteData();
-    person_.status.SetStatusText(kMessagePanel, u"ファイルを保存しました．"_s);
+    context_.ui.SetStatusText(kMessagePanel, u"ファイルを保存しました．"_s, MessageKind::Result);
 }
 
 void FileCommands::mnuFileSaveAs_Click() {
@@ -161,8 +158,8 @@ void FileCommands::mnuFileSaveAsData_Click() {
 /// The path the dialog ended with: after a cancel that is its initial name.
 QString FileCommands::AskOpen(const OpenDialog& dialog) {
     const QString initialName = dialog.initialName.value_or(dialogPath_);
-    const FileDialogAnswer answer = person_.dialogs.AskOpenFile(
-        {dialog.title, settings_.GetSetting(QString::fromLatin1(keys::OpenDir), QString()),
+    const FileDialogAnswer answer = context_.ui.AskOpenFile(
+        {dialog.title, context_.settings.GetSetting(QString::fromLatin1(keys::OpenDir), QString()),
          dialog.filter, dialog.defaultSuffix, initialName});
     Remember(answer, initialName);
     return dialogPath_;
@@ -170,8 +167,8 @@ QString FileCommands::AskOpen(const OpenDialog& dialog) {
 
 void FileCommands::SaveAs(const SaveDialog& dialog) {
     const QString initialName = dialog.initialName.value_or(dialogPath_);
-    const FileDialogAnswer answer = person_.dialogs.AskSaveFile(
-        {dialog.title, settings_.GetSetting(QString::fromLatin1(keys::SaveDir), QString()),
+    const FileDialogAnswer answer = context_.ui.AskSaveFile(
+        {dialog.title, context_.settings.GetSetting(QString::fromLatin1(keys::SaveDir), QString()),
          dialog.filter, dialog.defaultSuffix, initialName});
     Remember(answer, initialName);
     if (!answer.accepted) {
@@ -184,8 +181,8 @@ void FileCommands::SaveAs(const SaveDialog& dialog) {
         names_.DataSaveName = DataFileNameFor(answer.path);
     }
     const bool replaces = FileExists(dialog.code ? names_.CodeSaveName : names_.DataSaveName);
-    if (replaces && !person_.dialogs.AskOkCancel(u"ファイル保存"_s,
-                                                 u"ファイルが存在します。上書きしますか？"_s)) {
+    if (replaces &&
+        !context_.ui.AskOkCancel(u"ファイル保存"_s, u"ファイルが存在します。上書きしますか？"_s)) {
         return;
     }
     if (!StoreDirectory(keys::SaveDir)) {
@@ -199,6 +196,10 @@ void FileCommands::SaveAs(const SaveDialog& dialog) {
     }
 }
 
+ReadProgress FileCommands::Progress() const {
+    return [this] { return context_.ui.ContinueReading(); };
+}
+
 void FileCommands::Remember(const FileDialogAnswer& answer, const QString& initialName) {
     dialogPath_ = answer.accepted ? answer.path : initialName;
     dialogBareName_ = answer.accepted ? answer.bareName : QFileInfo(initialName).fileName();
@@ -208,7 +209,7 @@ void FileCommands::Remember(const FileDialogAnswer& answer, const QString& initi
 bool FileCommands::StoreDirectory(const char* key) {
     const std::optional<QString> directory = DirectoryOf(dialogPath_, dialogBareName_);
     if (directory) {
-        settings_.SaveSetting(QString::fromLatin1(key), *directory);
+        context_.settings.SaveSetting(QString::fromLatin1(key), *directory);
     }
     return directory.has_value();
 }
@@ -232,66 +233,71 @@ void FileCommands::OpenNamedBoth() {
     QString& name = names_.CodeFileName;
     if (!name.isEmpty() && !FileExists(name)) {
         name.clear();
-        person_.windows.SetFlashCaption(u"Program : Not found HEX file"_s);
-        images_.ClearFlashImage();
-        if (!listings_.RefreshFlashListing()) {
+        context_.ui.SetFlashCaption(u"Program : Not found HEX file"_s);
+        context_.state.images.ClearFlashImage();
+        if (!context_.listings.RefreshFlashListing()) {
             return;
         }
     } else if (HasCodeExtension(name)) {
         if (OpenNamedCode() && StoreDirectory(keys::OpenDir) && OpenNamedData()) {
-            person_.status.SetStatusText(kMessagePanel, u"ファイルをオープンしました。"_s);
+            context_.ui.SetStatusText(kMessagePanel, u"ファイルをオープンしました。"_s,
+                                      MessageKind::Result);
         }
         return;
     }
     name.clear();
-    person_.dialog.ShowMessage(MessageMode::Message,
-                               u"指定されたファイルを開くことができませんでした。"_s);
+    context_.ui.ShowMessage(MessageKind::Failure,
+                            u"指定されたファイルを開くことができませんでした。"_s);
 }
 
 bool FileCommands::OpenNamedCode() {
     const QString& name = names_.CodeFileName;
-    person_.windows.SetFlashCaption(u"Program : "_s + name);
-    images_.ClearFlashImage();
-    return Continues(ReadCodeHex(name, images_.flash, flag_, breath_),
-                     u"HEX ファイルのオープンエラー"_s) &&
-           listings_.RefreshFlashListing();
+    context_.ui.SetFlashCaption(u"Program : "_s + name);
+    context_.state.images.ClearFlashImage();
+    return Continues(
+               ReadCodeHex(name, context_.state.images.flash, context_.state.errorFlag, Progress()),
+               u"HEX ファイルのオープンエラー"_s) &&
+           context_.listings.RefreshFlashListing();
 }
 
 bool FileCommands::OpenNamedData() {
     const QString& name = names_.DataFileName;
     const bool found = FileExists(name);
-    person_.windows.SetEepromCaption(found ? u"EEPROM : "_s + name
-                                           : u"EEPROM memory : Not found EEP file"_s);
-    images_.ClearEepromImage();
-    if (found && !Continues(ReadDataHex(name, images_.eeprom, flag_, breath_),
+    context_.ui.SetEepromCaption(found ? u"EEPROM : "_s + name
+                                       : u"EEPROM memory : Not found EEP file"_s);
+    context_.state.images.ClearEepromImage();
+    if (found && !Continues(ReadDataHex(name, context_.state.images.eeprom,
+                                        context_.state.errorFlag, Progress()),
                             u"EEP  ファイルのオープンエラー"_s)) {
         return false;
     }
-    return listings_.RefreshEepromListing();
+    return context_.listings.RefreshEepromListing();
 }
 
 /// A line without a colon is reported and the command goes on; any other failure ends it.
 bool FileCommands::Continues(HexReadResult result, const QString& noColonText) {
     if (result == HexReadResult::NoColon) {
-        person_.status.SetStatusText(kMessagePanel, noColonText);
+        context_.ui.SetStatusText(kMessagePanel, noColonText, MessageKind::Failure);
     }
     return result != HexReadResult::Failed;
 }
 
 void FileCommands::WriteCode() {
-    Report(WriteCodeHex(names_.CodeSaveName, images_.flash, device_.flashWords));
+    Report(WriteCodeHex(names_.CodeSaveName, context_.state.images.flash,
+                        context_.state.device.flashWords));
 }
 
 void FileCommands::WriteData() {
-    Report(WriteDataHex(names_.DataSaveName, images_.eeprom, device_.eepromBytes));
+    Report(WriteDataHex(names_.DataSaveName, context_.state.images.eeprom,
+                        context_.state.device.eepromBytes));
 }
 
 void FileCommands::Report(HexWriteResult result) {
     if (result != HexWriteResult::Written) {
-        person_.dialogs.ShowBox(BoxIcon::Stop, u"ファイル保存"_s,
-                                result == HexWriteResult::AccessRefused
-                                    ? u"リードオンリーファイルにアクセスしました。"_s
-                                    : u"ファイル保存できませんでした。"_s);
+        context_.ui.ShowBox(BoxIcon::Stop, u"ファイル保存"_s,
+                            result == HexWriteResult::AccessRefused
+                                ? u"リードオンリーファイルにアクセスしました。"_s
+                                : u"ファイル保存できませんでした。"_s);
     }
 }
 

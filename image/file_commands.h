@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <functional>
 #include <optional>
 
-#include "base/person.h"
-#include "base/settings.h"
 #include "image/hex_reader.h"
 #include "image/hex_writer.h"
 #include "image/image.h"
@@ -17,26 +14,8 @@ namespace tolvex {
 /// without a message and keeps what it has done so far.
 class FileCommands {
   public:
-    /// Borrowed.
-    struct Parts {
-        Listings& listings;
-        Settings& settings;
-        const Person& person;
-        ProgramState& state;
-        std::function<QString()> mainCaption;  ///< the main window's caption, the title of one box
-        Breath breath = {};                    ///< while a long file is read
-    };
-
-    explicit FileCommands(Parts parts)
-        : listings_(parts.listings),
-          settings_(parts.settings),
-          person_(parts.person),
-          images_(parts.state.images),
-          names_(parts.state.names),
-          device_(parts.state.device),
-          flag_(parts.state.errorFlag),
-          mainCaption_(std::move(parts.mainCaption)),
-          breath_(std::move(parts.breath)) {}
+    explicit FileCommands(const ImageContext& context)
+        : context_(context), names_(context.state.names) {}
 
     void mnuFileOpenCode_Click();
     void mnuFileOpenData_Click();
@@ -70,16 +49,10 @@ class FileCommands {
     void WriteCode();
     void WriteData();
     void Report(HexWriteResult result);
+    ReadProgress Progress() const;
 
-    Listings& listings_;
-    Settings& settings_;
-    const Person& person_;
-    MemoryImages& images_;
+    ImageContext context_;
     FileNames& names_;
-    const CurrentDevice& device_;
-    ErrorFlag& flag_;
-    std::function<QString()> mainCaption_;
-    Breath breath_;
     /// What the last file dialog ended with: the path it returned, or, after a cancel, the name it
     /// had been given.
     QString dialogPath_;

@@ -4,7 +4,6 @@
 #include <QFontMetrics>
 #include <QLabel>
 
-#include "image/buffer_patch.h"
 #include "widgets/fonts.h"
 
 namespace tolvex {
@@ -26,8 +25,8 @@ constexpr int kButtonWidth = 118;
 
 }  // namespace
 
-frmModify::frmModify(BufferPatch& patch, QWidget* parent)
-    : Frame(u"frmModify"_s, u"PCバッファメモリ修正"_s, parent), patch_(patch) {
+frmModify::frmModify(const ImageContext& context, QWidget* parent)
+    : Frame(u"frmModify"_s, u"PCバッファメモリ修正"_s, parent), context_(context) {
     setFont(ListingFont(kPanelPoints));
     setFixedHeight(kPanelHeight);
 
@@ -87,20 +86,20 @@ QPushButton* frmModify::AddButton(const QString& name, const QString& caption, i
 
 void frmModify::txtAddress_Change() {
     if (isEnabled()) {
-        patch_.ReadBufferCell(txtAddress_->text(), optionProgram_->isChecked(), false);
+        ReadBufferCell(context_, txtAddress_->text(), optionProgram_->isChecked(), false);
     }
 }
 
 void frmModify::CmdRead_Click() {
     const auto value =
-        patch_.ReadBufferCell(txtAddress_->text(), optionProgram_->isChecked(), true);
+        ReadBufferCell(context_, txtAddress_->text(), optionProgram_->isChecked(), true);
     if (value) {
         txtData_->setText(*value);
     }
 }
 
 void frmModify::CmdWrite_Click() {
-    patch_.WriteBufferCell(txtAddress_->text(), txtData_->text(), optionProgram_->isChecked());
+    WriteBufferCell(context_, txtAddress_->text(), txtData_->text(), optionProgram_->isChecked());
 }
 
 }  // namespace tolvex

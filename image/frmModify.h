@@ -5,11 +5,10 @@
 #include <QPushButton>
 #include <QRadioButton>
 
+#include "image/image.h"
 #include "widgets/controls.h"
 
 namespace tolvex {
-
-class BufferPatch;
 
 /// The panel that reads and patches single cells of the images. It sits in the settings window, and
 /// does nothing while that is disabled, even when an assistive tool changes a box behind its back.
@@ -17,8 +16,7 @@ class frmModify : public Frame {
     Q_OBJECT
 
   public:
-    /// `patch` is borrowed.
-    explicit frmModify(BufferPatch& patch, QWidget* parent = nullptr);
+    explicit frmModify(const ImageContext& context, QWidget* parent = nullptr);
 
   private:
     QLineEdit* AddBox(const QString& name, const QString& text, const QString& labelName,
@@ -30,7 +28,7 @@ class frmModify : public Frame {
     void CmdRead_Click();
     void CmdWrite_Click();
 
-    BufferPatch& patch_;
+    ImageContext context_;
     QLineEdit* txtAddress_;
     QLineEdit* txtData_;
     QRadioButton* optionProgram_;

@@ -8,7 +8,7 @@
 #include <optional>
 #include <vector>
 
-#include "image/hex_line.h"
+#include "image/hex_reader.h"
 
 namespace tolvex {
 

@@ -4,8 +4,6 @@
 #include <QFile>
 #include <algorithm>
 
-#include "image/hex_line.h"
-
 namespace tolvex {
 
 namespace {
@@ -14,28 +12,30 @@ constexpr qsizetype kDataStart = 9;
 /// Nothing behind the 255th data byte is ever looked at.
 constexpr qsizetype kLongestRecord = kDataStart + 2 * 255;
 /// Some hundredths of a second, and more than any chip's file has.
-constexpr qint64 kBytesPerBreath = 512 * 1024;
+constexpr qint64 kBytesPerCall = 512 * 1024;
 
-class BreathingFile final : public QFile {
+/// Calls `progress` while it is read.
+class ProgressFile final : public QFile {
   public:
-    BreathingFile(const QString& path, const Breath& breath) : QFile(path), breath_(breath) {}
+    ProgressFile(const QString& path, const ReadProgress& progress)
+        : QFile(path), progress_(progress) {}
 
     bool GaveUp() const { return gaveUp_; }
 
   protected:
-    qint64 readData(char* data, qint64 most) override {
-        if (breath_ && sinceBreath_ >= kBytesPerBreath) {
-            sinceBreath_ = 0;
-            gaveUp_ = gaveUp_ || !breath_();
+    qint64 readData(char* data, qint64 limit) override {
+        if (progress_ && sinceCall_ >= kBytesPerCall) {
+            sinceCall_ = 0;
+            gaveUp_ = gaveUp_ || !progress_();
         }
-        const qint64 got = gaveUp_ ? -1 : QFile::readData(data, most);
-        sinceBreath_ += std::max<qint64>(got, 0);
+        const qint64 got = gaveUp_ ? -1 : QFile::readData(data, limit);
+        sinceCall_ += std::max<qint64>(got, 0);
         return got;
     }
 
   private:
-    const Breath& breath_;
-    qint64 sinceBreath_ = 0;
+    const ReadProgress& progress_;
+    qint64 sinceCall_ = 0;
     bool gaveUp_ = false;
 };
 
@@ -77,12 +77,13 @@ HexReadResult ReadRecords(QIODevice& device, ErrorFlag& flag, Store store) {
 }
 
 template <typename Image>
-HexReadResult ReadFile(const QString& path, Image& image, ErrorFlag& flag, const Breath& breath,
+HexReadResult ReadFile(const QString& path, Image& image, ErrorFlag& flag,
+                       const ReadProgress& progress,
                        HexReadResult (*read)(QIODevice&, Image&, ErrorFlag&)) {
     if (path.isEmpty()) {
         return HexReadResult::Complete;
     }
-    BreathingFile file(path, breath);
+    ProgressFile file(path, progress);
     if (!FileExists(path) || !file.open(QIODevice::ReadOnly)) {
         return HexReadResult::Failed;
     }
@@ -92,6 +93,30 @@ HexReadResult ReadFile(const QString& path, Image& image, ErrorFlag& flag, const
 }
 
 }  // namespace
+
+bool TakeHexLine(QIODevice& device, qsizetype limit, QByteArray& line) {
+    line.clear();
+    char c = 0;
+    if (!device.getChar(&c)) {
+        return false;
+    }
+    do {
+        if (c == '\n') {
+            return true;
+        }
+        if (c == '\r') {
+            char next = 0;
+            if (device.getChar(&next) && next != '\n') {
+                device.ungetChar(next);
+            }
+            return true;
+        }
+        if (line.size() < limit) {
+            line += c;
+        }
+    } while (device.getChar(&c));
+    return true;
+}
 
 HexReadResult ReadCodeHex(QIODevice& device, FlashImage& image, ErrorFlag& flag) {
     return ReadRecords(device, flag, [&image](std::size_t address, std::uint8_t byte) {
@@ -115,13 +140,13 @@ HexReadResult ReadDataHex(QIODevice& device, EepromImage& image, ErrorFlag& flag
 }
 
 HexReadResult ReadCodeHex(const QString& path, FlashImage& image, ErrorFlag& flag,
-                          const Breath& breath) {
-    return ReadFile<FlashImage>(path, image, flag, breath, ReadCodeHex);
+                          const ReadProgress& progress) {
+    return ReadFile<FlashImage>(path, image, flag, progress, ReadCodeHex);
 }
 
 HexReadResult ReadDataHex(const QString& path, EepromImage& image, ErrorFlag& flag,
-                          const Breath& breath) {
-    return ReadFile<EepromImage>(path, image, flag, breath, ReadDataHex);
+                          const ReadProgress& progress) {
+    return ReadFile<EepromImage>(path, image, flag, progress, ReadDataHex);
 }
 
 }  // namespace tolvex

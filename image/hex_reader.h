@@ -14,9 +14,14 @@ enum class HexReadResult {
     Failed    ///< the file can't be opened or read, or a byte lies beyond the image
 };
 
-/// Called again and again while a file of megabytes is read, so that a window can show itself in
-/// the meantime; false = give the read up, which then counts as failed.
-using Breath = std::function<bool()>;
+/// Called now and then while a long file is read, so that a window can repaint; false = give the
+/// read up, which then counts as failed.
+using ReadProgress = std::function<bool()>;
+
+/// The rest of the line without its end, which is LF, CRLF or a lone CR; false when nothing is left
+/// to read. Of an endless line (no HEX file at all) the first `limit` bytes are kept and the others
+/// skipped. Works on pipes too, whose end shows only when nothing comes any more.
+bool TakeHexLine(QIODevice& device, qsizetype limit, QByteArray& line);
 
 /// Reads an Intel HEX file into an image. Bytes stored before a stop stay; cells that the file does
 /// not name keep what they hold. An empty path reads nothing and is `Complete`.
@@ -29,9 +34,9 @@ using Breath = std::function<bool()>;
 ///
 /// Lines end with LF, CRLF or a lone CR. A blank line is a line without a colon.
 HexReadResult ReadCodeHex(const QString& path, FlashImage& image, ErrorFlag& flag,
-                          const Breath& breath = {});
+                          const ReadProgress& progress = {});
 HexReadResult ReadDataHex(const QString& path, EepromImage& image, ErrorFlag& flag,
-                          const Breath& breath = {});
+                          const ReadProgress& progress = {});
 /// The same from an open device, to its end.
 HexReadResult ReadCodeHex(QIODevice& device, FlashImage& image, ErrorFlag& flag);
 HexReadResult ReadDataHex(QIODevice& device, EepromImage& image, ErrorFlag& flag);

@@ -47,7 +47,7 @@ std::filesystem::path NativePath(const QString& path) {
 /// A standard stream, because it leaves the system's reason for a refused open in errno; QFile
 /// reports every one as the same open error.
 HexWriteResult Write(const QString& path, const QByteArray& text) {
-    if (!TakesFile(path)) {
+    if (!IsWritableTarget(path)) {
         return HexWriteResult::Failed;
     }
     errno = 0;

@@ -6,6 +6,8 @@
 #include <span>
 #include <utility>
 
+#include "image/image.h"
+
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -42,7 +44,7 @@ QByteArray ListingText(std::span<const std::uint8_t> cells, std::size_t cellsPer
 /// Half a listing is none: what a full disk left of it is removed.
 bool Replace(const QString& path, const QByteArray& text) {
     QFile file(path);
-    if (!TakesFile(path) || !file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+    if (!IsWritableTarget(path) || !file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
         return false;
     }
     const bool whole = file.write(text) == text.size() && file.flush();
@@ -56,23 +58,23 @@ bool Replace(const QString& path, const QByteArray& text) {
 }  // namespace
 
 bool ListingFiles::WriteFlashListing() {
-    const auto cells =
-        std::span(images_.flash).first(2 * static_cast<std::size_t>(device_.flashWords));
+    const auto cells = std::span(state_.images.flash)
+                           .first(2 * static_cast<std::size_t>(state_.device.flashWords));
     return Write(flash_, ListingText(cells, 2));
 }
 
 bool ListingFiles::ShowFlashListing() {
-    return Show(flash_, &ListingWindows::SetFlashListing);
+    return Show(flash_, &UserInterface::SetFlashListing);
 }
 
 bool ListingFiles::WriteEepromListing() {
     const auto cells =
-        std::span(images_.eeprom).first(static_cast<std::size_t>(device_.eepromBytes));
+        std::span(state_.images.eeprom).first(static_cast<std::size_t>(state_.device.eepromBytes));
     return Write(eeprom_, ListingText(cells, 1));
 }
 
 bool ListingFiles::ShowEepromListing() {
-    return Show(eeprom_, &ListingWindows::SetEepromListing);
+    return Show(eeprom_, &UserInterface::SetEepromListing);
 }
 
 bool ListingFiles::WriteVerifyReport(const QByteArray& text) {
@@ -80,7 +82,7 @@ bool ListingFiles::WriteVerifyReport(const QByteArray& text) {
 }
 
 bool ListingFiles::ShowVerifyReport() {
-    return Show(report_, &ListingWindows::ShowVerifyReport);
+    return Show(report_, &UserInterface::ShowVerifyReport);
 }
 
 void ListingFiles::Retire() {
@@ -102,7 +104,7 @@ bool ListingFiles::Write(Listing& listing, const QByteArray& text) {
     if (retired_) {
         return false;
     }
-    const QString before = std::exchange(listing.path, QString());
+    const auto before = std::exchange(listing.path, std::nullopt);
     for (const QString& folder : folders_) {
         QDir().mkpath(folder);
         if (Replace(folder + listing.name, text)) {
@@ -110,21 +112,24 @@ bool ListingFiles::Write(Listing& listing, const QByteArray& text) {
             break;
         }
     }
-    if (!before.isEmpty() && listing.path != before) {
-        QFile::remove(before);  // out of date
+    if (before && listing.path != before) {
+        QFile::remove(*before);  // out of date
     }
-    if (listing.path.isEmpty()) {
+    if (!listing.path) {
         TellOnce();
     }
-    return !listing.path.isEmpty();
+    return listing.path.has_value();
 }
 
 bool ListingFiles::Show(const Listing& listing, ShowText show) {
     if (KeepsNothing()) {
         return true;
     }
-    QFile file(listing.path);
-    if (retired_ || listing.path.isEmpty() || !file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+    if (retired_ || !listing.path) {
+        return false;
+    }
+    QFile file(*listing.path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         return false;
     }
     QString text = QString::fromLatin1(file.readAll());
@@ -132,16 +137,16 @@ bool ListingFiles::Show(const Listing& listing, ShowText show) {
         return false;
     }
     text.replace(QLatin1Char(kPlaceholder), kShownPlaceholder);
-    (person_.windows.*show)(text);
+    (ui_.*show)(text);
     return true;
 }
 
-/// In the message dialog, because that never waits for an answer: a box would hold a chain up with
-/// the chip in the middle of it. A chain that ends for this reason says so itself right behind.
+/// In the message dialog, because that never waits for an answer: a box would stop an operation
+/// with the chip in programming mode. A sequence that ends for this reason says so itself.
 void ListingFiles::TellOnce() {
     if (!std::exchange(told_, true)) {
-        person_.dialog.ShowMessage(
-            MessageMode::Message,
+        ui_.ShowMessage(
+            MessageKind::Failure,
             u"リストファイルを書き込めるフォルダがないため、リストを表示できません。"_s);
     }
 }

@@ -12,8 +12,8 @@ namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
-frmCom::frmCom(PortSelection& selection, const QStringList& toolTips, QWidget* parent)
-    : QDialog(parent), selection_(selection), comboCom_(new DropDown(this)) {
+frmCom::frmCom(const LinkContext& link, const QStringList& toolTips, QWidget* parent)
+    : QDialog(parent), link_(link), comboCom_(new DropDown(this)) {
     setObjectName(u"frmCom"_s);
     setWindowTitle(u"通信ポート選択"_s);
 
@@ -30,12 +30,12 @@ frmCom::frmCom(PortSelection& selection, const QStringList& toolTips, QWidget* p
 
     comboCom_->setObjectName(u"Combo_com"_s);
     comboCom_->setAccessibleName(prompt->text());
-    comboCom_->addItems(PortSelection::Entries());
+    comboCom_->addItems(PortEntries());
     comboCom_->setMaxVisibleItems(comboCom_->count());
     for (int port = 1; port <= toolTips.size(); ++port) {
         comboCom_->setItemData(port, toolTips[port - 1], Qt::ToolTipRole);
     }
-    comboCom_->setCurrentIndex(selection_.Load());
+    comboCom_->setCurrentIndex(BeginPortChoice(link));
 
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
@@ -56,14 +56,14 @@ frmCom::frmCom(PortSelection& selection, const QStringList& toolTips, QWidget* p
 
 void frmCom::Command_ok_Click() {
     // The second of two quick clicks comes while the first one waits for the writer.
-    if (isVisible() && selection_.Confirm(comboCom_->currentIndex(), [this] { hide(); })) {
+    if (isVisible() && ConfirmPortChoice(link_, comboCom_->currentIndex(), [this] { hide(); })) {
         accept();
     }
 }
 
 /// CANCEL, Esc and the close box alike.
 void frmCom::reject() {
-    selection_.Cancel();
+    CancelPortChoice(link_);
     QDialog::reject();
 }
 

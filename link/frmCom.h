@@ -3,9 +3,8 @@
 
 #include <QComboBox>
 #include <QDialog>
-#include <QStringList>
 
-#include "link/port_selection.h"
+#include "link/link.h"
 
 namespace tolvex {
 
@@ -14,15 +13,15 @@ class frmCom : public QDialog {
     Q_OBJECT
 
   public:
-    /// `toolTips` has one entry a port, COM1 first; an empty one shows nothing.
-    frmCom(PortSelection& selection, const QStringList& toolTips, QWidget* parent);
+    /// `link` is borrowed. `toolTips` has one entry a port, COM1 first; an empty one shows nothing.
+    frmCom(const LinkContext& link, const QStringList& toolTips, QWidget* parent);
 
     void reject() override;
 
   private:
     void Command_ok_Click();
 
-    PortSelection& selection_;
+    const LinkContext& link_;
     QComboBox* comboCom_;
 };
 

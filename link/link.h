@@ -2,47 +2,86 @@
 #pragma once
 
 #include <QString>
-#include <array>
-#include <cstdint>
+#include <QStringList>
+#include <functional>
 
-#include "base/error_flag.h"
+#include "base/program_state.h"
+#include "base/settings.h"
+#include "base/user_interface.h"
+#include "link/serial_connection.h"
 
 namespace tolvex {
 
-/// The writer's command set: one letter out, one judged reply back. A command that fails sets the
-/// flag, writes one text into status panel 1 and returns normally; its results then keep what the
-/// caller put there. Commands yield to the event loop while they wait, one at a time.
+struct CommandRow;
+
+/// What stands between the commands and the line. Both may be empty.
+struct CommandHooks {
+    /// Asked before the first byte of a command; false = the command is not sent. The two halves of
+    /// a program word are one command: no word is left half-written.
+    std::function<bool()> maySend = {};
+    /// Told how each letter ended, before the user is. `argument`: the byte, the address (0 to
+    /// 65535) or the device code that went with it; 0 = none.
+    std::function<void(char letter, int argument, Outcome outcome)> onEnd = {};
+};
+
+/// The writer's command set: one letter out, one judged reply back. A command that does not end
+/// with `Ok` sets the shared error flag and writes one text into status panel 1; its results then
+/// keep what the caller put there. Commands yield to the event loop while they wait, one at a time.
 class WriterCommands {
   public:
-    virtual ~WriterCommands() = default;
+    /// Borrows the first three.
+    WriterCommands(SerialConnection& connection, UserInterface& ui, ErrorFlag& flag,
+                   CommandHooks hooks = {})
+        : connection_(connection), ui_(ui), flag_(flag), hooks_(std::move(hooks)) {}
 
-    virtual void ReadSoftwareId(QString& identifier, ErrorFlag& flag) = 0;    ///< 7 characters
-    virtual void ReadSoftwareVersion(QString& version, ErrorFlag& flag) = 0;  ///< "3.9"
-    virtual void ReadHardwareVersion(QString& version, ErrorFlag& flag) = 0;  ///< "1.0"
-    virtual void SelectDeviceCode(std::uint8_t deviceCode, ErrorFlag& flag) = 0;
-    virtual void EnterProgrammingMode(ErrorFlag& flag) = 0;
+    Outcome ReadSoftwareId(QString& identifier);    ///< 7 characters
+    Outcome ReadSoftwareVersion(QString& version);  ///< "3.9"
+    Outcome ReadHardwareVersion(QString& version);  ///< "1.0"
+    Outcome SelectDeviceCode(std::uint8_t deviceCode);
+    Outcome EnterProgrammingMode();
     /// Pauses 0.1 s after any reply.
-    virtual void LeaveProgrammingMode(ErrorFlag& flag) = 0;
-    /// The signature in order of arrival: family, size code, vendor. False after a time-out.
-    virtual bool ReadSignature(std::array<std::uint8_t, 3>& bytes, ErrorFlag& flag) = 0;
+    Outcome LeaveProgrammingMode();
+    Outcome ReadSignature(Signature& bytes);
     /// 0 to 65535: a word address for program memory, a byte address for data memory.
-    virtual void SetAddress(std::int32_t address, ErrorFlag& flag) = 0;
-    /// The word at the writer's address, which then moves on by one. False after a time-out.
-    virtual bool ReadProgramWord(std::uint8_t& high, std::uint8_t& low, ErrorFlag& flag) = 0;
+    Outcome SetAddress(int address);
+    /// The word at the writer's address, which then moves on by one.
+    Outcome ReadProgramWord(std::uint8_t& high, std::uint8_t& low);
     /// Low byte first on the wire; the writer's address moves on by one word.
-    virtual void WriteProgramWord(std::uint8_t high, std::uint8_t low, ErrorFlag& flag) = 0;
-    virtual void ReadDataByte(std::uint8_t& data, ErrorFlag& flag) = 0;
-    virtual void WriteDataByte(std::uint8_t data, ErrorFlag& flag) = 0;
-    virtual void ChipErase(ErrorFlag& flag) = 0;
-    virtual void WriteFuseBits(std::uint8_t fuses, ErrorFlag& flag) = 0;
-    virtual void WriteLockBits(std::uint8_t lock, ErrorFlag& flag) = 0;
-    virtual void ReadLockFuseBits(std::uint8_t& bits, ErrorFlag& flag) = 0;
-    virtual void ReadFuseBits(std::uint8_t& fuses, ErrorFlag& flag) = 0;
-    virtual void LedOn() = 0;
-    virtual void LedOff() = 0;
+    Outcome WriteProgramWord(std::uint8_t high, std::uint8_t low);
+    Outcome ReadDataByte(std::uint8_t& data);
+    Outcome WriteDataByte(std::uint8_t data);
+    Outcome ChipErase();
+    Outcome WriteFuseBits(std::uint8_t fuses);
+    Outcome WriteLockBits(std::uint8_t lock);
+    Outcome ReadLockFuseBits(std::uint8_t& bits);
+    Outcome ReadFuseBits(std::uint8_t& fuses);
+    Outcome LedOn();
+    Outcome LedOff();
 
     /// The firmware version of the last successful `ReadSoftwareVersion`; empty before the first.
-    virtual QString SoftwareVersion() const = 0;
+    QString SoftwareVersion() const { return softwareVersion_; }
+
+  private:
+    Reply Run(const CommandRow& row, std::span<const std::uint8_t> arguments = {});
+    Reply Carry(const CommandRow& row, std::span<const std::uint8_t> arguments);
+    Outcome RunWithByte(const CommandRow& row, std::uint8_t argument);
+    Outcome ReadByte(const CommandRow& row, std::uint8_t& result);
+    void Fail(const CommandRow& row, const Reply& reply);
+
+    SerialConnection& connection_;
+    UserInterface& ui_;
+    ErrorFlag& flag_;
+    CommandHooks hooks_;
+    QString softwareVersion_;
+};
+
+/// What detection and the port dialog work on; borrowed.
+struct LinkContext {
+    SerialConnection& connection;
+    WriterCommands& commands;
+    Settings& settings;
+    UserInterface& ui;
+    ProgramState& state;
 };
 
 /// What the writer says of itself; what it did not say is empty.
@@ -52,27 +91,27 @@ struct WriterIdentity {
 
 /// A detection: true in a condition when the writer answered all of it.
 struct DetectionResult {
-    bool found = false;
-    WriterIdentity identity;  ///< as far as the detection came
+    Outcome outcome = Outcome::NotSent;  ///< of the last command; without an open port none is sent
+    WriterIdentity identity{};           ///< as far as the detection came
 
-    explicit operator bool() const { return found; }
+    explicit operator bool() const { return outcome == Outcome::Ok; }
 };
 
-/// Finds the writer at the stored port and tells it the selected device. After a success the port
-/// stays open for the operation's commands; after a failure it is closed and the person has been
-/// told.
-class WriterDetection {
-  public:
-    virtual ~WriterDetection() = default;
-    virtual DetectionResult WriterCheck() = 0;
-};
+/// Finds the writer at the stored port and tells it the selected device. Runs before every chip
+/// operation. After a success the port stays open for the operation's commands; after a failure it
+/// is closed and the user has been told.
+DetectionResult WriterCheck(const LinkContext& link);
 
-/// A delay that keeps serving the event loop.
-class Waiting {
-  public:
-    virtual ~Waiting() = default;
-    /// 0 returns at once, without yielding.
-    virtual void WaitSeconds(double seconds) = 0;
-};
+// What the port dialog does, apart from its looks. An entry's index is its port number; index 0 is
+// "no port".
+
+/// "????", then COM1 to COM20.
+QStringList PortEntries();
+/// The dialog appears: closes the port. Returns the entry to preselect.
+int BeginPortChoice(const LinkContext& link);
+/// OK on entry `index`. False: it could not be opened, the user has been told and may choose again.
+/// True: the dialog is done. `hideDialog` runs before detection starts.
+bool ConfirmPortChoice(const LinkContext& link, int index, const std::function<void()>& hideDialog);
+void CancelPortChoice(const LinkContext& link);
 
 }  // namespace tolvex

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "link/serial_connection.h"
 
+#include <algorithm>
+
 namespace tolvex {
 
 void SerialConnection::ConfigurePort(int number) {
@@ -18,43 +20,51 @@ void SerialConnection::ClosePort() {
     }
 }
 
-bool SerialConnection::Exchange(const Request& request) {
+Reply SerialConnection::Exchange(const Request& request) {
     // A late reply to an earlier command must not count as this one's.
     port_.DiscardInput();
-    if (!Send(request) || !AwaitReply(request.need, request.timeOut)) {
-        return false;
+    Outcome outcome = Send(request);
+    if (outcome == Outcome::Ok) {
+        outcome = AwaitReply(request.need, request.timeOut);
     }
-    rxBuffer_ = port_.ReadAll();
-    return true;
+    return {outcome, outcome == Outcome::Ok ? port_.ReadAll() : QByteArray()};
 }
 
-bool SerialConnection::Send(const Request& request) {
+Outcome SerialConnection::Send(const Request& request) {
+    const bool open = port_.IsOpen();
     if (!port_.Write(QByteArrayView(&request.letter, 1))) {
-        return false;
+        return open ? Outcome::LineLost : Outcome::NotSent;
     }
     if (request.pauseSeconds > 0) {
         WaitSeconds(request.pauseSeconds);
     }
-    for (const QByteArray& bytes : request.arguments) {
-        if (!port_.Write(bytes)) {
-            return false;
+    for (auto left = request.arguments; !left.empty();) {
+        const auto part = left.first(std::min(request.bytesPerWrite, left.size()));
+        if (!port_.Write(QByteArrayView(part))) {
+            return Outcome::LineLost;
         }
+        left = left.subspan(part.size());
     }
-    return true;
+    return Outcome::Ok;
 }
 
 /// Count, then yield, then deadline: a complete reply costs no yield, and bytes that arrive during
 /// the yield in which the deadline passes come too late.
-bool SerialConnection::AwaitReply(int need, std::chrono::seconds timeOut) {
+Outcome SerialConnection::AwaitReply(int need, std::chrono::seconds timeOut) {
     const EventClock::Instant deadline = clock_.Now() + timeOut;
     while (port_.InputCount() < need) {
         clock_.Yield(deadline);
-        const bool broken = !port_.IsOpen() || clock_.Ended();
-        if (broken || clock_.Now() > deadline) {
-            return false;
+        if (clock_.Ended()) {
+            return Outcome::Abandoned;
+        }
+        if (!port_.IsOpen()) {
+            return Outcome::LineLost;
+        }
+        if (clock_.Now() > deadline) {
+            return Outcome::NoReply;
         }
     }
-    return true;
+    return Outcome::Ok;
 }
 
 void SerialConnection::WaitSeconds(double seconds) {

@@ -7,25 +7,37 @@
 
 #include "base/event_clock.h"
 #include "base/serial_port.h"
-#include "link/link.h"
 
 namespace tolvex {
+
+/// How a command ended.
+enum class Outcome {
+    Ok,
+    NotSent,     ///< nothing went out: the port is closed, or commands are held back
+    NoReply,     ///< too few bytes came within the time-out
+    WrongReply,  ///< the reply is not the one that the command expects
+    LineLost,    ///< the port broke or refused bytes; nobody knows what went out
+    Abandoned    ///< the program ended while the reply was awaited
+};
 
 /// One command on its way out.
 struct Request {
     char letter;
-    /// Argument bytes; each element is a write of its own.
-    std::span<const QByteArray> arguments = {};
-    /// Pause between the letter and the arguments.
-    double pauseSeconds = 0;
-    /// Reply bytes to wait for.
-    int need;
+    std::span<const std::uint8_t> arguments = {};
+    std::size_t bytesPerWrite = 1;  ///< how many argument bytes go out in one write
+    double pauseSeconds = 0;        ///< between the letter and the arguments
+    int need;                       ///< reply bytes to wait for
     std::chrono::seconds timeOut;
+};
+
+struct Reply {
+    Outcome outcome;   ///< never `WrongReply`, which only the command can tell
+    QByteArray bytes;  ///< `need` or more when the outcome is `Ok`, in order of arrival
 };
 
 /// The line to the writer: one port, one exchange at a time. Not re-entrant: an exchange started
 /// while another one waits would throw away the first one's reply.
-class SerialConnection : public Waiting {
+class SerialConnection {
   public:
     /// Borrows both for its whole life.
     SerialConnection(SerialPort& port, EventClock& clock) : port_(port), clock_(clock) {}
@@ -39,21 +51,17 @@ class SerialConnection : public Waiting {
     void ClosePort();
     bool IsOpen() const { return port_.IsOpen(); }
 
-    /// True: the reply is in `RxBuffer`, `need` bytes or more. False: too few bytes came in time,
-    /// or the port broke, which ends the exchange at once; `RxBuffer` keeps its old content.
-    bool Exchange(const Request& request);
-    /// The bytes of the last reply, in order of arrival.
-    const QByteArray& RxBuffer() const { return rxBuffer_; }
+    Reply Exchange(const Request& request);
 
-    void WaitSeconds(double seconds) override;
+    /// A delay that keeps serving the event loop. 0 returns at once, without yielding.
+    void WaitSeconds(double seconds);
 
   private:
-    bool Send(const Request& request);
-    bool AwaitReply(int need, std::chrono::seconds timeOut);
+    Outcome Send(const Request& request);
+    Outcome AwaitReply(int need, std::chrono::seconds timeOut);
 
     SerialPort& port_;
     EventClock& clock_;
-    QByteArray rxBuffer_;
 };
 
 }  // namespace tolvex

@@ -3,7 +3,7 @@
 
 #include <QLockFile>
 
-#include "base/app_dir.h"
+#include "base/settings.h"
 
 namespace tolvex {
 

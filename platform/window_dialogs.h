@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <functional>
 
-#include "base/dialogs.h"
+#include "base/user_interface.h"
 
 class QDialog;
 class QWidget;

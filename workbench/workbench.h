@@ -1,77 +1,67 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <functional>
-
-#include "base/app_dir.h"
-#include "base/event_clock.h"
-#include "base/person.h"
-#include "base/program_state.h"
-#include "base/serial_port.h"
-#include "base/settings.h"
-#include "device/device_check.h"
-#include "device/device_selection.h"
-#include "device/erase_operation.h"
-#include "device/lock_fuse_bits.h"
-#include "device/program_operation.h"
-#include "device/read_operation.h"
-#include "device/toolbar_sequences.h"
-#include "device/verify_operation.h"
-#include "image/buffer_patch.h"
+#include "device/device.h"
 #include "image/file_commands.h"
-#include "image/listing_files.h"
-#include "link/port_selection.h"
-#include "link/serial_commands.h"
-#include "link/serial_connection.h"
-#include "link/writer_detector.h"
 
 namespace tolvex {
 
 /// Everything that the program is without its windows: the state that lives for the whole run and
-/// the operations on it, wired together. The window program, the command-line tool and the tests
-/// each bring their own platform and person.
+/// what works on it, wired together. The window program, the command-line tool and the tests each
+/// bring their own platform and user interface.
 struct Workbench {
-    /// Borrowed; all of it outlives the workbench.
+    /// Borrowed, but for the hooks; all of it outlives the workbench.
     struct Parts {
         SerialPort& port;
         EventClock& clock;
         Settings& settings;
         const AppDir& folders;
-        Person person;
-        std::function<QString()> mainCaption;
-        std::function<void()> showPortDialog;
-        Breath breath = {};  ///< while a long file is read
-        /// What stands between the operations and the command set, if anything does: it is given
-        /// the command set, which outlives it.
-        std::function<WriterCommands&(WriterCommands&)> decorate = {};
+        UserInterface& ui;
+        CommandHooks hooks = {};
     };
 
-    explicit Workbench(const Parts& parts);
+    explicit Workbench(const Parts& parts)
+        : ui(parts.ui),
+          connection(parts.port, parts.clock),
+          commands(connection, ui, state.errorFlag, parts.hooks),
+          listings(parts.folders.listings, ui, state),
+          chip{{connection, commands, parts.settings, ui, state}, listings},
+          image{listings, parts.settings, ui, state},
+          files(image) {}
     Workbench(const Workbench&) = delete;
 
-    Person person;
+    UserInterface& ui;
     ProgramState state;
-
     SerialConnection connection;
-    SerialCommands serialCommands;
-    WriterCommands& commands;  ///< the same, decorated
-    WriterDetector detection;
-    PortSelection portSelection;
+    WriterCommands commands;
     ListingFiles listings;
+    ChipContext chip;  ///< for the operations on the chip
+    ImageContext image;
     FileCommands files;
-    BufferPatch patch;
-
-    DeviceSelection selection;
-    DeviceCheck check;
-    EraseOperation erase;
-    VerifyOperation verify;
-    ProgramOperation program;
-    ReadOperation read;
-    LockFuseBits lockFuse;
-    ToolbarSequences toolbar;
-
-  private:
-    ChipOperation::Parts ChipParts();
 };
+
+/// What a toolbar button did. What did not run is empty.
+struct SequenceResult {
+    DetectionResult detection;
+    std::optional<ChipReading> chip;  ///< of the check before an erase
+    std::optional<EraseResult> erase;
+    std::optional<ProgramResult> program;
+    std::optional<ReadResult> read;
+    std::optional<VerifyResult> verify;
+    bool ended = false;  ///< every step ran
+};
+
+// The toolbar's chip operations. Each begins with writer detection and ends with a finish text in
+// status panel 1, whatever became of the operation; after a failed detection, or when a listing
+// can't be written, it stops.
+
+SequenceResult ProgramSequence(Workbench& bench);
+SequenceResult ReadSequence(Workbench& bench);
+SequenceResult VerifySequence(Workbench& bench);
+SequenceResult EraseSequence(Workbench& bench);
+
+/// What a click on the toolbar's button `key` does: clears status panel 1, then runs what the key
+/// stands for; an unknown key does nothing more.
+SequenceResult tbToolBar_ButtonClick(Workbench& bench, QStringView key);
 
 }  // namespace tolvex

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Pairs: something runs, and the person does something else.
+// Pairs: something runs, and the user does something else.
 #include <QDropEvent>
 #include <QMimeData>
 #include <QTest>
@@ -33,7 +33,7 @@ TEST(RunAlone, FilesDropOnAnIdleWindow) {
     }
 }
 
-// What gets past that, the sweep over everything that a person can do meets with the guard.
+// What gets past that, the sweep over everything that a user can do meets with the rule itself.
 TEST(RunAlone, WhatRunsDisablesEverythingElseAndClosesMenus) {
     RunningBench b(3);
     const auto enabled = [&b] {
@@ -46,17 +46,24 @@ TEST(RunAlone, WhatRunsDisablesEverythingElseAndClosesMenus) {
         }
         return drops;
     };
+    auto* lock = b.Find<QComboBox>("Combo_LockBit");
+    lock->setCurrentIndex(1);
     auto* menu = b.Find<QMenu>("mnuFile");
     menu->popup(QPoint());
-    b.clock.OnYield([&] { EXPECT_FALSE(enabled() || menu->isVisible()); });
+    b.clock.OnYield([&] {
+        EXPECT_FALSE(enabled() || menu->isVisible());
+        lock->setCurrentIndex(0);  // as an assistive tool may, past what is disabled
+        EXPECT_EQ(lock->currentIndex(), 1);
+    });
     EXPECT_TRUE(menu->isVisible());
     b.Click("Read");
     EXPECT_TRUE(enabled());
     EXPECT_GT(b.clock.Yields(), 0);
+    EXPECT_EQ(b.program.Bench().state.options[OptionList::LockBit], 1);
 }
 
-TEST(RunAlone, TheFocusComesBackUnlessThePersonTookIt) {
-    // What has the focus, what the person clicks meanwhile, what has it afterwards, what runs.
+TEST(RunAlone, TheFocusComesBackUnlessTheUserTookIt) {
+    // What has the focus, what the user clicks meanwhile, what has it afterwards, what runs.
     const char* const cases[][4] = {{"Combo_device", "", "Combo_device", "Program"},
                                     {"cmdFuseRead", "", "cmdFuseRead", "cmdFuseRead"},
                                     {"Erase", "", "Erase", "Erase"},
@@ -70,7 +77,7 @@ TEST(RunAlone, TheFocusComesBackUnlessThePersonTookIt) {
             }
         });
         b.Click(action);
-        if (b.Find<QDialog>("frmMsg") != nullptr) {
+        if (b.Find<QDialog>("frmMsg")->isVisible()) {
             b.Click("Cmd_okm");  // it took the keyboard
         }
         EXPECT_EQ(b.Focus(), QLatin1StringView(afterwards)) << action << " under " << focus;

@@ -8,7 +8,7 @@ namespace tolvex::testing {
 WindowBench::WindowBench(int deviceIndex, int baud, const QMap<QString, QString>& stored)
     : Surroundings(deviceIndex, baud, stored),
       comPorts(folder.path()),
-      program({port, clock, settings, folders, comPorts, person, help}) {
+      program({port, clock, settings, folders, comPorts, user, help}) {
     settings.values[u"Index_First_Flag"_s] = settings.values[u"Index_Com_Flag"_s] = u"1"_s;
 }
 
@@ -39,7 +39,7 @@ QString WindowBench::Focus() {
 
 QString WindowBench::Message() {
     const auto* text = Find<FittedLabel>("txtMsg");
-    return text == nullptr ? QString() : text->WholeText();
+    return text == nullptr || !text->isVisible() ? QString() : text->WholeText();
 }
 
 void WindowBench::AnswerDialogs(const QStringList& buttons) {

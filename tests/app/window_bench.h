@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QRadioButton>
 #include <QToolButton>
 
 #include "app/window_program.h"
@@ -35,7 +36,7 @@ class WindowBench : public Surroundings {
     QString Focus();  ///< the name of the control that the keyboard would reach
     /// Clicks a button or chooses a menu item, and waits for what it does.
     void Click(const char* name);
-    /// What the message dialog says now; null while there is none.
+    /// What the message dialog says now; null while it is closed.
     QString Message();
     QString Panel(int panel) { return window.Panels().PanelText(panel); }
     QStringList ListingFiles() const { return QDir(folder.path()).entryList(QDir::Files); }

@@ -125,7 +125,13 @@ TEST(ProgramCommand, SavesABackupThatRestoresTheChip) {
 TEST(ProgramCommand, QuietKeepsCausesAndDifferences) {
     CliBench b;
     Spoil('C', Wrong, 2)(b);
+    b.signal = [&] {  // a refusal is one however late it comes
+        b.port.DelayReplies(std::chrono::seconds(b.port.Wire().contains(u"e"_s) ? 3 : 0));
+        return 0;
+    };
     EXPECT_EQ(b.Run("program @a.hex --quiet"), kRefused);
+    b.signal = [] { return 0; };
+    b.port.DelayReplies({});
     EXPECT_EQ(b.Out(), QString());
     EXPECT_EQ(b.Err().section(u'\n', 0, 2).toStdString(),
               "ｺﾐﾆｭｹｰｼｮﾝ失敗 : Hi byte Write Data Memory C\nFlashメモリ ライト失敗\n"

@@ -63,7 +63,7 @@ TEST(ProgramOperation, WritesAndVerifiesAsFarAsTheImagesReach) {
         EXPECT_EQ(b.chip->Contents().eeprom, b.EepromOfImages());
     }
     TestBench blank;
-    EXPECT_TRUE(blank.bench.toolbar.Click(u"Program").program->nothingToWrite);
+    EXPECT_TRUE(tbToolBar_ButtonClick(blank.bench, u"Program").program->nothingToWrite);
     EXPECT_EQ(blank.Wire().join(u','), kDetected + u"s,P,e,L"_s);
 }
 
@@ -81,8 +81,8 @@ TEST(VerifyOperation, ReportsEveryDifferingCell) {
         "\r\nEEPROM data memory address verify\r\n\r\n"
         "EEPROM Address(byte) = 01FF  Original Data = 0A   NG Data = FF\r\n";
     EXPECT_EQ(Bytes(b.folder.filePath(u"avrvfy.txt"_s)), report);
-    EXPECT_EQ(b.person.verifyReport, QString::fromLatin1(report).remove(u'\r'));
-    EXPECT_EQ(b.person.message, u"ベリファイ　FLASH : NG / EEPROM : NG"_s);
+    EXPECT_EQ(b.user.verifyReport, QString::fromLatin1(report).remove(u'\r'));
+    EXPECT_EQ(b.user.message, u"ベリファイ　FLASH : NG / EEPROM : NG"_s);
 }
 
 TEST(ReadOperation, FillsTheImagesAndLeavesTheRest) {
@@ -118,10 +118,10 @@ TEST(ToolbarSequences, AListingThatCannotBeWrittenEndsTheChainAndIsTold) {
         FillAFewCells(b.bench.state.images);
         QFile::remove(b.folder.filePath(name));
         ASSERT_TRUE(QDir(b.folder.path()).mkdir(name));  // nothing can be written there
-        EXPECT_FALSE(b.bench.toolbar.Click(key).ended);
+        EXPECT_FALSE(tbToolBar_ButtonClick(b.bench, key).ended);
         EXPECT_FALSE(b.board.InProgrammingMode());
-        EXPECT_EQ(b.person.message, told);
-        EXPECT_EQ(b.person.panels[1], told);
+        EXPECT_EQ(b.user.message, told);
+        EXPECT_EQ(b.user.panels[1], told);
     }
 }
 
@@ -129,31 +129,31 @@ TEST(ToolbarSequences, EraseClearsTheChipAndTheLists) {
     TestBench b(7);
     b.chip->ProgramFlashLow(3, 0);
     b.chip->ProgramLock(0xF9);  // so that the signature is asked for five times
-    const auto startUp = b.person.options;
-    for (int& entry : b.person.options) {
+    const auto startUp = b.bench.state.options;
+    for (int& entry : b.bench.state.options.entries) {
         entry = 1 - entry;
     }
     EXPECT_TRUE(b.Press(u"Erase"_s));
     EXPECT_EQ(b.Wire().join(u','), u"S,V,v,T 22 00,s,s,s,s,s,P,e,L"_s);
     EXPECT_EQ(b.chip->ReadFlashLow(3), kErased);
-    EXPECT_EQ(b.person.options, startUp);
-    b.person.options[OptionList::FSTRT] = 1 - startUp[OptionList::FSTRT];
-    const auto moved = b.person.options;
+    EXPECT_EQ(b.user.shownOptions, startUp);
+    b.bench.state.options[OptionList::FSTRT] = 1 - startUp[OptionList::FSTRT];
+    const auto moved = b.bench.state.options;
     b.board.SetLetterFault('L', FaultKind::Wrong);
     EXPECT_FALSE(b.Press(u"Erase"_s));
-    EXPECT_EQ(b.person.options, moved);
+    EXPECT_EQ(b.bench.state.options, moved);
 }
 
 TEST(ToolbarSequences, ClearWorksWithoutAWriter) {
     TestBench b(3);
     b.FillImages(1);
-    const auto startUp = std::exchange(b.person.options, {});
-    b.bench.toolbar.Click(u"Clear");
+    const auto startUp = std::exchange(b.bench.state.options, {});
+    tbToolBar_ButtonClick(b.bench, u"Clear");
     EXPECT_TRUE(b.port.Calls().isEmpty());
     EXPECT_EQ(b.FlashOfImages() + b.EepromOfImages(), QByteArray(2048 + 128, '\xFF'));
-    EXPECT_EQ(b.person.options, startUp);
-    EXPECT_EQ(b.person.calls.filter(u"listing"_s).join(u", "), u"flash listing, eeprom listing"_s);
-    EXPECT_EQ(b.person.panels[1], u"バッファーをクリアしました。"_s);
+    EXPECT_EQ(b.user.shownOptions, startUp);
+    EXPECT_EQ(b.user.calls.filter(u"listing"_s).join(u", "), u"flash listing, eeprom listing"_s);
+    EXPECT_EQ(b.user.panels[1], u"バッファーをクリアしました。"_s);
 }
 
 }  // namespace

@@ -22,73 +22,73 @@ TEST(DeviceSelection, SetsSizesCodeAndOptions) {
     };
     // clang-format on
     TestBench b(7);
-    EXPECT_EQ(b.person.devices.size(), std::size(cases));
+    EXPECT_EQ(Catalogue().size(), std::size(cases));
     int index = 0;
     for (const auto& c : cases) {
-        b.bench.selection.SelectDevice(index);  // undoes what the one before showed
-        EXPECT_EQ(b.person.devices[index], c.name);
+        SelectDevice(b.bench.chip, index);  // undoes what the one before showed
+        EXPECT_EQ(b.user.shownDevice.name, c.name);
         EXPECT_EQ(b.settings.values[u"device"_s], QString::number(index++));
         EXPECT_EQ(b.bench.state.device.deviceCode, c.code) << index;
-        EXPECT_EQ(b.person.flashSize, u"Programメモリサイズ : %1 word"_s.arg(c.words));
-        EXPECT_EQ(b.person.eepromSize, u"EEPROM メモリサイズ : %1 byte"_s.arg(c.bytes));
+        EXPECT_EQ(b.bench.state.device.flashWords, c.words) << index;
+        EXPECT_EQ(b.bench.state.device.eepromBytes, c.bytes) << index;
         for (const L list : kOptionLists) {
-            EXPECT_EQ(b.person.optionShown[list], list == L::LockBit || c.fuses.contains(list));
+            EXPECT_EQ(HasOption(b.bench.state.device.fuseGroup, list),
+                      list == L::LockBit || c.fuses.contains(list));
         }
-        EXPECT_EQ(b.person.fuseReadEnabled, !c.fuses.isEmpty()) << index;
-        EXPECT_EQ(b.person.flashListing.count(u'\n'), c.words / 8);
-        EXPECT_EQ(b.person.eepromListing.count(u'\n'), c.bytes / 16);
+        EXPECT_EQ(b.user.flashListing.count(u'\n'), c.words / 8);
+        EXPECT_EQ(b.user.eepromListing.count(u'\n'), c.bytes / 16);
     }
-    b.bench.selection.SelectDevice(-1);  // no choice changes nothing of the device
+    SelectDevice(b.bench.chip, -1);  // no choice changes nothing of the device
     EXPECT_EQ(b.bench.state.device.flashWords, 4096);
 }
 
-TEST(DeviceSelection, StartsWithTheStoredDeviceAndAllListsFilled) {
+TEST(DeviceSelection, StartsWithTheStoredDeviceAndPresetOptions) {
     TestBench b;
     b.settings.values[u"device"_s] = u"99"_s;
-    b.bench.selection.FillDeviceLists();
+    FillDeviceLists(b.bench.chip);
     EXPECT_EQ(b.settings.values[u"device"_s], u"0"_s) << "damaged: the first";
     b.settings.values[u"device"_s] = u"8"_s;
-    b.bench.selection.FillDeviceLists();
-    EXPECT_EQ(b.person.markedDevice, 8);
-    EXPECT_TRUE(b.person.patchPanelShown);
+    FillDeviceLists(b.bench.chip);
+    EXPECT_EQ(b.user.shownDevice.name, u"AT90S8515"_s);
+    EXPECT_TRUE(b.user.patchPanelShown);
     const std::pair<L, QString> entries[] = {
         // clang-format off
+        {L::FSTRT, u"Enable|Disable"_s}, {L::RCEN, u"Enable|Disable"_s}, {L::BODLEVEL, u"4.0V|2.7V"_s}, {L::BODEN, u"Enable|Disable"_s},
         {L::CKSEL, u"4ms + 6 CK|6 CK|64ms + 16K CK|4ms + 16K CK|16K CK|64ms + 1K CK|4ms + 1K CK|1K CK"_s},
-        {L::LockBit, u"書込み & ベリファイ 禁止|書込み禁止|プロテクトなし"_s}, {L::BODLEVEL, u"4.0V|2.7V"_s},
-        {L::FSTRT, u"Enable|Disable"_s}, {L::RCEN, u"Enable|Disable"_s}, {L::BODEN, u"Enable|Disable"_s},
+        {L::LockBit, u"書込み & ベリファイ 禁止|書込み禁止|プロテクトなし"_s},
         // clang-format on
     };
-    for (const auto& [list, texts] : entries) {
-        EXPECT_EQ(b.person.optionEntries[list].join(u'|'), texts);
+    for (std::size_t row = 0; row < std::size(entries); ++row) {
+        EXPECT_EQ(OptionRows()[row].list, entries[row].first);
+        EXPECT_EQ(OptionRows()[row].entries.join(u'|'), entries[row].second);
     }
-    EXPECT_EQ(b.person.options.values(), (QList<int>{1, 0, 1, 1, 2, 2})) << "as in kOptionLists";
-    // A new chip's fuses are preset, no other list.
-    b.person.options = {{L::CKSEL, 7}, {L::LockBit, 0}, {L::FSTRT, 0}};
-    b.bench.selection.SelectDevice(7);
-    EXPECT_EQ(b.person.options[L::CKSEL], 2);
-    EXPECT_EQ(b.person.options[L::LockBit], 0);
-    EXPECT_EQ(b.person.options[L::FSTRT], 0);
+    EXPECT_EQ(b.user.shownOptions, (OptionChoice{{1, 0, 1, 1, 2, 2}})) << "as in kOptionLists";
+    // A new device's fuses are preset, no other list.
+    b.bench.state.options = {{0, 0, 1, 1, 7, 0}};
+    SelectDevice(b.bench.chip, 7);
+    EXPECT_EQ(b.user.shownOptions, (OptionChoice{{0, 0, 1, 1, 2, 0}}));
 }
 
-using Signature = std::array<std::uint8_t, 3>;
-
-/// A writer that gives scripted signatures in turn, then none.
-class SignatureWriter : public SerialCommands {
+/// A port whose far end answers 's' with scripted signatures in turn, then with nothing.
+class SignaturePort : public SimulatedPort {
   public:
-    using SerialCommands::SerialCommands;
+    using SimulatedPort::SimulatedPort;
     QList<Signature> replies;
 
-    bool ReadSignature(Signature& bytes, ErrorFlag& flag) override {
-        if (replies.isEmpty()) {
-            flag.Set();
-            return false;
-        }
-        bytes = replies.takeFirst();
+    bool Write(QByteArrayView bytes) override {
+        input_ = replies.isEmpty() || bytes[0] != 's'
+                     ? QByteArray()
+                     : QByteArray(reinterpret_cast<const char*>(replies.takeFirst().data()), 3);
         return true;
     }
+    int InputCount() const override { return static_cast<int>(input_.size()); }
+    QByteArray ReadAll() override { return std::exchange(input_, {}); }
+
+  private:
+    QByteArray input_;
 };
 
-const QString kProtected =
+const QString kLocked =
     u"デバイスがプロテクトされています。\r\nチップイレース(<消 Erase>ボタン)を実行してください。"_s;
 const QString kEmpty = u"デバイスが、ソケットにセットされていません。"_s;
 const QString kMismatch =
@@ -104,7 +104,7 @@ TEST(DeviceCheck, JudgesTheSizeCode) {
         {2, {{1, 0x90, 0x1E}}, V::Mismatch, kMismatch, u"1E:90:01"_s},
         {2, {{1, 0x93, 0x1E}}, V::Mismatch, kMismatch, u"1E:93:01"_s},
         {8, {{0, 0, 0}, {0xFF, 0xFF, 0xFF}, {1, 0x93, 0x1E}}, V::Accepted, {}, u"1E:93:01"_s},
-        {2, QList<Signature>(5, Signature{2, 2, 0}), V::Protected, kProtected, u"00:02:02"_s},
+        {2, QList<Signature>(5, Signature{2, 2, 0}), V::Locked, kLocked, u"00:02:02"_s},
         {2, QList<Signature>(5, Signature{0xFF, 0xFF, 0xFF}), V::EmptySocket, kEmpty, u"FF:FF:FF"_s},
         {0, QList<Signature>(5, Signature{1, 0x03, 0x1E}), V::Accepted, {}, u"1E:03:01"_s},  // unknown counts as 512 words
         {2, {}, V::NoReply, {}, u"--:--:--"_s},
@@ -113,31 +113,38 @@ TEST(DeviceCheck, JudgesTheSizeCode) {
     // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.panel.toStdString());
-        TestBench b(c.device);
-        SignatureWriter writer(b.bench.connection, b.person, b.bench.state.errorFlag);
-        writer.replies = c.replies;
-        b.person.message = QString();
-        b.person.options[OptionList::LockBit] = 0;
-        DeviceCheck check(
-            {writer, b.bench.connection, b.bench.listings, b.bench.person, b.bench.state});
-        const ChipReading reading = check.CheckSignature();
-        EXPECT_TRUE(writer.replies.isEmpty());
+        Surroundings around(c.device, 0);
+        SignaturePort line(around.board, around.clock);
+        line.replies = c.replies;
+        TestBench b(c.device, &line, &around.clock);
+        b.user.message = QString();
+        b.bench.state.options[L::LockBit] = 0;
+        b.user.ShowSettings();
+        const ChipReading reading = CheckSignature(b.bench.chip);
+        EXPECT_TRUE(line.replies.isEmpty());
         EXPECT_EQ(reading.verdict, c.verdict);
-        EXPECT_EQ(reading.passed, c.verdict == V::Accepted);
-        EXPECT_EQ(b.bench.state.errorFlag.Failed(), !reading.passed);
-        EXPECT_EQ(b.person.message, c.message);
-        EXPECT_EQ(b.person.panels[3], c.panel);
-        EXPECT_EQ(b.person.options[OptionList::LockBit], c.verdict == V::Protected ? 2 : 0);
+        EXPECT_EQ(reading.Passed(), c.verdict == V::Accepted);
+        EXPECT_EQ(b.bench.state.errorFlag.Failed(), !reading.Passed());
+        EXPECT_EQ(b.user.message, c.message);
+        EXPECT_EQ(b.user.failures.contains(c.message), !c.message.isNull());
+        EXPECT_EQ(b.user.panels[3], c.panel);
+        EXPECT_EQ(b.user.shownOptions[L::LockBit], c.verdict == V::Locked ? 2 : 0) << "shown";
     }
 }
 
-TEST(DeviceCheck, LetsAnotherSizePassWhenTold) {
+TEST(DeviceCheck, LetsAnotherSizePassWhenToldAndNoFailedCommand) {
     TestBench b;
-    ASSERT_TRUE(b.bench.detection.WriterCheck());
-    b.bench.selection.SelectDevice(2);
-    b.bench.check.TolerateMismatch();
-    EXPECT_TRUE(b.bench.check.CheckDevice().passed);
-    EXPECT_EQ(b.person.message, kMismatch);
+    ASSERT_TRUE(WriterCheck(b.bench.chip));
+    for (const char letter : {'P', 'L'}) {
+        b.bench.state.errorFlag.Clear();
+        b.board.SetLetterFault(letter, FaultKind::Wrong);
+        EXPECT_EQ(CheckDevice(b.bench.chip).verdict, ChipVerdict::CommandFailed);
+        b.board.ClearFaults();
+    }
+    SelectDevice(b.bench.chip, 2);
+    b.bench.chip.tolerateMismatch = true;
+    EXPECT_TRUE(CheckDevice(b.bench.chip).Passed());
+    EXPECT_EQ(b.user.message, kMismatch);
 }
 
 TEST(FuseEncoding, LockBitsThatNoEntryStandsForLeaveTheList) {
@@ -146,10 +153,10 @@ TEST(FuseEncoding, LockBitsThatNoEntryStandsForLeaveTheList) {
         {FuseGroup::RCEN, 0xBF, 5},      {FuseGroup::BOD_CKSEL, 0xF9, 0},
         {FuseGroup::BOD_CKSEL, 0x07, 2}, {FuseGroup::BOD_CKSEL, 0xFB, 5}};
     for (const auto& [group, byte, entry] : cases) {
-        Recorder lists;
-        lists.options[L::LockBit] = 5;  // as it was
-        DecodeLock(group, byte, lists);
-        EXPECT_EQ(lists.options[L::LockBit], entry) << int{byte};
+        OptionChoice options;
+        options[L::LockBit] = 5;  // as it was
+        DecodeLock(group, byte, options);
+        EXPECT_EQ(options[L::LockBit], entry) << int{byte};
     }
     EXPECT_EQ(EncodeLock(-1), 0xFF) << "nothing selected locks nothing";
 }
@@ -168,18 +175,21 @@ TEST(LockFuseBits, GoesOverTheWireFusesFirstAndComesBack) {
     for (const auto& c : cases) {
         TestBench b(c.device);
         const QStringList before = DetectionWire(c.code) << u"P"_s << u"s"_s << u"L"_s;
-        b.person.options.insert(c.options);
-        const auto written = b.person.options;
+        for (const auto& [list, entry] : c.options.asKeyValueRange()) {
+            b.bench.state.options[list] = entry;
+        }
+        const auto written = b.bench.state.options;
         EXPECT_TRUE(b.Press(u"FuseWrite"_s));
         EXPECT_EQ(b.Wire(), before + c.written.split(u',')) << c.device;
         if (!c.read.isEmpty()) {
             for (const L list : c.options.keys()) {
-                b.person.options[list] = 3;
+                b.bench.state.options[list] = 3;
             }
             b.Forget();
             EXPECT_TRUE(b.Press(u"FuseRead"_s));
             EXPECT_EQ(b.Wire(), before + c.read.split(u',')) << c.device;
-            EXPECT_EQ(b.person.options, written) << c.device;
+            EXPECT_EQ(b.bench.state.options, written) << c.device;
+            EXPECT_EQ(b.user.shownOptions, written) << c.device;
         }
     }
 }
@@ -197,15 +207,15 @@ TEST(LockFuseBits, AFailedReadShowsWhatIsKeptAndAtFirstNoProtection) {
     for (const int device : {3, 4}) {
         TestBench b(device);
         b.board.SetLetterFault('F', FaultKind::Silent);
-        b.person.options[L::LockBit] = 0;
+        b.bench.state.options[L::LockBit] = 0;
         b.Press(u"FuseRead"_s);
-        EXPECT_EQ(b.person.options[L::LockBit], 2) << "must not look ready to lock the chip";
-        b.person.options[L::LockBit] = 1;
+        EXPECT_EQ(b.bench.state.options[L::LockBit], 2) << "must not look ready to lock the chip";
+        b.bench.state.options[L::LockBit] = 1;
         b.Press(u"FuseWrite"_s);
-        b.person.options[L::LockBit] = 0;
+        b.bench.state.options[L::LockBit] = 0;
         b.Press(u"FuseRead"_s);
         // The byte that is written is the one that brown-out chips are read into.
-        EXPECT_EQ(b.person.options[L::LockBit], device == 4 ? 1 : 2);
+        EXPECT_EQ(b.bench.state.options[L::LockBit], device == 4 ? 1 : 2);
     }
 }
 

@@ -5,7 +5,6 @@
 #include <QTemporaryFile>
 #include <cstdlib>
 
-#include "base/settings_keys.h"
 #include "image/hex_check.h"
 #include "image/hex_reader.h"
 #include "platform/settings_file.h"
@@ -91,7 +90,7 @@ void ReadSettings(const QByteArray& bytes) {
     for (const NumberKey& key :
          {keys::MainLeft, keys::ComNox, keys::Device, keys::IndexFirstFlag}) {
         const double number = GetNumber(settings, key);
-        Must(number >= key.least && number <= key.most);
+        Must(number >= key.minimum && number <= key.maximum);
     }
     settings.SaveSetting(QString::fromLatin1(keys::OpenDir), text);
     Must(SettingsFile(path).GetSetting(QString::fromLatin1(keys::OpenDir), {}) == text);

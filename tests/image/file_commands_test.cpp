@@ -5,8 +5,7 @@
 
 #include <QRegularExpression>
 
-#include "base/settings_keys.h"
-#include "image/data_file_name.h"
+#include "base/settings.h"
 #include "tests/support/real_files.h"
 #include "tests/support/test_bench.h"
 
@@ -31,7 +30,7 @@ struct Step {
 };
 constexpr std::nullptr_t kDrop = nullptr;
 
-/// The file commands over real files in a folder of their own, with a scripted person.
+/// The file commands over real files in a folder of their own, with a scripted user.
 struct FileCommandBench : TestBench {
     FileCommandBench() { Fresh(); }
 
@@ -47,19 +46,19 @@ struct FileCommandBench : TestBench {
         if (step.command == kDrop) {
             return bench.files.OpenDropped(paths);
         }
-        person.fileAnswers = {paths.isEmpty() ? FileDialogAnswer{} : Chosen(paths.first())};
+        user.fileAnswers = {paths.isEmpty() ? FileDialogAnswer{} : Chosen(paths.first())};
         (bench.files.*step.command)();
     }
     void Fresh() {
         state.images.flash.fill(0x77);
         state.images.eeprom.fill(0x77);
         settings.values.clear();
-        person.calls.clear();
+        user.calls.clear();
     }
-    /// What the person met since, dialogs left out.
+    /// What the user met since, dialogs left out.
     QStringList Met() const {
         static const QRegularExpression dialog(u"^(?!(open|save) dialog)"_s);
-        return person.calls.filter(dialog);
+        return user.calls.filter(dialog);
     }
     QString Stored(const char* key) const {
         const QString value = settings.values.value(QString::fromLatin1(key), u"never"_s);
@@ -70,7 +69,7 @@ struct FileCommandBench : TestBench {
         const auto& [flash, eeprom] = state.images;
         const QString code = HexByte(flash[0]) + HexByte(flash[1]) + u'-' + HexByte(flash.back());
         const QString data = HexByte(eeprom[0]) + u'-' + HexByte(eeprom.back());
-        QStringList left{person.flashCaption, person.eepromCaption};
+        QStringList left{user.flashCaption, user.eepromCaption};
         left << state.names.CodeFileName << state.names.DataFileName << code << data;
         return Short(left.join(u'|') + u'|' + Stored(keys::OpenDir));
     }
@@ -124,10 +123,10 @@ TEST(FileCommands, WhatTheDialogsAskFor) {
         b.Do({&F::mnuFileOpenData_Click, {u"last.hex"_s}});
         b.settings.values = {{u"OPEN_DIR"_s, u"/c/open"_s}, {u"SAVE_DIR"_s, u"/c/save"_s}};
         b.Do({command});
-        const FileDialogRequest& r = b.person.fileRequests.last();
+        const FileDialogRequest& r = b.user.fileRequests.last();
         const QStringList asked{r.title, r.filter, r.defaultSuffix, r.directory, r.initialName};
         EXPECT_EQ(expected.left(5) + b.Short(asked.join(u'@')), expected);
-        EXPECT_TRUE(b.person.calls.contains(expected.left(5) + u"dialog "_s + r.title));
+        EXPECT_TRUE(b.user.calls.contains(expected.left(5) + u"dialog "_s + r.title));
     }
 }
 
@@ -218,7 +217,7 @@ TEST(FileCommands, SavingLeavesBehind) {
         QFile::setPermissions(b.dir.path(), QFileDevice::Permissions(0x7777));
         b.state.names.CodeFileName = code.isEmpty() ? QString() : b.Path(code);
         b.state.names.DataFileName = data.isEmpty() ? QString() : b.Path(data);
-        b.person.okCancelAnswers << overwrite;
+        b.user.okCancelAnswers << overwrite;
         const OrdinaryUser user;
         if (!user.Bound()) {
             GTEST_SKIP() << "root can't give up its rights here";

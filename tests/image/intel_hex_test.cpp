@@ -27,7 +27,7 @@ struct ReaderTest : ::testing::Test {
     /// "0=12 1=34 no colon flag". `swap` is 1 where the image has each pair the other way round.
     template <typename Image>
     QByteArray Read(const QByteArray& file, Image& image,
-                    HexReadResult (*read)(const QString&, Image&, ErrorFlag&, const Breath&),
+                    HexReadResult (*read)(const QString&, Image&, ErrorFlag&, const ReadProgress&),
                     std::size_t swap) {
         PutFile(path, file);
         image.fill(0xEE);  // no value of any case

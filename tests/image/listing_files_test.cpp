@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The listings, and the patch panel, whose changes show in them.
-#include "image/listing_files.h"
+#include "image/image.h"
 
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
 
-#include "image/buffer_patch.h"
 #include "tests/support/real_files.h"
 #include "tests/support/recorder.h"
 
@@ -20,12 +19,12 @@ constexpr bool kProgram = true, kEeprom = false;
 
 struct ListingTest : ::testing::Test {
     QTemporaryDir dir;
-    Recorder person;
-    const Person all = person.AsPerson();
+    Recorder user;
+    MemorySettings settings;
     ProgramState state{.device = {u"AT90S2313"_s, 0x24, 1024, 128, FuseGroup::LockOnly}};
     const QString first = dir.path() + u"/first/"_s, second = dir.path() + u"/second/"_s;
-    ListingFiles listings{{.folders = {first, second}, .person = all, .state = state}};
-    BufferPatch patch{{.listings = listings, .person = all, .state = state}};
+    ListingFiles listings{{first, second}, user, state};
+    ImageContext image{listings, settings, user, state};
 };
 
 TEST_F(ListingTest, LinesToTheByte) {
@@ -39,7 +38,7 @@ TEST_F(ListingTest, LinesToTheByte) {
     ASSERT_EQ(lines.size(), 128);
     EXPECT_EQ(lines[0], "0000: 940C FFFF FFFF FFFF FFFF FFFF FFFF FFFF " + dots);
     EXPECT_EQ(lines[127], "03F8: FFFF FFFF FFFF FFFF FFFF FFFF FFFF FF7E " + dots.left(15) + "~");
-    EXPECT_TRUE(person.flashListing.endsWith(u" FF7E "_s + QString(15, u'\uFF65') + u"~\n"_s));
+    EXPECT_TRUE(user.flashListing.endsWith(u" FF7E "_s + QString(15, u'\uFF65') + u"~\n"_s));
     lines = Lines(first + u"avreep.txt"_s);
     ASSERT_EQ(lines.size(), 8);
     EXPECT_EQ(lines[0],
@@ -61,14 +60,14 @@ TEST_F(ListingTest, TheNextFolderTakesWhatOneRefuses) {
         EXPECT_TRUE(listings.WriteVerifyReport("new") && listings.ShowVerifyReport());
         EXPECT_EQ(Bytes(other), "new");
     }
-    EXPECT_EQ(person.verifyReport, u"new"_s);
+    EXPECT_EQ(user.verifyReport, u"new"_s);
     QFile::remove(first.chopped(1));
     EXPECT_TRUE(listings.WriteVerifyReport("newer"));
     EXPECT_TRUE(QFile::exists(old) && !QFile::exists(other)) << "one copy, and that in date";
-    EXPECT_TRUE(person.message.isNull());
+    EXPECT_TRUE(user.message.isNull());
 }
 
-TEST_F(ListingTest, WhenNoFolderTakesItThePersonIsToldOnce) {
+TEST_F(ListingTest, WhenNoFolderTakesItTheUserIsToldOnce) {
     ASSERT_TRUE(listings.RefreshFlashListing());
     {
         const FullDisk full(100);
@@ -76,7 +75,7 @@ TEST_F(ListingTest, WhenNoFolderTakesItThePersonIsToldOnce) {
         EXPECT_FALSE(listings.RefreshEepromListing() || listings.ShowVerifyReport());
         EXPECT_TRUE(QDir(first).isEmpty() && QDir(second).isEmpty()) << "half a listing";
     }
-    EXPECT_EQ(person.calls.filter(u"message"_s),
+    EXPECT_EQ(user.calls.filter(u"message"_s),
               QStringList(u"message OK: リストファイルを書き込めるフォルダがないため、"
                           "リストを表示できません。"_s));
     EXPECT_TRUE(listings.RefreshFlashListing()) << "room again";
@@ -96,9 +95,9 @@ TEST_F(ListingTest, RetiredItLeavesAndWritesNothing) {
     EXPECT_EQ(QDir(first).entryList(QDir::Files), QStringList(u"x.txt"_s));
     EXPECT_EQ(QDir(second).entryList(QDir::Files), QStringList(u"x.txt"_s));
 
-    ListingFiles none({.folders = {}, .person = all, .state = state});
+    ListingFiles none({}, user, state);
     EXPECT_TRUE(none.RefreshFlashListing() && none.WriteVerifyReport("kept nowhere"));
-    EXPECT_TRUE(person.calls.isEmpty());
+    EXPECT_TRUE(user.calls.isEmpty());
 }
 
 TEST_F(ListingTest, ThePatchPanelReadsACell) {
@@ -112,10 +111,10 @@ TEST_F(ListingTest, ThePatchPanelReadsACell) {
     };
     for (const auto& [address, memory, shown, said] : cases) {
         for (const bool show : {true, false}) {
-            person.calls.clear();
+            user.calls.clear();
             state.errorFlag.Set();  // an earlier failure is not this input's
-            EXPECT_EQ(patch.ReadBufferCell(address, memory, show), show ? shown : std::nullopt);
-            EXPECT_EQ(person.calls.join(u'\n'), said) << address.toStdString();
+            EXPECT_EQ(ReadBufferCell(image, address, memory, show), show ? shown : std::nullopt);
+            EXPECT_EQ(user.calls.join(u'\n'), said) << address.toStdString();
         }
     }
 }
@@ -131,22 +130,22 @@ TEST_F(ListingTest, ThePatchPanelChangesACellAndItsListing) {
         // clang-format on
     };
     for (const auto& [address, data, memory, met] : cases) {
-        person.calls.clear();
-        patch.WriteBufferCell(address, data, memory);
-        EXPECT_EQ(person.calls.join(u'\n'), met) << (address + u' ' + data).toStdString();
+        user.calls.clear();
+        WriteBufferCell(image, address, data, memory);
+        EXPECT_EQ(user.calls.join(u'\n'), met) << (address + u' ' + data).toStdString();
     }
     MemoryImages expected;
     std::ranges::copy(std::to_array<std::uint8_t>({0x94, 0x0C, 0x00}), &expected.flash[0x20]);
     expected.eeprom[0x7F] = 0x34;
     EXPECT_TRUE(state.images.flash == expected.flash && state.images.eeprom == expected.eeprom);
-    EXPECT_TRUE(person.flashListing.contains(u"0010: 940C 00FF FFFF"_s));
-    EXPECT_TRUE(person.eepromListing.contains(u"FF 34 "_s));
+    EXPECT_TRUE(user.flashListing.contains(u"0010: 940C 00FF FFFF"_s));
+    EXPECT_TRUE(user.eepromListing.contains(u"FF 34 "_s));
 
     state.device = {};  // without a device every address is beyond
-    person.calls.clear();
-    patch.ReadBufferCell(u"0"_s, kProgram, true);
-    patch.WriteBufferCell(u"0"_s, u"0"_s, kEeprom);
-    EXPECT_EQ(person.calls, QStringList({kFlashRange, kEepromRange}));
+    user.calls.clear();
+    ReadBufferCell(image, u"0"_s, kProgram, true);
+    WriteBufferCell(image, u"0"_s, u"0"_s, kEeprom);
+    EXPECT_EQ(user.calls, QStringList({kFlashRange, kEepromRange}));
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ using testing::TestBench;
 TEST(FrmCom, PreselectsTheStoredPortAndStoresTheChosenOne) {
     TestBench b;
     b.settings.values[u"ComNox"_s] = u"7"_s;
-    frmCom dialog(b.bench.portSelection, {}, nullptr);
+    frmCom dialog(b.bench.chip, {}, nullptr);
     auto* list = dialog.findChild<QComboBox*>(u"Combo_com"_s);
     EXPECT_EQ(list->count(), 21);
     EXPECT_EQ(list->currentText(), u"COM7"_s);

@@ -8,7 +8,7 @@
 #include <QTemporaryDir>
 #include <memory>
 
-#include "base/settings_keys.h"
+#include "base/settings.h"
 #include "platform/program_start.h"
 #include "platform/settings_file.h"
 #include "port/com_ports.h"

@@ -5,14 +5,16 @@
 
 namespace tolvex::testing {
 
-void Recorder::SetStatusText(int panel, const QString& text) {
+void Recorder::SetStatusText(int panel, const QString& text, MessageKind kind) {
     panels[panel] = text;
+    NoteFailure(kind, text);
     calls << u"status %1: %2"_s.arg(panel).arg(text);
 }
 
-void Recorder::ShowMessage(MessageMode mode, const QString& text) {
+void Recorder::ShowMessage(MessageKind kind, const QString& text) {
     message = text;
-    calls << (mode == MessageMode::Message ? u"message OK: "_s : u"progress: "_s) + text;
+    NoteFailure(kind, text);
+    calls << (kind == MessageKind::Progress ? u"progress: "_s : u"message OK: "_s) + text;
 }
 
 void Recorder::CloseMessage() {

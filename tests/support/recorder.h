@@ -4,44 +4,37 @@
 #include <QMap>
 #include <QStringList>
 
-#include "base/person.h"
+#include "base/program_state.h"
 #include "base/settings.h"
+#include "base/user_interface.h"
 
 namespace tolvex::testing {
 
 using namespace Qt::StringLiterals;
 
-/// The person, as the operations see them: keeps every call in order, answers from a script.
+/// The user, as the operations see them: keeps every call in order, answers from a script.
 /// `calls` reads like a transcript: "status 1: text", "message OK: text", "progress: text",
 /// "close message", "verify report", "box Stop title|text" ...
-class Recorder : public StatusPanels,
-                 public MessageDialog,
-                 public ListingWindows,
-                 public SettingPanel,
-                 public Dialogs {
+class Recorder : public UserInterface {
   public:
     QStringList calls;
-    QMap<int, QString> panels;      ///< what each status panel shows now
-    QString message;                ///< what the message dialog shows now; null = closed
-    QList<double> progress;         ///< how full each SetProgress(on) makes the bar
-    QMap<OptionList, int> options;  ///< selected entries
-    QMap<OptionList, QStringList> optionEntries;
-    QMap<OptionList, bool> optionShown;
-    QStringList devices;
-    int markedDevice = -1;
+    QMap<int, QString> panels;  ///< what each status panel shows now
+    QString message;            ///< what the message dialog shows now; null = closed
+    QList<double> progress;     ///< how full each SetProgress(on) makes the bar
+    QStringList failures;       ///< texts that were told as such
     QString flashListing, eepromListing, verifyReport, flashCaption, eepromCaption;
-    QString flashSize, eepromSize;
-    bool fuseReadEnabled = true, patchPanelShown = false;
+    bool patchPanelShown = false;
+    const ProgramState* state = nullptr;  ///< of which the settings window shows this:
+    OptionChoice shownOptions;
+    CurrentDevice shownDevice;
 
     QList<FileDialogAnswer> fileAnswers;  ///< taken from the front; none left = cancelled
     QList<bool> okCancelAnswers;          ///< none left = Cancel
     QList<FileDialogRequest> fileRequests;
 
-    Person AsPerson() { return {*this, *this, *this, *this, *this}; }
-
-    void SetStatusText(int panel, const QString& text) override;
-
-    void ShowMessage(MessageMode mode, const QString& text) override;
+    using UserInterface::SetStatusText;
+    void SetStatusText(int panel, const QString& text, MessageKind kind) override;
+    void ShowMessage(MessageKind kind, const QString& text) override;
     void CloseMessage() override;
     void SetProgress(bool on, double minimum, double value, double maximum) override;
 
@@ -51,21 +44,14 @@ class Recorder : public StatusPanels,
     void SetFlashCaption(const QString& caption) override { flashCaption = caption; }
     void SetEepromCaption(const QString& caption) override { eepromCaption = caption; }
 
-    void FillOptions(OptionList list, const QStringList& entries) override {
-        optionEntries[list] = entries;
-        options[list] = -1;
-    }
-    int SelectedOption(OptionList list) const override { return options.value(list, -1); }
-    void SelectOption(OptionList list, int entry) override { options[list] = entry; }
-    void ShowOption(OptionList list, bool on) override { optionShown[list] = on; }
-    void EnableFuseRead(bool enabled) override { fuseReadEnabled = enabled; }
-    void FillDevices(const QStringList& names) override { devices = names; }
-    void MarkDevice(int index) override { markedDevice = index; }
-    void ShowSizes(const QString& flash, const QString& eeprom) override {
-        flashSize = flash;
-        eepromSize = eeprom;
+    void ShowSettings() override {
+        shownOptions = state->options;
+        shownDevice = state->device;
     }
     void ShowPatchPanel() override { patchPanelShown = true; }
+    void ShowPortDialog() override { calls << QStringLiteral("port dialog"); }
+    QString MainCaption() const override { return QStringLiteral("Tolvex 1.2.3"); }
+    bool ContinueReading() override { return true; }
 
     FileDialogAnswer AskOpenFile(const FileDialogRequest& request) override {
         return Ask(QStringLiteral("open dialog "), request);
@@ -81,6 +67,11 @@ class Recorder : public StatusPanels,
         (*call == 'f' ? flashListing : *call == 'e' ? eepromListing : verifyReport) = text;
         calls << QLatin1StringView(call);
     }
+    void NoteFailure(MessageKind kind, const QString& text) {
+        if (kind == MessageKind::Failure) {
+            failures << text;
+        }
+    }
     FileDialogAnswer Ask(const QString& dialog, const FileDialogRequest& request);
 };
 
@@ -92,8 +83,8 @@ class MemorySettings : public Settings {
   public:
     QMap<QString, QString> values;
 
-    QString GetSetting(const QString& key, const QString& standard) const override {
-        return values.value(key, standard);
+    QString GetSetting(const QString& key, const QString& defaultText) const override {
+        return values.value(key, defaultText);
     }
     void SaveSetting(const QString& key, const QString& text) override { values[key] = text; }
 };

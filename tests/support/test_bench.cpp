@@ -23,26 +23,25 @@ TestBench::TestBench(int deviceIndex, SerialPort* line, EventClock* time)
              .clock = time == nullptr ? clock : *time,
              .settings = settings,
              .folders = folders,
-             .person = person.AsPerson(),
-             .mainCaption = [] { return QStringLiteral("Tolvex 1.2.3"); },
-             .showPortDialog = {}}) {
-    bench.selection.FillDeviceLists();
+             .ui = user}) {
+    user.state = &bench.state;
+    FillDeviceLists(bench.chip);
     Forget();
 }
 
 bool TestBench::Press(const QString& button) {
     if (button == u"Port") {
-        bench.portSelection.Load();
-        bench.portSelection.Confirm(1, [] {});
+        BeginPortChoice(bench.chip);
+        ConfirmPortChoice(bench.chip, 1, [] {});
         return bench.connection.IsOpen();
     }
     if (button == u"FuseRead") {
-        return bench.lockFuse.cmdFuseRead_Click().done;
+        return cmdFuseRead_Click(bench.chip).done;
     }
     if (button == u"FuseWrite") {
-        return bench.lockFuse.cmdFuseWrite_Click().done;
+        return cmdFuseWrite_Click(bench.chip).done;
     }
-    const ChainResult r = bench.toolbar.Click(button);
+    const SequenceResult r = tbToolBar_ButtonClick(bench, button);
     return r.program  ? r.erase->erased && (r.program->nothingToWrite || r.program->Verified())
            : r.read   ? r.read->Complete()
            : r.verify ? r.verify->Matches()
@@ -51,8 +50,8 @@ bool TestBench::Press(const QString& button) {
 
 void TestBench::Forget() {
     port.ForgetTrace();
-    person.calls.clear();
-    person.progress.clear();
+    user.calls.clear();
+    user.progress.clear();
 }
 
 void TestBench::FillImages(unsigned seed) {

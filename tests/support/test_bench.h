@@ -13,7 +13,7 @@
 namespace tolvex::testing {
 
 /// What a program meets: a simulated board in virtual time, at COM1, with a chip of the stored
-/// device in its socket, and a person on record.
+/// device in its socket, and a user on record.
 struct Surroundings {
     /// `deviceIndex` is the entry of the device list, `stored` is added to the settings.
     Surroundings(int deviceIndex, int baud, const QMap<QString, QString>& stored = {});
@@ -22,7 +22,7 @@ struct Surroundings {
     std::unique_ptr<SimulatedChip> chip;
     SimulatedWriter board;
     SimulatedPort port;
-    Recorder person;
+    Recorder user;
     MemorySettings settings;
     QTemporaryDir folder;
     AppDir folders;

@@ -56,7 +56,7 @@ constexpr const char* kTroubles[][2] = {
     // clang-format off
     {"silent", "writerSilent"}, {"short", "writerSilent"}, {"wrong", nullptr}, {"long", nullptr},
     {"late", "writerSilent"}, {"hang-up", "lineLost"}, {"dead", "writerSilent"},
-    {"refused letter", "commandRefused"}, {"refused rest", nullptr},
+    {"refused letter", "lineLost"}, {"refused rest", nullptr},
     {"forgotten", nullptr}, {"signal", "interrupted"},
     // clang-format on
 };
@@ -80,7 +80,9 @@ struct World : CliBench {
         command.asked.Apply(asked);
         letters.clear();
         troubled.Plan(exchange < 0 || trouble >= kEnd ? Mishaps() : Mishaps{{exchange, trouble}});
-        signal = [=, this, kept = std::optional(before), commands = 0]() mutable {
+        kept = before;
+        commands = 0;
+        signal = [=, this] {
             const bool past = letters.size() >= exchange;
             if (trouble == kForgotten && !past) {
                 kept = chip->Contents();
@@ -108,6 +110,8 @@ struct World : CliBench {
     ChipContents before, asked;
     QByteArray old;
     QStringList letters;
+    std::optional<ChipContents> kept;  ///< before the command that is forgotten
+    int commands = 0;                  ///< that the board had carried out then
     TroubledLine troubled{port, board, letters};
 };
 

@@ -118,7 +118,7 @@ QList<Case> Cases() {
     // A device of each kind of fuses.
     for (const int device : {0, 3, 4, 5}) {
         cases << Case{u"Program"_s, device, AFew, 5, 3, 4, 9} << Case{u"FuseWrite"_s, device};
-        if (TestBench(device).person.fuseReadEnabled) {
+        if (TestBench(device).bench.state.device.fuseGroup != FuseGroup::LockOnly) {
             cases << Case{u"FuseRead"_s, device};
         }
     }
@@ -133,14 +133,15 @@ struct World : TestBench {
         before = {FlashOfImages(), EepromOfImages(), 0xFF, 0xFA};
         chip->SetContents(before);
         c.images(bench.state.images);
-        person.options[OptionList::LockBit] = 1;
-        person.options[OptionList::CKSEL] = 5;
+        bench.state.options[OptionList::LockBit] = 1;
+        bench.state.options[OptionList::CKSEL] = 5;
+        user.ShowSettings();
     }
     void Run(const Mishaps& faults) {
         troubled.Plan(faults);
         Forget();
         success = Press(button);
-        line = Line(person.calls);
+        line = Line(user.calls);
     }
     QByteArray Images() const {
         return {reinterpret_cast<const char*>(&bench.state.images), sizeof bench.state.images};
@@ -149,13 +150,13 @@ struct World : TestBench {
         const ChipContents& holds = chip->Contents();
         QByteArray held = Images() + holds.flash + holds.eeprom + static_cast<char>(holds.lock) +
                           static_cast<char>(holds.fuses);
-        for (const int entry : person.options) {
+        for (const int entry : bench.state.options.entries) {
             held += static_cast<char>(entry);
         }
         return held;
     }
 
-    TroubledLine troubled{port, board, person.calls};
+    TroubledLine troubled{port, board, user.calls};
     QString button;
     ChipContents before;
     QString line;
@@ -220,7 +221,9 @@ class Sweep {
         };
         const auto match = grammar_.match(world.line);
         must(match.hasMatch(), "told and done as the rules say");
-        const QString& dialog = world.person.message;
+        must(world.user.shownOptions == world.bench.state.options,
+             "the settings window is in step");
+        const QString& dialog = world.user.message;
         const bool unopened = !faults.isEmpty() && faults[0].exchange == 0;
         const bool lost = unopened || dialog.startsWith(u"ライタと通信が"_s);
         const bool well = (dialog.isNull() || dialog.contains(u"完了"_s) ||
@@ -237,7 +240,7 @@ class Sweep {
              "programming mode left");
         must(case_.rule == u"Read"_s || world.Images() == start_, "images kept");
         double bar = 0;
-        for (const double step : world.person.progress) {
+        for (const double step : world.user.progress) {
             must(step >= bar || (step == 0 && (bar == 1 || !world.success)), "the bar moves on");
             bar = step;
         }

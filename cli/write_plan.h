@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <chrono>
+
+#include "base/program_state.h"
+
+namespace tolvex {
+
+/// What programming writes into the chip.
+struct WritePlan {
+    int flashWords = 0;
+    int eepromBytes = 0;   ///< programmed, blank ones are not
+    int eepromExtent = 0;  ///< verified: up to the last used one
+};
+
+WritePlan PlanFor(const ProgramState& state);
+
+/// How long the chains of the toolbar take when the writer answers at once. With nothing to write,
+/// programming counts as an erase and a reading of the whole chip that proves it blank.
+std::chrono::duration<double> EraseTime();
+std::chrono::duration<double> ProgramTime(const WritePlan& plan, const CurrentDevice& device);
+
+}  // namespace tolvex

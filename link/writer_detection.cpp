@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+// Finding the writer, and choosing the port that it hangs on.
+#include "link/link.h"
+
+namespace tolvex {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The only firmware that knows the 28-pin chips.
+constexpr QStringView kFullFirmware = u"3.9";
+
+/// The command that decides ends the handshake; `failure` is then its text.
+Outcome ShakeHands(const LinkContext& link, WriterIdentity& identity, QStringView& failure) {
+    failure = u"ライタと通信ができませんでした。(レジストリリード)";
+    if (GetNumber(link.settings, keys::ComNoxChosen) == 0) {
+        return Outcome::NotSent;
+    }
+    failure = u"ライタと通信ができませんでした。(Command_S)";
+    if (!link.connection.IsOpen() && !link.connection.OpenPort()) {
+        return Outcome::NotSent;
+    }
+    Outcome outcome = link.commands.ReadSoftwareId(identity.identifier);
+    if (outcome != Outcome::Ok) {
+        return outcome;
+    }
+    failure = u"ライタと通信ができませんでした。(Command_V)";
+    outcome = link.commands.ReadSoftwareVersion(identity.softwareVersion);
+    if (outcome != Outcome::Ok) {
+        return outcome;
+    }
+    failure = u"ライタと通信ができませんでした。(Command_v)";
+    outcome = link.commands.ReadHardwareVersion(identity.hardwareVersion);
+    if (outcome != Outcome::Ok) {
+        return outcome;
+    }
+    failure = u"ライタと通信ができませんでした。(Command_T)";
+    return link.commands.SelectDeviceCode(link.state.device.deviceCode);
+}
+
+void ReportSuccess(const LinkContext& link, const WriterIdentity& identity) {
+    link.ui.SetStatusText(kWriterPanel, identity.identifier + u" SW:"_s + identity.softwareVersion +
+                                            u" HW:"_s + identity.hardwareVersion);
+    link.ui.SetStatusText(kMessagePanel, u"ライタを検出しました。 COM"_s +
+                                             QString::number(link.connection.PortNumber()));
+    link.ui.CloseMessage();
+}
+
+void ReportFailure(const LinkContext& link, QStringView statusText) {
+    link.connection.ClosePort();
+    link.ui.ShowMessage(MessageKind::Failure,
+                        u"ライタと通信ができませんでした。\r\n"
+                        "PCとライタの接続を確認後、メニューバーの\r\n"
+                        "[通信チェック] [COMポート選択]を実行して下さい。\r\n"_s);
+    // Replaces the failing command's own text.
+    link.ui.SetStatusText(kMessagePanel, statusText.toString(), MessageKind::Failure);
+}
+
+void ReportOpenFailure(const LinkContext& link, const QString& port) {
+    link.ui.ShowBox(BoxIcon::Stop, u"ポートオープン失敗"_s,
+                    port + u" のオープンに失敗しました。\rポート番号を再設定してください。"_s);
+    link.state.errorFlag.Set();
+}
+
+}  // namespace
+
+DetectionResult WriterCheck(const LinkContext& link) {
+    link.ui.ShowMessage(MessageKind::Progress, u"ライタと通信中！"_s);
+    link.connection.ClosePort();
+    const int number = static_cast<int>(GetNumber(link.settings, keys::ComNox));
+    link.connection.ConfigurePort(number);
+    link.ui.SetStatusText(kPortPanel, u"COM:"_s + QString::number(number));
+    link.state.errorFlag.Clear();
+
+    DetectionResult result;
+    QStringView failure;
+    result.outcome = ShakeHands(link, result.identity, failure);
+    if (result) {
+        ReportSuccess(link, result.identity);
+    } else {
+        ReportFailure(link, failure);
+    }
+    return result;
+}
+
+QStringList PortEntries() {
+    QStringList entries{u"????"_s};
+    for (int number = 1; number <= kComPortCount; ++number) {
+        entries << u"COM"_s + QString::number(number);
+    }
+    return entries;
+}
+
+int BeginPortChoice(const LinkContext& link) {
+    link.state.errorFlag.Set();
+    link.connection.ClosePort();
+    const int index = static_cast<int>(GetNumber(link.settings, keys::ComNoxChosen));
+    if (index != 0) {
+        link.connection.ConfigurePort(index);
+    }
+    link.ui.SetStatusText(kMessagePanel, QString());
+    return index;
+}
+
+bool ConfirmPortChoice(const LinkContext& link, int index,
+                       const std::function<void()>& hideDialog) {
+    link.connection.ClosePort();
+    if (index <= 0) {
+        ReportOpenFailure(link, u"COM?"_s);
+        return false;
+    }
+    link.connection.ConfigurePort(index);
+    const bool opened = link.connection.OpenPort();
+    link.ui.SetStatusText(kPortPanel, u"COM:"_s + QString::number(index));
+    if (!opened) {
+        ReportOpenFailure(link, u"COM"_s + QString::number(index));
+        return false;
+    }
+    link.settings.SaveSetting(QString::fromLatin1(keys::ComNox.name), QString::number(index));
+    hideDialog();
+    WriterCheck(link);
+    link.state.errorFlag.Clear();
+    if (link.commands.SoftwareVersion() != kFullFirmware) {
+        link.ui.SetStatusText(
+            kMessagePanel,
+            u"このファームウエアバージョンでは、AT90S2333/4433をサポートしません。"_s,
+            MessageKind::Result);
+    }
+    return true;
+}
+
+void CancelPortChoice(const LinkContext& link) {
+    link.ui.SetStatusText(kMessagePanel, u"ライター接続確認が終了していません。"_s,
+                          MessageKind::Result);
+    link.state.errorFlag.Set();
+}
+
+}  // namespace tolvex
