@@ -49,6 +49,7 @@ bool EnterStatusBar(frmMain& window) {
 void Go(frmMain& window, int step) {
     static constexpr bool (*kEnter[])(frmMain&) = {EnterChild, EnterToolbar, EnterStatusBar};
     const QWidget* focus = window.focusWidget();
+    window.setAttribute(Qt::WA_KeyboardFocusChange);  // the style marks the focus only then
     int at = window.Tools().isAncestorOf(focus) ? 1 : window.Panels().isAncestorOf(focus) ? 2 : 0;
     for (int tried = 0; tried < 3; ++tried) {
         at = (at + step + 3) % 3;

@@ -202,6 +202,7 @@ TEST(MainWindow, EveryPartIsReachedByKeyboard) {
         QTest::keyClick(b.window.focusWidget(), key, modifiers);
         EXPECT_EQ(b.Focus(), focus);
     }
+    EXPECT_TRUE(b.window.testAttribute(Qt::WA_KeyboardFocusChange)) << "no mark shows";
     QTest::keyClick(&b.window, Qt::Key_F10);
     const QAction* menu = b.window.menuBar()->activeAction();
     EXPECT_TRUE(menu != nullptr && menu->text() == u"ファイル(&F)");
