@@ -27,9 +27,11 @@ enum {
 
 enum {
     kEnableEcho = 0x53,
-    kEnableTries = 32,
-    kMostMissedClocks = 8,
-    kResetPulseMs = 1,
+    kAnyByte = 0xFF,  // where the chip takes any
+    kVendor = 0x1E,
+    kErased = 0xFF,
+    kNothing = 0xFF,  // what reading gives without a chip
+    kClocksOfInstruction = 32,
     kResetMs = 21,  // before the first instruction
     kEraseMs = 22,
     kLockOrFusesMs = 22,
@@ -42,73 +44,97 @@ static bool held;
 static uint8_t Exchange(uint8_t out) {
     uint8_t in = 0;
     for (uint8_t bit = 0x80; bit != 0; bit >>= 1) {
-        in = (uint8_t)(in << 1) | PinsClock(out & bit);
+        in = (uint8_t)(in << 1 | PinsClock(out & bit));
     }
     return in;
 }
 
 /// The first two bytes, the third and the fourth; gives the answer to the fourth.
 static uint8_t Instruct(uint16_t head, uint8_t third, uint8_t fourth) {
-    Exchange(head >> 8);
+    Exchange((uint8_t)(head >> 8));
     Exchange((uint8_t)head);
     Exchange(third);
     return Exchange(fourth);
 }
 
 static uint8_t InstructAt(uint16_t instruction, uint16_t address, uint8_t byte) {
-    return Instruct(instruction | (address >> 8), (uint8_t)address, byte);
+    return Instruct((uint16_t)(instruction | address >> 8), (uint8_t)address, byte);
 }
 
 static bool EnableEchoes(void) {
     Exchange(kProgrammingEnable >> 8);
     Exchange((uint8_t)kProgrammingEnable);
-    const uint8_t echo = Exchange(0);
-    Exchange(0);
+    const uint8_t echo = Exchange(kAnyByte);
+    Exchange(kAnyByte);
     return echo == kEnableEcho;
 }
 
-/// Whoever tells its signature is what that says. A protected chip answers 00 01 02: it stays the
-/// one that was here before it was protected, if the PC still means that one.
-static const struct ChipKind* Identify(bool mute) {
+/// Null for what no chip says. Whoever tells its signature is what that says. A locked chip answers
+/// 00 01 02: it stays the one that was here before it was locked, if the PC still means that one.
+static const struct ChipKind* Identify(bool echoes) {
     static const struct ChipKind* known;
     const uint8_t vendor = Instruct(kReadSignature, 0, 0);
     const uint8_t size = Instruct(kReadSignature, 1, 0);
     const uint8_t family = Instruct(kReadSignature, 2, 0);
+    const struct ChipKind* silent = ChipKindSilent();
     if (vendor == 0 && size == 1 && family == 2) {
-        const bool same = !mute && known != NULL && known->code == deviceCode;
-        return same ? known : ChipKindHidden(deviceCode, mute);
+        const bool same = echoes && known != NULL && known->code == deviceCode;
+        return same ? known : echoes ? ChipKindLocked(deviceCode) : silent;
+    }
+    if (vendor != kVendor) {
+        return NULL;
     }
     known = ChipKindOf(size, family);
-    if (mute) {
-        return known == ChipKindHidden(deviceCode, true) ? known : NULL;
+    if (!echoes) {
+        return known == silent ? known : NULL;
     }
-    return known != NULL ? known : ChipKindHidden(0, false);
+    return known != NULL ? known : ChipKindLocked(0);
 }
 
 static void Reset(void) {
-    PinsSetReset(true);
-    TicksWait(MS(kResetPulseMs));
-    PinsSetReset(false);
+    PinsPulseReset();
     TicksWait(MS(kResetMs));
 }
 
-/// The AT90S1200 doesn't echo but tells its signature. Any other chip that doesn't echo may have
-/// missed clocks, so it gets some more before the next try. Each try begins with a reset: a chip
-/// that listens and only isn't heard, because a wire is loose, would take what comes out of step
-/// for instructions to write.
-static const struct ChipKind* Enable(void) {
-    for (uint8_t tries = 0; tries < kEnableTries; ++tries) {
-        Reset();
-        for (uint8_t extra = tries % kMostMissedClocks; extra > 0; --extra) {
-            PinsClock(false);
-        }
-        const bool echoes = EnableEchoes();
-        const struct ChipKind* found = Identify(!echoes);
-        if (found != NULL) {
-            return found;
+/// For a chip that has missed so many clocks after the reset.
+static const struct ChipKind* EnableAfter(uint8_t missedClocks) {
+    Reset();
+    while (missedClocks > 0) {
+        PinsClock(false);
+        --missedClocks;
+    }
+    return Identify(EnableEchoes());
+}
+
+/// One clock more at each try reaches any count of clocks that the chip has missed, and the last
+/// try is in step again. The first try is not: a chip that hears all and only isn't heard, because
+/// the wire of MISO is loose, is not enabled then, and doesn't take what comes out of step for
+/// instructions to write.
+static const struct ChipKind* EnableInAnyStep(void) {
+    Reset();
+    for (uint8_t tries = 0; tries < kClocksOfInstruction; ++tries) {
+        PinsClock(false);
+        if (EnableEchoes()) {
+            const struct ChipKind* found = Identify(true);
+            if (found != NULL) {
+                return found;
+            }
         }
     }
     return NULL;
+}
+
+/// The AT90S1200 doesn't echo and is known by its signature alone, so where the PC means a chip of
+/// its code, each step is tried after a reset of its own.
+static const struct ChipKind* Enable(void) {
+    const struct ChipKind* found = EnableAfter(0);
+    if (found == NULL && deviceCode != ChipKindSilent()->code) {
+        return EnableInAnyStep();
+    }
+    for (uint8_t missed = 1; found == NULL && missed < kClocksOfInstruction; ++missed) {
+        found = EnableAfter(missed);
+    }
+    return found;
 }
 
 void ChipSelect(uint8_t code) {
@@ -117,7 +143,9 @@ void ChipSelect(uint8_t code) {
 
 void ChipEnter(void) {
     PinsTake();
+    PinsStretchClock(true);
     kind = Enable();
+    PinsStretchClock(kind == ChipKindSilent());
     held = true;
 }
 
@@ -132,65 +160,69 @@ bool ChipIsHeld(void) {
 }
 
 uint8_t ChipReadSignature(uint8_t index) {
-    return kind == NULL ? 0xFF : Instruct(kReadSignature, index, 0);
+    return kind == NULL ? kNothing : Instruct(kReadSignature, index, 0);
 }
 
-/// While a byte is being written, it reads as 0x7F, 0x80, 0xFF or, on some chips, 0x00: those
-/// values don't tell whether it is done.
-static bool CanBePolled(uint8_t byte) {
-    const bool zeroIsFine = byte != 0x00 || !kind->zeroCannotBePolled;
-    return byte != 0x7F && byte != 0x80 && byte != 0xFF && zeroIsFine;
+static bool TellsWhenWritten(uint8_t byte, const struct BusyValues* busy) {
+    return kind->canPoll && byte != kErased && byte != busy->p1 && byte != busy->p2;
 }
 
-/// A protected chip, or one that was not erased, never shows the byte: the longest time ends it.
-static void AwaitWritten(uint16_t readInstruction, uint16_t address, uint8_t byte) {
+/// False when the byte doesn't read back in the longest time that a write may take: the chip is
+/// locked, wasn't erased, or is gone.
+static bool AwaitWritten(uint16_t readInstruction, uint16_t address, uint8_t byte,
+                         const struct BusyValues* busy) {
     const uint16_t longest = MS(kind->longestWriteMs);
-    if (!CanBePolled(byte)) {
+    if (!TellsWhenWritten(byte, busy)) {
         TicksWait(longest);
-        return;
+        return InstructAt(readInstruction, address, 0) == byte;
     }
     const uint16_t start = TicksNow();
-    while (InstructAt(readInstruction, address, 0) != byte &&
-           (uint16_t)(TicksNow() - start) <= longest) {
-        TicksWait(0);
+    bool overdue = false;
+    while (InstructAt(readInstruction, address, 0) != byte) {
+        if (overdue) {
+            return false;
+        }
+        overdue = (uint16_t)(TicksNow() - start) > longest;
     }
+    return true;
 }
 
 uint8_t ChipReadFlash(uint16_t word, bool high) {
     const uint16_t instruction = high ? kReadFlash | kHighByte : kReadFlash;
-    return kind == NULL ? 0xFF : InstructAt(instruction, word & kFlashAddressBits, 0);
+    return kind == NULL ? kNothing : InstructAt(instruction, word & kFlashAddressBits, 0);
 }
 
-void ChipWriteFlash(uint16_t word, bool high, uint8_t byte) {
+bool ChipWriteFlash(uint16_t word, bool high, uint8_t byte) {
     const uint16_t half = high ? kHighByte : 0;
-    if (kind == NULL || byte == 0xFF) {  // Flash can't be set to ones but by erasing
-        return;
+    if (kind == NULL || byte == kErased) {  // Flash can't be set to ones but by erasing
+        return kind != NULL;
     }
     word &= kFlashAddressBits;
     InstructAt(kWriteFlash | half, word, byte);
-    AwaitWritten(kReadFlash | half, word, byte);
+    return AwaitWritten(kReadFlash | half, word, byte, &kind->flash);
 }
 
 uint8_t ChipReadEeprom(uint16_t address) {
-    return kind == NULL ? 0xFF : InstructAt(kReadEeprom, address & kEepromAddressBits, 0);
+    return kind == NULL ? kNothing : InstructAt(kReadEeprom, address & kEepromAddressBits, 0);
 }
 
-void ChipWriteEeprom(uint16_t address, uint8_t byte) {
+bool ChipWriteEeprom(uint16_t address, uint8_t byte) {
     if (kind == NULL) {
-        return;
+        return false;
     }
     address &= kEepromAddressBits;
     InstructAt(kWriteEeprom, address, byte);
-    AwaitWritten(kReadEeprom, address, byte);
+    return AwaitWritten(kReadEeprom, address, byte, &kind->eeprom);
 }
 
-void ChipErase(void) {
+bool ChipErase(void) {
     if (kind == NULL) {
-        return;
+        return false;
     }
     Instruct(kChipErase, 0, 0);
     TicksWait(MS(kEraseMs));
     ChipEnter();  // after an erase the chip wants a reset pulse; and it tells its signature again
+    return kind != NULL;
 }
 
 static void WriteLockOrFuses(uint8_t byte) {
@@ -198,26 +230,28 @@ static void WriteLockOrFuses(uint8_t byte) {
     TicksWait(MS(kLockOrFusesMs));
 }
 
-void ChipWriteLock(uint8_t byte) {
+bool ChipWriteLock(uint8_t byte) {
     if (kind != NULL && (byte & 0xE0) == 0xE0) {
-        WriteLockOrFuses(0xF9 | (byte & 0x06));
+        WriteLockOrFuses((uint8_t)(0xF9 | (byte & 0x06)));
     }
+    return kind != NULL;
 }
 
-void ChipWriteFuses(uint8_t byte) {
+bool ChipWriteFuses(uint8_t byte) {
     if (kind == NULL || (byte & 0xE0) != 0xA0) {
-        return;
+        return kind != NULL;
     }
     if (kind->fuses == kOneFuse) {
-        WriteLockOrFuses(0xBE | (byte & 0x01));
+        WriteLockOrFuses((uint8_t)(0xBE | (byte & 0x01)));
     } else if (kind->fuses == kFiveFuses) {
         WriteLockOrFuses(byte);
     }
+    return true;
 }
 
 uint8_t ChipReadLock(void) {
     if (kind == NULL || kind->fuses == kNoFuses) {
-        return 0xFF;
+        return kNothing;
     }
     const uint8_t bits = Instruct(kReadLockAndFuse, 0, 0);
     switch (kind->fuses) {
@@ -232,7 +266,7 @@ uint8_t ChipReadLock(void) {
 
 uint8_t ChipReadFuses(void) {
     if (kind == NULL || kind->fuses != kFiveFuses) {
-        return 0xFF;
+        return kNothing;
     }
     return Instruct(kReadFuses, 0, 0) | 0xE0;
 }

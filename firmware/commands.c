@@ -18,6 +18,18 @@ static void Done(void) {
     LineWrite('\r');
 }
 
+static void Refuse(void) {
+    LineWrite('?');
+}
+
+static void DoneIf(bool confirmed) {
+    if (confirmed) {
+        Done();
+    } else {
+        Refuse();
+    }
+}
+
 static void Say(const char* text) {
     while (*text != '\0') {
         LineWrite((uint8_t)*text++);
@@ -41,6 +53,7 @@ static void SelectDevice(void) {
     Done();
 }
 
+/// Without a chip it is done too: the PC reads the signature next, and that tells it so.
 static void EnterProgramming(void) {
     ChipEnter();
     Done();
@@ -70,7 +83,7 @@ static void ReadSignature(void) {
 }
 
 static void SetAddress(void) {
-    address = (uint16_t)(arguments[0] << 8) | arguments[1];
+    address = (uint16_t)(arguments[0] << 8 | arguments[1]);
     Done();
 }
 
@@ -83,14 +96,13 @@ static void ReadWord(void) {
 }
 
 static void WriteLowByte(void) {
-    ChipWriteFlash(address, false, arguments[0]);
-    Done();
+    DoneIf(ChipWriteFlash(address, false, arguments[0]));
 }
 
 static void WriteHighByte(void) {
-    ChipWriteFlash(address, true, arguments[0]);
+    const bool confirmed = ChipWriteFlash(address, true, arguments[0]);
     ++address;
-    Done();
+    DoneIf(confirmed);
 }
 
 static void ReadData(void) {
@@ -98,23 +110,19 @@ static void ReadData(void) {
 }
 
 static void WriteData(void) {
-    ChipWriteEeprom(address, arguments[0]);
-    Done();
+    DoneIf(ChipWriteEeprom(address, arguments[0]));
 }
 
 static void Erase(void) {
-    ChipErase();
-    Done();
+    DoneIf(ChipErase());
 }
 
 static void WriteFuses(void) {
-    ChipWriteFuses(arguments[0]);
-    Done();
+    DoneIf(ChipWriteFuses(arguments[0]));
 }
 
 static void WriteLock(void) {
-    ChipWriteLock(arguments[0]);
-    Done();
+    DoneIf(ChipWriteLock(arguments[0]));
 }
 
 static void ReadLockAndFuse(void) {
@@ -174,7 +182,7 @@ static const struct Command* Find(uint8_t letter) {
 
 static bool ReadArguments(uint8_t count) {
     for (uint8_t i = 0; i < count; ++i) {
-        if (!LineRead(&arguments[i], ARGUMENT_TICKS)) {
+        if (LineRead(&arguments[i], ARGUMENT_TICKS) != kLineByte) {
             return false;
         }
     }
@@ -187,7 +195,7 @@ void CommandsCarryOut(uint8_t letter) {
         return;
     }
     if (command == NULL || (command->onlyWhileProgramming && !ChipIsHeld())) {
-        LineWrite('?');
+        Refuse();
         return;
     }
     command->carryOut();

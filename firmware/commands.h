@@ -4,6 +4,7 @@
 
 #include <stdint.h>
 
-/// Awaits the command's arguments, carries it out and answers. Without the arguments within a
-/// second the command is forgotten: the PC that began it has gone.
+/// Awaits the command's arguments, carries it out and answers; "?" for what can't be done or could
+/// not be confirmed. Without the arguments within a second, or when they were damaged, the command
+/// is forgotten.
 void CommandsCarryOut(uint8_t letter);

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
-// A writer board for AT90S chips: an ATmega328P at 16 MHz, such as an Arduino Uno or Nano, with six
-// wires to the chip.
+// A writer board for AT90S chips: an ATmega328P at 16 MHz, such as an Arduino Uno R3 or Nano, with
+// seven wires to the chip.
+//
+// @MEMORY@
 #include <avr/interrupt.h>
 #include <stdbool.h>
 #include <stdint.h>
@@ -11,8 +13,8 @@
 #include "pins.h"
 #include "ticks.h"
 
-// The longest pause that the PC makes in the middle of its work is one second.
-#define ABANDONED_TICKS (5000u * TICKS_PER_MS)
+// After a reply that got lost the PC waits five seconds and then goes on with its work.
+#define ABANDONED_TICKS (9000u * TICKS_PER_MS)
 
 int main(void) {
     PinsStart();
@@ -21,10 +23,18 @@ int main(void) {
     sei();
     for (;;) {
         uint8_t letter;
-        if (LineRead(&letter, ABANDONED_TICKS)) {
-            CommandsCarryOut(letter);
-        } else if (ChipIsHeld()) {
-            ChipLeave();  // the PC has gone
+        switch (LineRead(&letter, ABANDONED_TICKS)) {
+            case kLineByte:
+                CommandsCarryOut(letter);
+                break;
+            case kLineDisturbed:
+                LineAwaitSilence();
+                break;
+            case kLineSilent:
+                if (ChipIsHeld()) {
+                    ChipLeave();  // the PC has gone
+                }
+                break;
         }
     }
 }

@@ -15,12 +15,21 @@ enum {
     kOutputs = kClock | kReset | kMosi | kSck
 };
 
-// SCK must be high and low for more than two clocks of the chip each: with 5 us a chip may run at
-// anything above 400 kHz.
+// SCK must be high and low for more than two clocks of the chip each: with 5 us and what the
+// instructions around it take, a chip may run at 400 kHz or anything above. The AT90S1200 is
+// content with one clock low but wants more than four high, and for the same 400 kHz it gets 6 us
+// more.
 #define HALF_CLOCK_US 5
+#define STRETCH_US 6
+// More than two clocks of a chip at 400 kHz, and time for the capacitor that some circuits have at
+// RESET. Most chips need longer to start their program.
+#define RESET_US 200
 #define CHIP_CLOCK_HZ 1000000UL
 
+static bool stretchClock;
+
 static void StartClock(void) {
+    TCNT1 = 0;
     OCR1A = F_CPU / 2 / CHIP_CLOCK_HZ - 1;
     TCCR1A = _BV(COM1A0);             // toggle the pin at each match
     TCCR1B = _BV(WGM12) | _BV(CS10);  // start again at each match; no prescaler
@@ -31,6 +40,14 @@ static void StopClock(void) {
     TCCR1A = 0;
 }
 
+static void SetReset(bool high) {
+    if (high) {
+        PORTB |= kReset;
+    } else {
+        PORTB &= (uint8_t)~kReset;
+    }
+}
+
 void PinsStart(void) {
     StopClock();
     PORTB = 0;
@@ -38,37 +55,45 @@ void PinsStart(void) {
 }
 
 void PinsTake(void) {
-    PORTB = (PORTB & kLed) | kReset | kMiso;
+    SetReset(false);
+    DDRB |= kReset;
+    _delay_us(RESET_US);
+    PORTB = (uint8_t)((PORTB & kLed) | kMiso);
     DDRB = kLed | kOutputs;
     StartClock();
 }
 
 void PinsRelease(void) {
-    PinsSetReset(true);
+    SetReset(true);
     StopClock();
     DDRB = kLed;
     PORTB &= kLed;  // without this the pull-ups stay
 }
 
-void PinsSetReset(bool high) {
-    if (high) {
-        PORTB |= kReset;
-    } else {
-        PORTB &= ~kReset;
-    }
+void PinsPulseReset(void) {
+    SetReset(true);
+    _delay_us(RESET_US);
+    SetReset(false);
+}
+
+void PinsStretchClock(bool stretch) {
+    stretchClock = stretch;
 }
 
 bool PinsClock(bool bit) {
     if (bit) {
         PORTB |= kMosi;
     } else {
-        PORTB &= ~kMosi;
+        PORTB &= (uint8_t)~kMosi;
     }
     _delay_us(HALF_CLOCK_US);
     PORTB |= kSck;
     _delay_us(HALF_CLOCK_US);
+    if (stretchClock) {
+        _delay_us(STRETCH_US);
+    }
     const bool answer = PINB & kMiso;
-    PORTB &= ~kSck;
+    PORTB &= (uint8_t)~kSck;
     return answer;
 }
 
@@ -76,6 +101,6 @@ void PinsSetLed(bool on) {
     if (on) {
         PORTB |= kLed;
     } else {
-        PORTB &= ~kLed;
+        PORTB &= (uint8_t)~kLed;
     }
 }

@@ -18,7 +18,7 @@ ISR(TIMER2_COMPA_vect) {
 void TicksStart(void) {
     MCUSR = 0;  // a watchdog that bit would stay on and bite again
     wdt_enable(WDTO_1S);
-    set_sleep_mode(SLEEP_MODE_IDLE);
+    SMCR = 0;  // sleep is idling: the timers and the UART go on
     OCR2A = F_CPU / PRESCALER / TICKS_PER_SECOND - 1;
     TCCR2A = _BV(WGM21);  // start again at each match
     TCCR2B = _BV(CS22);   // F_CPU / 64

@@ -6,7 +6,8 @@
 
 #define TICKS_PER_MS 4u
 
-/// Starts timer 2 and the watchdog, which resets the board unless somebody rests now and then.
+/// Starts timer 2 and the watchdog, which resets the board when nobody rests, reads or writes a
+/// byte for a second.
 void TicksStart(void);
 
 /// Goes round at 16 seconds: good for differences below that.

@@ -35,6 +35,8 @@ class SimulatedWriter {
     void ClearFaults() { faults_.clear(); }
 
     int CommandCount() const { return commands_; }
+    /// The Flash word or EEPROM byte of the next command.
+    int Address() const { return address_; }
     bool InProgrammingMode() const { return programming_; }
     bool LedIsOn() const { return led_; }
 

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <cstdarg>
 #include <cstdlib>
+#include <utility>
 
 extern "C" {
 #include <simavr/avr_ioport.h>
@@ -27,9 +28,13 @@ enum Register : std::uint16_t {
     kPortB = 0x25,
     kTccr1A = 0x80,
     kTccr1B = 0x81,
+    kTcnt1L = 0x84,
+    kTcnt1H = 0x85,
     kOcr1AL = 0x88,
     kOcr1AH = 0x89,
     kUcsr0A = 0xC0,
+    kUcsr0B = 0xC1,
+    kUcsr0C = 0xC2,
     kUbrr0L = 0xC4,
     kUbrr0H = 0xC5
 };
@@ -38,6 +43,9 @@ constexpr int kClockPin = 1;
 constexpr std::uint8_t kToggleAtMatch = 0x40;       // in TCCR1A
 constexpr std::uint8_t kRestartUnprescaled = 0x09;  // in TCCR1B
 constexpr std::uint8_t kDoubleSpeed = 0x02;         // in UCSR0A
+constexpr std::uint8_t kFrameMask = 0xFE;           // in UCSR0C: mode, parity, stop and data bits
+constexpr std::uint8_t kFrame8N1 = 0x06;
+constexpr std::uint8_t kNinthBit = 0x04;  // in UCSR0B
 constexpr std::uint8_t kJumpToItself[] = {0xFF, 0xCF};
 
 // Where the library would write to the terminal and let the computer sleep.
@@ -156,13 +164,35 @@ double AvrCore::Baud() const {
     return static_cast<double>(kHertz) / divisor / ((data[kUcsr0A] & kDoubleSpeed) != 0 ? 8 : 16);
 }
 
-void AvrCore::Receive(std::uint8_t byte) {
-    avr_raise_irq(avr_io_getirq(avr_, AVR_IOCTL_UART_GETIRQ('0'), UART_IRQ_INPUT), byte);
+bool AvrCore::FrameIs8N1() const {
+    const std::uint8_t* data = avr_->data;
+    return (data[kUcsr0C] & kFrameMask) == kFrame8N1 && (data[kUcsr0B] & kNinthBit) == 0;
 }
 
-void AvrCore::SetInput(int pin, std::optional<bool> level) {
-    const bool seen = level.value_or((port_.levels >> pin & 1) != 0);
-    avr_raise_irq(avr_io_getirq(avr_, AVR_IOCTL_IOPORT_GETIRQ('B'), pin), seen ? 1 : 0);
+void AvrCore::Receive(std::uint8_t byte, bool damaged) {
+    avr_raise_irq(avr_io_getirq(avr_, AVR_IOCTL_UART_GETIRQ('0'), UART_IRQ_INPUT),
+                  damaged ? byte | std::uint32_t{UART_INPUT_FE} : byte);
+}
+
+void AvrCore::LeaveAsBootLoader() {
+    constexpr std::pair<Register, int> kLeft[] = {{kUcsr0A, kDoubleSpeed}, {kUbrr0L, 16},
+                                                  {kUcsr0B, 0x18},         {kTccr1B, 0x05},
+                                                  {kTcnt1L, 0xFF},         {kTcnt1H, 0xF0}};
+    for (const auto& [address, value] : kLeft) {
+        const auto& write = avr_->io[AVR_DATA_TO_IO(address)].w;
+        if (write.c) {
+            write.c(avr_, address, static_cast<std::uint8_t>(value), write.param);
+        } else {
+            avr_->data[address] = static_cast<std::uint8_t>(value);
+        }
+    }
+    for (const char byte : {'e', '0', ' '}) {
+        Receive(static_cast<std::uint8_t>(byte));
+    }
+}
+
+void AvrCore::SetInput(int pin, bool level) {
+    avr_raise_irq(avr_io_getirq(avr_, AVR_IOCTL_IOPORT_GETIRQ('B'), pin), level ? 1 : 0);
 }
 
 bool AvrCore::HasStopped() const {

@@ -36,6 +36,10 @@ class AvrCore {
     /// Nothing when it worked, else the reason. To be called once, before anything else.
     std::optional<QString> Load(const QString& hexFile);
 
+    /// Sets the registers as boot loaders leave them: the UART at another speed and with bytes in
+    /// it, timer 1 running at the LED's pace. To be called before the program runs.
+    void LeaveAsBootLoader();
+
     /// Called at the moment at which it happens, from within `RunTo`.
     std::function<void(std::uint8_t byte)> onTransmit;  ///< the byte begins
     std::function<void()> onPortB;                      ///< it or the clock output has changed
@@ -47,11 +51,12 @@ class AvrCore {
     double ClockOutput() const { return clockOutput_; }
     /// How fast the program has set the line.
     double Baud() const;
-    /// A byte begins on the line to the program.
-    void Receive(std::uint8_t byte);
-    /// What somebody else puts on a pin; nothing = it floats. To be told again after every change
-    /// of the port, which makes pulled-up pins high.
-    void SetInput(int pin, std::optional<bool> level);
+    /// Whether it has set 8 data bits, no parity and 1 stop bit.
+    bool FrameIs8N1() const;
+    /// A byte begins on the line to the program; a damaged one has no stop bit.
+    void Receive(std::uint8_t byte, bool damaged = false);
+    /// The level of an input pin. To be told again after every change of the port.
+    void SetInput(int pin, bool level);
     /// Another end than the power's: the program crashed or fell asleep for ever.
     bool HasStopped() const;
     /// Puts an endless loop in the program's way.

@@ -28,47 +28,57 @@ void ChipSocket::SetLines(const Lines& lines, Instant now) {
     if (!programming_) {
         return;
     }
-    const bool resetHigh = lines.reset.value_or(true);
-    if (resetHigh != resetHigh_) {
-        if (!resetHigh && TooShort(now - resetChange_, lines)) {
-            programming_->Violate(u"the reset pulse is too short"_s, now);
-        }
-        if (!resetHigh && lines.sck != false) {
-            programming_->Violate(u"SCK is not low when RESET goes low"_s, now);
-        }
-        NoticeReset(resetHigh, now);
-    }
-    if (!resetHigh_ && (!lines.sck || !lines.mosi)) {
-        programming_->Violate(u"a line floats while RESET is low"_s, now);
+    NoticeDrive(lines, now);
+    if (lines.reset.value_or(true) != resetHigh_) {
+        NoticeReset(lines, now);
     }
     if (lines.sck.value_or(false) != sckHigh_) {
         NoticeClock(lines, now);
     }
+    lines_ = lines;
 }
 
-void ChipSocket::NoticeReset(bool high, Instant now) {
-    resetHigh_ = high;
+/// A chip that runs may drive SCK and MOSI itself. In reset the board drives them from then on.
+void ChipSocket::NoticeDrive(const Lines& lines, Instant now) {
+    for (const auto line : {&Lines::sck, &Lines::mosi}) {
+        if (resetHigh_ && !(lines_.*line) && lines.*line) {
+            programming_->Violate(u"a line is driven while the chip may drive it"_s, now);
+        }
+        if (!resetHigh_ && lines_.*line && !(lines.*line)) {
+            programming_->Violate(u"a line floats while RESET is low"_s, now);
+        }
+    }
+}
+
+void ChipSocket::NoticeReset(const Lines& lines, Instant now) {
+    if (lines_.reset == true && !MoreThan(2, now - resetChange_, lines)) {
+        programming_->Violate(u"the reset pulse is too short"_s, now);
+    }
+    resetHigh_ = !resetHigh_;
     resetChange_ = now;
+    readyForClocks_ = !resetHigh_ && lines.sck == false;
     bits_ = 0;
     answer_ = 0xFF;
     miso_ = true;
     missing_ = options_.missedClocks;
-    if (high) {
+    if (resetHigh_) {
         programming_->ResetGoesHigh(now);
     } else {
         programming_->ResetGoesLow();
     }
 }
 
-/// Two clocks of the chip must fit in.
-bool ChipSocket::TooShort(Instant time, const Lines& lines) const {
+/// More than so many clocks of the chip fit in.
+bool ChipSocket::MoreThan(int clocks, Instant time, const Lines& lines) const {
     const double hertz = options_.ownClockHertz.value_or(lines.clockHertz);
-    return static_cast<double>(time.count()) * hertz <= 2 * kNanosecondsPerSecond;
+    return static_cast<double>(time.count()) * hertz > clocks * kNanosecondsPerSecond;
 }
 
 void ChipSocket::NoticeClock(const Lines& lines, Instant now) {
+    const ChipRules& rules = programming_->Rules();
+    const int clocks = sckHigh_ ? rules.sckHighClocks : rules.sckLowClocks;
+    const bool tooFast = !MoreThan(clocks, now - sckChange_, lines);
     sckHigh_ = !sckHigh_;
-    const bool tooFast = TooShort(now - sckChange_, lines);
     sckChange_ = now;
     if (resetHigh_) {
         programming_->Violate(u"SCK moves while RESET is high"_s, now);
@@ -80,6 +90,12 @@ void ChipSocket::NoticeClock(const Lines& lines, Instant now) {
     if (!sckHigh_) {
         miso_ = (answer_ >> (7 - bits_ % 8) & 1) != 0;
         return;
+    }
+    if (!readyForClocks_) {
+        programming_->Violate(u"SCK was not low when RESET went low"_s, now);
+    }
+    if (!lines.mosi) {
+        programming_->Violate(u"MOSI floats while SCK moves"_s, now);
     }
     if (now - resetChange_ < kResetTime) {
         programming_->Violate(u"SCK moves too soon after RESET went low"_s, now);
@@ -104,8 +120,6 @@ void ChipSocket::TakeBit(bool bit, Instant now) {
     if (bits_ == 32) {
         programming_->Finish(bytes_, begun_, now);
         bits_ = 0;
-        answer_ = 0xFF;
-        return;
     }
     answer_ = programming_->Answer(bytes_, bits_ / 8, begun_, now);
 }

@@ -11,8 +11,8 @@ namespace tolvex {
 using Level = std::optional<bool>;
 
 /// The socket as the wires see it: from levels and their times to bits, bytes and instructions. It
-/// notes clocks that are too fast, lines that float when they shouldn't, and a reset that isn't
-/// one.
+/// notes clocks that are too fast, lines that float or are driven when they shouldn't, and a reset
+/// that isn't one.
 class ChipSocket {
   public:
     using Instant = SerialProgramming::Instant;
@@ -34,14 +34,17 @@ class ChipSocket {
     QStringList Violations() const;
 
   private:
-    void NoticeReset(bool high, Instant now);
+    void NoticeDrive(const Lines& lines, Instant now);
+    void NoticeReset(const Lines& lines, Instant now);
     void NoticeClock(const Lines& lines, Instant now);
     void TakeBit(bool bit, Instant now);
-    bool TooShort(Instant time, const Lines& lines) const;
+    bool MoreThan(int clocks, Instant time, const Lines& lines) const;
 
     ChipOptions options_;
     std::optional<SerialProgramming> programming_;  // the chip's inside
+    Lines lines_;                                   // as they were
     bool resetHigh_ = true;
+    bool readyForClocks_ = false;  // RESET went low while SCK was
     bool sckHigh_ = false;
     Instant resetChange_{0};
     Instant sckChange_{0};

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace tolvex {
 
@@ -17,7 +18,7 @@ constexpr Board::Instant kByteTime{10'000'000'000 / kBaud};
 constexpr Board::Instant kLessThanByte{500'000};
 constexpr Board::Instant kLongestCommand = 3s;
 constexpr Board::Instant kIdleRest = 50ms;
-constexpr Board::Instant kStartTime{10'000'000};
+constexpr Board::Instant kStartTime = 30ms;
 
 // The wiring on port B.
 constexpr int kResetPin = 2;
@@ -28,22 +29,44 @@ constexpr std::uint8_t kLinesToChip = 0x3E;  // these and the clock output
 
 }  // namespace
 
-FirmwareBoard::FirmwareBoard(ChipSocket& socket) : socket_(socket), toBoard_(kBaud), toPc_(kBaud) {
+FirmwareBoard::FirmwareBoard(ChipSocket& socket, unsigned seed)
+    : socket_(socket), toBoard_(kBaud), toPc_(kBaud), noise_(seed) {
     core_.onPortB = [this] { UpdateLines(); };
-    core_.onTransmit = [this](std::uint8_t byte) {
-        pcBound_.push_back({toPc_.Arrival(core_.Now()), byte});
-        if (socket_.IsBusy(core_.Now())) {
-            violations_ << u"an answer goes out while the chip is writing"_s;
-        }
-    };
+    core_.onTransmit = [this](std::uint8_t byte) { NoticeTransmission(byte); };
 }
 
-std::optional<QString> FirmwareBoard::Load(const QString& hexFile) {
-    const auto reason = core_.Load(hexFile);
-    if (!reason) {
-        core_.RunTo(kStartTime);
+std::optional<QString> FirmwareBoard::Load(const QString& hexFile, Start start) {
+    if (const auto reason = core_.Load(hexFile)) {
+        return reason;
     }
-    return reason;
+    if (start == Start::AfterBootLoader) {
+        core_.LeaveAsBootLoader();
+    }
+    core_.RunTo(kStartTime);
+    return std::nullopt;
+}
+
+void FirmwareBoard::Violate(const QString& what) {
+    const double seconds = std::chrono::duration<double>(core_.Now()).count();
+    violations_ << u"%1 s: %2"_s.arg(seconds, 0, 'f', 6).arg(what);
+}
+
+void FirmwareBoard::NoticeTransmission(std::uint8_t byte) {
+    JudgeLine();
+    pcBound_.push_back({toPc_.Arrival(core_.Now()), byte});
+    answered_ = true;
+    if (socket_.IsBusy(core_.Now())) {
+        Violate(u"an answer goes out while the chip is writing"_s);
+    }
+}
+
+void FirmwareBoard::JudgeLine() {
+    if (std::abs(core_.Baud() - kBaud) > kBaudTolerance) {
+        Violate(u"the line runs at %1 baud"_s.arg(core_.Baud()));
+    }
+    if (!core_.FrameIs8N1()) {
+        Violate(u"the line's frames are not 8N1"_s);
+    }
 }
 
 Level FirmwareBoard::LevelOf(int pin) const {
@@ -52,9 +75,15 @@ Level FirmwareBoard::LevelOf(int pin) const {
 }
 
 void FirmwareBoard::UpdateLines() {
-    socket_.SetLines({LevelOf(kResetPin), LevelOf(kSckPin), LevelOf(kMosiPin), core_.ClockOutput()},
+    const Level sck = LevelOf(kSckPin);
+    if (std::exchange(sck_, sck) == false && sck == true && answered_ && !streams_) {
+        Violate(u"the chip is worked on after the answer"_s);
+    }
+    socket_.SetLines({LevelOf(kResetPin), sck, LevelOf(kMosiPin), core_.ClockOutput()},
                      core_.Now());
-    core_.SetInput(kMisoPin, socket_.Miso());
+    const bool pulledUp = (core_.Port().levels >> kMisoPin & 1) != 0;
+    const bool floating = pulledUp || (noise_() >> 8 & 1) != 0;
+    core_.SetInput(kMisoPin, socket_.Miso().value_or(floating));
 }
 
 bool FirmwareBoard::ChipIsReleased() const {
@@ -69,6 +98,11 @@ void FirmwareBoard::Send(QByteArrayView bytes, Instant now) {
     }
 }
 
+void FirmwareBoard::SendDamaged(std::uint8_t byte, Instant now) {
+    lastByte_ = toBoard_.Arrival(now - offset_);
+    boardBound_.push_back({lastByte_ - kByteTime, byte, true});
+}
+
 std::optional<Board::Instant> FirmwareBoard::NextDue() const {
     const bool idle = core_.Now() - lastByte_ > kLongestCommand;
     const Instant soon = core_.Now() + (idle ? kIdleRest : kLessThanByte);
@@ -79,15 +113,14 @@ Board::Events FirmwareBoard::Run(Instant now) {
     const Instant end = now - offset_;
     while (!boardBound_.empty() && boardBound_.front().at <= end) {
         core_.RunTo(boardBound_.front().at);
-        if (std::abs(core_.Baud() - kBaud) > kBaudTolerance) {
-            violations_ << u"the line runs at %1 baud"_s.arg(core_.Baud());
-        }
-        core_.Receive(boardBound_.front().value);
+        JudgeLine();
+        answered_ = false;
+        core_.Receive(boardBound_.front().value, boardBound_.front().damaged);
         boardBound_.pop_front();
     }
     core_.RunTo(end);
     if (core_.HasStopped()) {
-        violations_ << u"the firmware has crashed"_s;
+        Violate(u"the firmware has crashed"_s);
     }
     Events events;
     while (!pcBound_.empty() && pcBound_.front().at <= end) {

@@ -8,6 +8,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kMostMissedClocks = 31;
+constexpr int kMostSeed = 1'000'000;
 constexpr int kFastestChip = 12'000'000;  // Hz
 
 QList<OptionRow> FirmwareRows(const QString& hex) {
@@ -21,6 +22,9 @@ QList<OptionRow> FirmwareRows(const QString& hex) {
         {{u"missed-clocks"_s, u"The chip misses the first N clocks after a reset."_s, u"N"_s,
           u"0"_s},
          kMostMissedClocks},
+        {{u"seed"_s, u"Another noise on lines that float, and in bits without a meaning."_s, u"N"_s,
+          u"1"_s},
+         kMostSeed},
     };
 }
 
@@ -42,6 +46,7 @@ std::variant<FirmwareOptions, OptionAnswer> ParseFirmwareOptions(const QStringLi
     options.chip.lowSupply = parser.IsSet(u"low-supply"_s);
     options.chip.ownClockHertz = parser.Number(u"clock"_s);
     options.chip.missedClocks = parser.Number(u"missed-clocks"_s).value_or(0);
+    options.chip.seed = static_cast<unsigned>(parser.Number(u"seed"_s).value_or(1));
     return options;
 }
 

@@ -19,7 +19,7 @@ std::optional<QString> Serve(const FirmwareOptions& options) {
         return reason;
     }
     ChipSocket socket(program.Chip(), options.chip);
-    FirmwareBoard board(socket);
+    FirmwareBoard board(socket, options.chip.seed);
     if (const auto reason = board.Load(options.hex)) {
         return reason;
     }
@@ -27,7 +27,10 @@ std::optional<QString> Serve(const FirmwareOptions& options) {
         return reason;
     }
     board.StartsAt(std::chrono::steady_clock::now().time_since_epoch());
-    const auto reason = program.Serve(board);
+    auto reason = program.Serve(board);
+    if (reason) {
+        *reason += u"\n(noise: --seed %1)"_s.arg(options.chip.seed);
+    }
     const auto unsaved = program.SaveChip();
     return reason ? reason : unsaved;
 }

@@ -4,18 +4,17 @@
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
 enum class SerialProgramming::Act {
     Enable,
     Erase,
-    ReadSignature,
-    ReadFlash,
     WriteFlash,
-    ReadEeprom,
     WriteEeprom,
     WriteLock,
     WriteFuses,
+    ReadSignature,
+    ReadFlash,
+    ReadEeprom,
     ReadLock,
     ReadFuses
 };
@@ -30,10 +29,8 @@ constexpr int kOne = Layout(FuseLayout::FSTRT) | Layout(FuseLayout::RCEN);
 constexpr int kFive = Layout(FuseLayout::BodCksel);
 constexpr int kAll = Layout(FuseLayout::None) | kOne | kFive;
 
-constexpr std::uint8_t kEcho = 0x53;
 constexpr std::uint8_t kHighByte = 0x08;
-constexpr std::uint8_t kIdle = 0xFF;
-constexpr auto kEraseTime = 20ms;
+constexpr std::uint8_t kIdle = 0xFF;  // of a chip that doesn't echo
 
 std::uint8_t Byte(int value) {
     return static_cast<std::uint8_t>(value);
@@ -71,7 +68,7 @@ const SerialProgramming::Instruction SerialProgramming::kInstructions[] = {
 // clang-format on
 
 SerialProgramming::SerialProgramming(SimulatedChip& chip, const ChipOptions& options)
-    : chip_(chip), options_(options) {}
+    : chip_(chip), options_(options), rules_(RulesOf(chip.Model())), noise_(options.seed) {}
 
 void SerialProgramming::Violate(const QString& what, Instant now) {
     const double seconds = std::chrono::duration<double>(now).count();
@@ -112,20 +109,29 @@ bool SerialProgramming::Polls(const Instruction& instruction, const Bytes& bytes
     return flash || (instruction.act == Act::ReadEeprom && (*writing_)[0] == 0xC0);
 }
 
+/// A chip in step shifts out what it took, a byte later; one that is not enabled does so for
+/// Programming Enable alone, and nobody knows what else it shifts out.
 std::uint8_t SerialProgramming::Answer(const Bytes& bytes, int index, Instant begun, Instant now) {
-    const bool mute = chip_.Model().signature[1] == 0x90;
+    const std::uint8_t before = index == 0 ? bytes[3] : bytes[static_cast<std::size_t>(index - 1)];
+    const std::uint8_t echo = rules_.echoes ? before : kIdle;
+    const bool enabling = index > 0 && bytes[0] == 0xAC && (index == 1 || bytes[1] == 0x53);
+    if (!enabled_ && !enabling) {
+        return rules_.echoes ? Noise() : kIdle;
+    }
     const Instruction* instruction = index >= 2 ? Find(bytes) : nullptr;
     if (index == 2 && instruction && instruction->act == Act::Enable) {
         enabled_ = true;
-        return mute ? kIdle : kEcho;
     }
-    if (!enabled_ || index != 3 || !instruction) {
-        return kIdle;
+    if (index != 3 || !instruction || instruction->act < Act::ReadSignature) {
+        return echo;
     }
-    if (begun < busyUntil_ && Polls(*instruction, bytes)) {
-        return now < busyUntil_ ? BusyValue() : Read(*instruction, bytes);
+    if (begun >= busyUntil_) {
+        return Read(*instruction, bytes);
     }
-    return begun < busyUntil_ ? kIdle : Read(*instruction, bytes);
+    if (!Polls(*instruction, bytes)) {
+        return Noise();
+    }
+    return now < busyUntil_ ? BusyValue(*instruction, now) : Read(*instruction, bytes);
 }
 
 void SerialProgramming::Finish(const Bytes& bytes, Instant begun, Instant now) {
@@ -151,7 +157,7 @@ std::uint8_t SerialProgramming::Read(const Instruction& instruction, const Bytes
     const std::uint8_t lock = chip_.Contents().lock;
     switch (instruction.act) {
         case Act::ReadSignature:
-            return (bytes[2] & 3) == 3 ? kIdle : chip_.ReadSignature()[bytes[2] & 3];
+            return (bytes[2] & 3) == 3 ? Noise() : chip_.ReadSignature()[bytes[2] & 3];
         case Act::ReadFlash:
             return (bytes[0] & kHighByte) != 0 ? chip_.ReadFlashHigh(Address(bytes))
                                                : chip_.ReadFlashLow(Address(bytes));
@@ -172,13 +178,8 @@ std::uint8_t SerialProgramming::Read(const Instruction& instruction, const Bytes
 }
 
 void SerialProgramming::Write(const Instruction& instruction, const Bytes& bytes, Instant now) {
-    const auto byteTime =
-        SlowKind() ? (options_.lowSupply ? 20ms : 9ms) : (options_.lowSupply ? 9ms : 4ms);
-    const auto bitsTime = options_.lowSupply ? 20ms : 9ms;
-    const auto busy = [this, now](Instant time, std::optional<Bytes> writing) {
-        busyUntil_ = now + time;
-        writing_ = writing;
-    };
+    const auto byteTime = options_.lowSupply ? rules_.byteWriteLowSupply : rules_.byteWrite;
+    const auto bitsTime = options_.lowSupply ? rules_.bitsWriteLowSupply : rules_.bitsWrite;
     switch (instruction.act) {
         case Act::WriteFlash:
             if ((bytes[0] & kHighByte) != 0) {
@@ -186,43 +187,38 @@ void SerialProgramming::Write(const Instruction& instruction, const Bytes& bytes
             } else {
                 chip_.ProgramFlashLow(Address(bytes), bytes[3]);
             }
-            return busy(byteTime, bytes);
+            return StartWork(byteTime, now, bytes);
         case Act::WriteEeprom:
             chip_.ProgramEeprom(Address(bytes), bytes[3]);
-            return busy(byteTime, bytes);
+            return StartWork(byteTime, now, bytes);
         case Act::Erase:
             chip_.Erase();
-            return busy(kEraseTime, {});
+            return StartWork(rules_.erase, now, {});
         case Act::WriteLock:
             chip_.ProgramLock(bytes[1]);
-            return busy(bitsTime, {});
+            return StartWork(bitsTime, now, {});
         case Act::WriteFuses:
             chip_.ProgramFuses(bytes[1]);
-            return busy(bitsTime, {});
+            return StartWork(bitsTime, now, {});
         default:
             return;
     }
 }
 
-/// What a byte reads as while it is being written: any of these, so that whoever takes one of them
-/// for the byte is caught.
-std::uint8_t SerialProgramming::BusyValue() {
-    static constexpr std::uint8_t kValues[] = {0xFF, 0x7F, 0x80, 0x00};
-    const QStringView name = chip_.Model().name;
-    const bool zeroToo = name == u"AT90S2323" || name == u"AT90S2343";
-    return kValues[busyReads_++ % (zeroToo ? 4 : 3)];
+void SerialProgramming::StartWork(std::chrono::milliseconds time, Instant now,
+                                  std::optional<Bytes> writing) {
+    busySince_ = now;
+    busyUntil_ = now + time;
+    writing_ = writing;
 }
 
-/// Bits without a meaning are never the same twice.
+std::uint8_t SerialProgramming::BusyValue(const Instruction& instruction, Instant now) const {
+    const BusyValues& values = instruction.act == Act::ReadFlash ? rules_.flash : rules_.eeprom;
+    return now - busySince_ < (busyUntil_ - busySince_) / 2 ? values.first : values.second;
+}
+
 std::uint8_t SerialProgramming::Noise() {
-    noise_ = noise_ * 5 + 0x5B;
-    return Byte(static_cast<int>(noise_ & 0xFF));
-}
-
-bool SerialProgramming::SlowKind() const {
-    static const QStringList kSlow = {u"AT90S2323"_s, u"AT90S2333"_s, u"AT90S2343"_s,
-                                      u"AT90S4433"_s, u"AT90S8535"_s};
-    return kSlow.contains(chip_.Model().name);
+    return Byte(static_cast<int>(noise_() >> 8 & 0xFF));
 }
 
 }  // namespace tolvex

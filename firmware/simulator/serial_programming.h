@@ -6,7 +6,9 @@
 #include <chrono>
 #include <cstdint>
 #include <optional>
+#include <random>
 
+#include "firmware/simulator/chip_rules.h"
 #include "writer/simulated_chip.h"
 
 namespace tolvex {
@@ -14,13 +16,14 @@ namespace tolvex {
 /// What differs from one socket to the next.
 struct ChipOptions {
     std::optional<double> ownClockHertz = {};  ///< none = the chip takes the clock of the board
-    bool lowSupply = false;   ///< writing takes the longest time instead of the shortest
-    int missedClocks = 0;     ///< clocks after a reset that the chip misses
-    bool misoBroken = false;  ///< the chip hears but isn't heard
+    bool lowSupply = false;                    ///< writing takes the longest time, not the shortest
+    int missedClocks = 0;                      ///< clocks after a reset that the chip misses
+    bool misoBroken = false;                   ///< the chip hears but isn't heard
+    unsigned seed = 1;                         ///< of all noise: what floats, what is undefined
 };
 
-/// The inside of a chip that is being programmed: takes four-byte instructions, answers, and
-/// notes every one that a real chip would not be obliged to carry out.
+/// The inside of a chip that is being programmed: takes four-byte instructions, answers, and notes
+/// every one that a real chip would not be obliged to carry out.
 class SerialProgramming {
   public:
     using Instant = std::chrono::nanoseconds;
@@ -29,9 +32,13 @@ class SerialProgramming {
     /// `chip` is not owned.
     SerialProgramming(SimulatedChip& chip, const ChipOptions& options);
 
+    const ChipRules& Rules() const { return rules_; }
+
     void ResetGoesLow();
     void ResetGoesHigh(Instant now);
-    /// The answer during byte `index` of an instruction whose earlier bytes are known.
+    /// What the chip shifts out during byte `index` (0 to 3) of an instruction whose earlier bytes
+    /// are known; during byte 0 `bytes` is the instruction before. `begun` is when the instruction
+    /// began.
     std::uint8_t Answer(const Bytes& bytes, int index, Instant begun, Instant now);
     void Finish(const Bytes& bytes, Instant begun, Instant now);
 
@@ -51,18 +58,18 @@ class SerialProgramming {
     bool Polls(const Instruction& instruction, const Bytes& bytes) const;
     std::uint8_t Read(const Instruction& instruction, const Bytes& bytes);
     void Write(const Instruction& instruction, const Bytes& bytes, Instant now);
-    std::uint8_t BusyValue();
+    void StartWork(std::chrono::milliseconds time, Instant now, std::optional<Bytes> writing);
+    std::uint8_t BusyValue(const Instruction& instruction, Instant now) const;
     std::uint8_t Noise();
-    bool SlowKind() const;
 
     SimulatedChip& chip_;
     ChipOptions options_;
+    ChipRules rules_;
     bool enabled_ = false;
     bool firstInstruction_ = true;
-    Instant busyUntil_{0};
+    Instant busySince_{0}, busyUntil_{0};
     std::optional<Bytes> writing_;  // a byte, until busyUntil_
-    unsigned busyReads_ = 0;
-    unsigned noise_ = 0;
+    std::minstd_rand noise_;
     QStringList violations_;
 };
 

@@ -10,27 +10,30 @@ namespace {
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-/// An AT90S2313 at 1 MHz on a script: "low" and "high" for RESET, "float" for SCK, "19ms" to wait,
-/// "fast" for a fast SCK from then on, eight digits for an instruction, and "=12" for its answer.
+/// A chip at 1 MHz on a script: "low" and "high" for RESET, "float" and "drive" for SCK and MOSI,
+/// "19ms" to wait, "fast" for a fast SCK from then on, eight digits for an instruction, and
+/// "=12345678" for what came back during it.
 class Wires {
   public:
-    Wires() : chip_(*FindChipModel(u"AT90S2313")), socket_(&chip_, {.ownClockHertz = 1e6}) {}
+    explicit Wires(QStringView chip)
+        : chip_(*FindChipModel(chip)), socket_(&chip_, {.ownClockHertz = 1e6}) {}
 
     /// What the socket noticed first.
     QString Play(const QString& script) {
-        for (const QString& step : script.split(u' ')) {
+        for (const QString& step : script.split(u' ', Qt::SkipEmptyParts)) {
             if (step == u"low"_s || step == u"high"_s) {
                 lines_.reset = step == u"high"_s;
                 Tell(1ms);
-            } else if (step == u"float"_s) {
-                lines_.sck.reset();
+            } else if (step == u"float"_s || step == u"drive"_s) {
+                lines_.sck = step == u"drive"_s ? Level(false) : std::nullopt;
+                lines_.mosi = lines_.sck;
                 Tell(1ms);
             } else if (step == u"fast"_s) {
                 halfClock_ = 2us;
             } else if (step.endsWith(u"ms"_s)) {
                 now_ += std::chrono::milliseconds(step.chopped(2).toInt());
             } else if (step.startsWith(u'=')) {
-                EXPECT_EQ(answer_ & 0xFF, step.mid(1).toInt(nullptr, 16)) << script.toStdString();
+                EXPECT_EQ(answer_, step.mid(1).toUInt(nullptr, 16)) << script.toStdString();
             } else {
                 Instruct(step.toUInt(nullptr, 16));
             }
@@ -56,31 +59,44 @@ class Wires {
 
     SimulatedChip chip_;
     ChipSocket socket_;
-    ChipSocket::Lines lines_{true, false, false, 0};
+    ChipSocket::Lines lines_;
     ChipSocket::Instant now_{0}, halfClock_ = 5us;
     unsigned answer_ = 0;
 };
 
 TEST(ChipSocket, NoticesWhatAChipNeedNotPutUpWith) {
-    const QString enter = u"low 20ms ac530000 "_s;
+    const QString take = u"low drive high low "_s, enter = take + u"20ms ac530042 "_s;
     const QString writing = u" while the chip is writing"_s;
-    const std::pair<QString, QString> cases[] = {
-        {enter + u"30000100 =91 40000512 3ms 20000500 =ff 1ms 20000500 =12 high"_s, {}},
+    const struct {
+        QString script, violation;
+        QStringView chip = u"AT90S2313";
+    } cases[] = {
+        {enter + u"=ffac5300 30770100 =42307791 40000512 =00400005 20000500 =1220007f "
+                 "2ms 20000500 =0020007f 2ms 20000500 =00200012 high"_s,
+         {}},
+        {enter + u"a0000000 =42a000ff c0000055 a0000000 =55a00000 5ms a0000000 =00a000ff "
+                 "6ms a0000000 =00a00055 c00000aa 9ms a0000000 =aaa000aa high"_s,
+         {},
+         u"AT90S4433"},
         {u"fast "_s + enter, u"SCK is too fast, or the chip has no clock"_s},
-        {u"ac530000"_s, u"SCK moves while RESET is high"_s},
-        {u"low 19ms ac530000"_s, u"SCK moves too soon after RESET went low"_s},
-        {u"float low"_s, u"SCK is not low when RESET goes low"_s},
+        {u"fast "_s + enter, u"SCK is too fast, or the chip has no clock"_s, u"AT90S1200"},
+        {enter + u"30000100 =ffffff90"_s, {}, u"AT90S1200"},
+        {u"drive"_s, u"a line is driven while the chip may drive it"_s},
+        {take + u"high ac530000"_s, u"SCK moves while RESET is high"_s},
+        {take + u"18ms ac530000"_s, u"SCK moves too soon after RESET went low"_s},
+        {u"low drive 20ms ac530000"_s, u"SCK was not low when RESET went low"_s},
         {enter + u"float"_s, u"a line floats while RESET is low"_s},
-        {u"low 20ms ac800000"_s, u"the first instruction is not Programming Enable"_s},
+        {take + u"20ms ac800000"_s, u"the first instruction is not Programming Enable"_s},
         {enter + u"40000001 48000001"_s, u"Write Flash"_s + writing},
         {enter + u"40000001 20000100"_s, u"Read Flash"_s + writing},
         {enter + u"c0000001 20000000"_s, u"Read Flash"_s + writing},
         {enter + u"ac800000 19ms 30000000"_s, u"Read Signature"_s + writing},
+        {enter + u"acff0000 8ms 30000000"_s, u"Read Signature"_s + writing},
         {enter + u"c0000001 high"_s, u"RESET goes high"_s + writing},
         {enter + u"58000000"_s, u"the chip has no instruction 58 00 00 00"_s},
     };
-    for (const auto& [script, violation] : cases) {
-        EXPECT_EQ(Wires().Play(script.trimmed()), violation) << script.toStdString();
+    for (const auto& c : cases) {
+        EXPECT_EQ(Wires(c.chip).Play(c.script), c.violation) << c.script.toStdString();
     }
 }
 

@@ -17,9 +17,12 @@ using namespace std::chrono_literals;
 /// A chip, fresh from the factory or none, in the board that runs the HEX file.
 class FirmwareSocket {
   public:
-    explicit FirmwareSocket(SimulatedChip* chip, const ChipOptions& options = {})
-        : socket(chip, options), board(socket) {
-        EXPECT_EQ(board.Load(QStringLiteral(TOLVEX_FIRMWARE_HEX)), std::nullopt);
+    explicit FirmwareSocket(SimulatedChip* chip, const ChipOptions& options = {},
+                            FirmwareBoard::Start start = FirmwareBoard::Start::PowerOn)
+        : socket(chip, options), board(socket, options.seed) {
+        const QString hex =
+            qEnvironmentVariable("TOLVEX_FIRMWARE_HEX", QStringLiteral(TOLVEX_FIRMWARE_HEX));
+        EXPECT_EQ(board.Load(hex, start), std::nullopt);
     }
     /// Sends and awaits so many bytes, for as long as the PC would. Bytes that come too much are
     /// part of the next answer.
@@ -32,6 +35,8 @@ class FirmwareSocket {
         }
         return reply;
     }
+    /// What comes without being asked for.
+    QByteArray Await(Board::Instant time) { return board.Run(board.Now() + time).bytes; }
     std::string Violations() const { return board.Violations().join(u'\n').toStdString(); }
 
     ChipSocket socket;
