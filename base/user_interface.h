@@ -7,12 +7,12 @@ namespace tolvex {
 
 struct FileDialogRequest {
     QString title;
-    QString directory;      ///< where to start; empty = the current one
-    QString filter;         ///< pairs of name and patterns, "Hex File|*.hex;*.rom|All Files|*.*|"
-    QString defaultSuffix;  ///< "hex;rom": a name without any gets the first one; empty = none
+    QString directory{};      ///< where to start; empty = the current one
+    QString filter;           ///< pairs of name and patterns, "Hex File|*.hex;*.rom|All Files|*.*|"
+    QString defaultSuffix{};  ///< "hex;rom": a name without any gets the first one; empty = none
     /// A bare name or a full path; may be empty. Of a path into another folder than `directory`
     /// only the bare name counts.
-    QString initialName;
+    QString initialName{};
 };
 
 struct FileDialogAnswer {

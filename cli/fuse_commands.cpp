@@ -175,10 +175,10 @@ int Confirm(Session& session, const OptionChoice& wanted) {
 }
 
 /// One of the two bytes, and the proof that the chip has taken it.
-int WriteByte(Session& session, LockFuseParts parts, const OptionChoice& wanted) {
+int WriteByte(Session& session, LockFusePart part, const OptionChoice& wanted) {
     session.Report()[u"confirmed"_s] = true;
     session.Bench().state.options = wanted;
-    const bool written = session.WriteLockFuse(parts).done;
+    const bool written = session.WriteLockFuse(part).done;
     const int status =
         session.Judge(written, cause::CommandRefused, u"Lock/Fuse ビットを書けません。"_s);
     return status == kDone ? Confirm(session, wanted) : status;
@@ -203,7 +203,7 @@ int WriteBits(Session& session, const OptionChoice& choice) {
                 wanted[row.list] = choice[row.list];
             }
         }
-        if (const int status = WriteByte(session, {.fuses = true, .lock = false}, wanted)) {
+        if (const int status = WriteByte(session, LockFusePart::Fuses, wanted)) {
             return status;
         }
     }
@@ -211,7 +211,7 @@ int WriteBits(Session& session, const OptionChoice& choice) {
         return kDone;
     }
     wanted[OptionList::LockBit] = choice[OptionList::LockBit];
-    return WriteByte(session, {.fuses = false, .lock = true}, wanted);
+    return WriteByte(session, LockFusePart::Lock, wanted);
 }
 
 }  // namespace

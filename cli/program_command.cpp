@@ -118,7 +118,7 @@ int WriteChip(Session& session, const MemoryImages& images) {
     TellPlan(session, PlanFor(session.Bench().state));
     const SequenceResult result = session.Run(ProgramSequence);
     const QString text = u"書き込みを確認できませんでした。"_s;
-    if (!result.erase || !result.erase->erased || !result.program) {
+    if (!result.erase || !result.erase->succeeded || !result.program) {
         return session.Judge(false, cause::CommandRefused, text);
     }
     if (result.program->nothingToWrite) {
@@ -166,7 +166,7 @@ int EraseChip(Session& session) {
     session.Tell(u"チップ全体を消去します: 全体で約 %1 秒"_s.arg(seconds, 0, 'f', 1));
     session.Report()[u"plan"_s] = QJsonObject{{u"seconds"_s, seconds}};
     const SequenceResult result = session.Run(EraseSequence);
-    const bool erased = result.erase && result.erase->erased;
+    const bool erased = result.erase && result.erase->succeeded;
     session.Report()[u"erased"_s] = erased;
     return session.Judge(erased, cause::CommandRefused, u"消去を確認できませんでした。"_s);
 }

@@ -107,7 +107,7 @@ class Session {
     SequenceResult Run(SequenceResult (*sequence)(Workbench&), bool force = false);
     LockFuseResult ReadLockFuse();
     /// Of the chosen options, the given parts.
-    LockFuseResult WriteLockFuse(LockFuseParts parts);
+    LockFuseResult WriteLockFuse(LockFusePart part);
     /// Reads memories of a chip that has been found.
     int ReadMemories(Memories memories, MemoryImages& images);
     /// The status after an operation. What kept it from succeeding is looked for in the line, the

@@ -42,8 +42,8 @@ LockFuseResult Session::ReadLockFuse() {
     return Keep(chip_.MaySend() ? cmdFuseRead_Click(bench_.chip) : LockFuseResult{});
 }
 
-LockFuseResult Session::WriteLockFuse(LockFuseParts parts) {
-    return Keep(chip_.MaySend() ? tolvex::WriteLockFuse(bench_.chip, parts) : LockFuseResult{});
+LockFuseResult Session::WriteLockFuse(LockFusePart part) {
+    return Keep(chip_.MaySend() ? tolvex::WriteLockFuse(bench_.chip, part) : LockFuseResult{});
 }
 
 LockFuseResult Session::Keep(const LockFuseResult& result) {

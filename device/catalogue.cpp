@@ -25,15 +25,19 @@ std::span<const DeviceRecord> Catalogue() {
 }
 
 int FlashWordsOfSizeCode(std::uint8_t sizeCode) {
-    struct SizeCode {
-        std::uint8_t code;
-        int words;
-    };
-    static constexpr SizeCode kSizeCodes[] = {
-        {0x90, 512}, {0x91, 1024}, {0x92, 2048}, {0x93, 4096}, {0x97, 1024},
-    };
-    const auto row = std::ranges::find(kSizeCodes, sizeCode, &SizeCode::code);
-    return row == std::end(kSizeCodes) ? 0 : row->words;
+    switch (sizeCode) {
+        case 0x90:
+            return 512;
+        case 0x91:
+        case 0x97:
+            return 1024;
+        case 0x92:
+            return 2048;
+        case 0x93:
+            return 4096;
+        default:
+            return 0;
+    }
 }
 
 QString PartNumber(const QString& catalogueName) {

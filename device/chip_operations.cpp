@@ -11,15 +11,10 @@ namespace {
 
 enum class Memory { Flash, Eeprom };
 
-struct PhaseEnd {
-    bool succeeded;        ///< no command failed since the flag was cleared
-    bool listingsUpdated;  ///< false: the memory's listing could not be written
-};
-
 /// Leaves programming mode; then tells a failure, or rewrites the memory's listing and closes the
 /// dialog.
-PhaseEnd EndPhase(const ChipContext& context, Memory memory, const QString& statusText,
-                  const QString& dialogText) {
+PhaseResult EndPhase(const ChipContext& context, Memory memory, const QString& statusText,
+                     const QString& dialogText) {
     context.commands.LeaveProgrammingMode();
     if (context.state.errorFlag.Failed()) {
         context.ui.SetStatusText(kMessagePanel, statusText, MessageKind::Failure);
@@ -36,7 +31,7 @@ PhaseEnd EndPhase(const ChipContext& context, Memory memory, const QString& stat
 
 /// Nothing: a word got no reply, which ends the read where it stands. Programming mode is then not
 /// left, and the progress text stays.
-std::optional<PhaseEnd> ReadFlash(const ChipContext& context) {
+std::optional<PhaseResult> ReadFlash(const ChipContext& context) {
     const int words = context.state.device.flashWords;
     FlashImage& flash = context.state.images.flash;
     context.ui.SetProgress(true, 0, 0, words - 1);
@@ -53,7 +48,7 @@ std::optional<PhaseEnd> ReadFlash(const ChipContext& context) {
                     u"Flashメモリ リード失敗"_s);
 }
 
-PhaseEnd ReadEeprom(const ChipContext& context) {
+PhaseResult ReadEeprom(const ChipContext& context) {
     const int bytes = context.state.device.eepromBytes;
     context.ui.ShowMessage(MessageKind::Progress, u"EEPROM Data Memory Reading !"_s);
     context.state.errorFlag.Clear();
@@ -70,7 +65,7 @@ PhaseEnd ReadEeprom(const ChipContext& context) {
                     u"EEROMメモリ リード失敗"_s);
 }
 
-PhaseEnd ProgramFlash(const ChipContext& context, int words) {
+PhaseResult ProgramFlash(const ChipContext& context, int words) {
     const FlashImage& flash = context.state.images.flash;
     context.commands.EnterProgrammingMode();
     context.commands.SetAddress(0);
@@ -83,7 +78,7 @@ PhaseEnd ProgramFlash(const ChipContext& context, int words) {
                     u"Flashメモリ ライト失敗"_s);
 }
 
-PhaseEnd ProgramEeprom(const ChipContext& context) {
+PhaseResult ProgramEeprom(const ChipContext& context) {
     const int bytes = context.state.device.eepromBytes;
     context.ui.ShowMessage(MessageKind::Progress, u"EEPROM Data Memory Programming !"_s);
     context.commands.EnterProgrammingMode();
@@ -119,14 +114,13 @@ int LastUsedByte(const ProgramState& state) {
     return LastUsedCell(state.images.eeprom, state.device.eepromBytes);
 }
 
-EraseResult EraseChip(const ChipContext& context) {
+PhaseResult EraseChip(const ChipContext& context) {
     const QString failed = u"Flash & EEPROM メモリクリアー失敗"_s;
     context.ui.ShowMessage(MessageKind::Progress, u"Eraseing Flash & EEPROM memory !"_s);
     context.state.errorFlag.Clear();
     context.commands.EnterProgrammingMode();
     context.commands.ChipErase();
-    const PhaseEnd end = EndPhase(context, Memory::Eeprom, failed, failed);
-    return {.erased = end.succeeded, .listingsUpdated = end.listingsUpdated};
+    return EndPhase(context, Memory::Eeprom, failed, failed);
 }
 
 ReadResult ReadChip(const ChipContext& context) {
@@ -145,7 +139,7 @@ ReadResult ReadChip(const ChipContext& context) {
     result.flashRead = flash->succeeded;
     result.listingsUpdated = flash->listingsUpdated;
     if (result.listingsUpdated) {
-        const PhaseEnd eeprom = ReadEeprom(context);
+        const PhaseResult eeprom = ReadEeprom(context);
         result.eepromRead = eeprom.succeeded;
         result.listingsUpdated = eeprom.listingsUpdated;
     }
@@ -176,7 +170,7 @@ ProgramResult ProgramChip(const ChipContext& context) {
                                  MessageKind::Failure);
         return result;
     }
-    const PhaseEnd flash = ProgramFlash(context, lastWord + 1);
+    const PhaseResult flash = ProgramFlash(context, lastWord + 1);
     result.flashWritten = flash.succeeded;
     result.listingsUpdated = flash.listingsUpdated;
     if (!result.listingsUpdated) {
@@ -184,7 +178,7 @@ ProgramResult ProgramChip(const ChipContext& context) {
     }
     // Whatever became of the Flash, the EEPROM is still tried.
     context.state.errorFlag.Clear();
-    const PhaseEnd eeprom = ProgramEeprom(context);
+    const PhaseResult eeprom = ProgramEeprom(context);
     result.eepromWritten = eeprom.succeeded;
     result.listingsUpdated = eeprom.listingsUpdated;
     if (result.listingsUpdated) {

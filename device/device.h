@@ -49,14 +49,15 @@ ChipReading CheckDevice(const ChipContext& context);
 /// The signature alone; programming mode is the caller's business.
 ChipReading CheckSignature(const ChipContext& context);
 
-struct EraseResult {
-    bool erased = false;  ///< every command was acknowledged
+/// What became of one memory, or of an erase.
+struct PhaseResult {
+    bool succeeded = false;  ///< every command was acknowledged
     bool listingsUpdated = true;
 };
 
 /// Clears the chip's Flash, EEPROM and lock bits; the images stay. Clears the error flag first, so
 /// that the flag afterwards tells of this erase alone.
-EraseResult EraseChip(const ChipContext& context);
+PhaseResult EraseChip(const ChipContext& context);
 
 struct ReadResult {
     ChipReading chip;
@@ -131,12 +132,9 @@ LockFuseResult cmdFuseRead_Click(const ChipContext& context);
 /// The chosen options become the chip's lock and fuse bits.
 LockFuseResult cmdFuseWrite_Click(const ChipContext& context);
 
-struct LockFuseParts {
-    bool fuses = true;
-    bool lock = true;
-};
-/// Of what cmdFuseWrite_Click writes, the given parts.
-LockFuseResult WriteLockFuse(const ChipContext& context, LockFuseParts parts);
+enum class LockFusePart { Both, Fuses, Lock };
+/// Of what cmdFuseWrite_Click writes, the given part.
+LockFuseResult WriteLockFuse(const ChipContext& context, LockFusePart part);
 
 /// Once, at start-up: the options take their start-up entries, and the stored device is selected.
 void FillDeviceLists(const ChipContext& context);

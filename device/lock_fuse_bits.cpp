@@ -58,15 +58,15 @@ void ReadOptions(const ChipContext& context, LockFuseResult& result) {
 }
 
 /// The fuses go first: once the lock bits are set, the chip refuses fuses.
-void WriteOptions(const ChipContext& context, LockFuseParts parts) {
+void WriteOptions(const ChipContext& context, LockFusePart part) {
     const OptionChoice& options = context.state.options;
     LockFuseBytes& bytes = context.state.lockFuseBytes;
     const auto fuses = EncodeFuses(context.state.device.fuseGroup, options);
-    if (parts.fuses && fuses) {
+    if (part != LockFusePart::Lock && fuses) {
         bytes.fuse = *fuses;
         WriteByte(context, &WriterCommands::WriteFuseBits, bytes.fuse);
     }
-    if (parts.lock) {
+    if (part != LockFusePart::Fuses) {
         bytes.lock = EncodeLock(options[OptionList::LockBit]);
         WriteByte(context, &WriterCommands::WriteLockBits, bytes.lock);
     }
@@ -107,10 +107,10 @@ LockFuseResult cmdFuseRead_Click(const ChipContext& context) {
 }
 
 LockFuseResult cmdFuseWrite_Click(const ChipContext& context) {
-    return WriteLockFuse(context, {.fuses = true, .lock = true});
+    return WriteLockFuse(context, LockFusePart::Both);
 }
 
-LockFuseResult WriteLockFuse(const ChipContext& context, LockFuseParts parts) {
+LockFuseResult WriteLockFuse(const ChipContext& context, LockFusePart part) {
     LockFuseResult result;
     result.detection = WriterCheck(context);
     if (!result.detection) {
@@ -122,7 +122,7 @@ LockFuseResult WriteLockFuse(const ChipContext& context, LockFuseParts parts) {
     if (!result.chip.Passed() || context.state.device.name.isEmpty()) {
         return result;
     }
-    WriteOptions(context, parts);
+    WriteOptions(context, part);
     result.done = TellEnd(context, u"Lock/Fuse bit ライトが完了しました。"_s,
                           u"Lock/Fuse bit ライトに失敗しました。"_s);
     return result;

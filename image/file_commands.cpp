@@ -7,22 +7,6 @@ namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
-struct FileCommands::OpenDialog {
-    QString title;
-    QString filter;
-    QString defaultSuffix;
-    std::optional<QString> initialName;  ///< nothing = the name the last dialog ended with
-};
-
-struct FileCommands::SaveDialog {
-    QString title;
-    QString filter;
-    QString defaultSuffix;
-    std::optional<QString> initialName;  ///< as above
-    bool code;  ///< which images are saved; the overwrite question is about the first
-    bool data;
-};
-
 namespace {
 
 bool HasCodeExtension(const QString& path) {
@@ -42,8 +26,7 @@ std::optional<QString> DirectoryOf(const QString& path, const QString& bareName)
 void FileCommands::mnuFileOpenCode_Click() {
     const QString path = AskOpen({.title = u"コードファイル(*.hex)を開く"_s,
                                   .filter = u"Hex File|*.hex;*.rom|All Files|*.*|"_s,
-                                  .defaultSuffix = u"hex;rom"_s,
-                                  .initialName = QString()});
+                                  .defaultSuffix = u"hex;rom"_s});
     if (!path.isEmpty()) {
         names_.CodeFileName = path;
     }
@@ -64,8 +47,7 @@ void FileCommands::mnuFileOpenCode_Click() {
 void FileCommands::mnuFileOpenData_Click() {
     OpenData(AskOpen({.title = u"データファイル(*.eep)を開く"_s,
                       .filter = u"eep File|*.eep|All Files|*.*|"_s,
-                      .defaultSuffix = u"eep"_s,
-                      .initialName = QString()}));
+                      .defaultSuffix = u"eep"_s}));
 }
 
 void FileCommands::mnuFileOpen_Click() {
@@ -76,7 +58,7 @@ void FileCommands::mnuFileOpen_Click() {
     OpenBoth(AskOpen({.title = u"コードファイル ＆ データファイルを開く"_s,
                       .filter = u"Hex File|*.hex;*.rom|All Files|*.*|"_s,
                       .defaultSuffix = u"hex;rom"_s,
-                      .initialName = std::nullopt}));
+                      .initialName = dialogPath_}));
 }
 
 void FileCommands::mnuReLoad_Click() {
@@ -132,55 +114,47 @@ void FileCommands::mnuFileSaveAs_Click() {
     SaveAs({.title = u"コードファイル ＆ データファイルの保存"_s,
             .filter = u"Hex File|*.HEX|All Files|*.*|"_s,
             .defaultSuffix = u"hex"_s,
-            .initialName = std::nullopt,
-            .code = true,
-            .data = true});
+            .initialName = dialogPath_},
+           {.flash = true, .eeprom = true});
 }
 
 void FileCommands::mnuFileSaveAsCode_Click() {
     SaveAs({.title = u"コードファイル(*.hex)の保存"_s,
             .filter = u"Hex File|*.HEX|All Files|*.*|"_s,
             .defaultSuffix = u"hex"_s,
-            .initialName = u"*.hex"_s,
-            .code = true,
-            .data = false});
+            .initialName = u"*.hex"_s},
+           {.flash = true, .eeprom = false});
 }
 
 void FileCommands::mnuFileSaveAsData_Click() {
     SaveAs({.title = u"データファイル(*.eep)の保存"_s,
             .filter = u"Eep File|*.eep|All Files|*.*|"_s,
             .defaultSuffix = u"eep"_s,
-            .initialName = u"*.eep"_s,
-            .code = false,
-            .data = true});
+            .initialName = u"*.eep"_s},
+           {.flash = false, .eeprom = true});
 }
 
 /// The path the dialog ended with: after a cancel that is its initial name.
-QString FileCommands::AskOpen(const OpenDialog& dialog) {
-    const QString initialName = dialog.initialName.value_or(dialogPath_);
-    const FileDialogAnswer answer = context_.ui.AskOpenFile(
-        {dialog.title, context_.settings.GetSetting(QString::fromLatin1(keys::OpenDir), QString()),
-         dialog.filter, dialog.defaultSuffix, initialName});
-    Remember(answer, initialName);
+QString FileCommands::AskOpen(FileDialogRequest request) {
+    request.directory = context_.settings.GetSetting(QString::fromLatin1(keys::OpenDir), QString());
+    Remember(context_.ui.AskOpenFile(request), request.initialName);
     return dialogPath_;
 }
 
-void FileCommands::SaveAs(const SaveDialog& dialog) {
-    const QString initialName = dialog.initialName.value_or(dialogPath_);
-    const FileDialogAnswer answer = context_.ui.AskSaveFile(
-        {dialog.title, context_.settings.GetSetting(QString::fromLatin1(keys::SaveDir), QString()),
-         dialog.filter, dialog.defaultSuffix, initialName});
-    Remember(answer, initialName);
+void FileCommands::SaveAs(FileDialogRequest request, Memories memories) {
+    request.directory = context_.settings.GetSetting(QString::fromLatin1(keys::SaveDir), QString());
+    const FileDialogAnswer answer = context_.ui.AskSaveFile(request);
+    Remember(answer, request.initialName);
     if (!answer.accepted) {
         return;
     }
-    if (dialog.code) {
+    if (memories.flash) {
         names_.CodeSaveName = answer.path;
     }
-    if (dialog.data) {
+    if (memories.eeprom) {
         names_.DataSaveName = DataFileNameFor(answer.path);
     }
-    const bool replaces = FileExists(dialog.code ? names_.CodeSaveName : names_.DataSaveName);
+    const bool replaces = FileExists(memories.flash ? names_.CodeSaveName : names_.DataSaveName);
     if (replaces &&
         !context_.ui.AskOkCancel(u"ファイル保存"_s, u"ファイルが存在します。上書きしますか？"_s)) {
         return;
@@ -188,10 +162,10 @@ void FileCommands::SaveAs(const SaveDialog& dialog) {
     if (!StoreDirectory(keys::SaveDir)) {
         return;
     }
-    if (dialog.code) {
+    if (memories.flash) {
         WriteCode();
     }
-    if (dialog.data) {
+    if (memories.eeprom) {
         WriteData();
     }
 }

@@ -32,11 +32,9 @@ class FileCommands {
     void OpenDropped(const QStringList& paths);
 
   private:
-    struct OpenDialog;
-    struct SaveDialog;
-
-    QString AskOpen(const OpenDialog& dialog);
-    void SaveAs(const SaveDialog& dialog);
+    QString AskOpen(FileDialogRequest request);
+    /// The overwrite question is about the first of the files.
+    void SaveAs(FileDialogRequest request, Memories memories);
     void Remember(const FileDialogAnswer& answer, const QString& initialName);
     bool StoreDirectory(const char* key);
 

@@ -62,16 +62,19 @@ class WriterCommands {
     QString SoftwareVersion() const { return softwareVersion_; }
 
   private:
-    Reply Run(const CommandRow& row, std::span<const std::uint8_t> arguments = {});
-    Reply Carry(const CommandRow& row, std::span<const std::uint8_t> arguments);
-    Outcome RunWithByte(const CommandRow& row, std::uint8_t argument);
+    /// The reply is then in `reply_`.
+    Outcome Run(const CommandRow& row, std::span<const std::uint8_t> arguments = {});
+    Outcome RunUnasked(const CommandRow& row, std::span<const std::uint8_t> arguments);
     Outcome ReadByte(const CommandRow& row, std::uint8_t& result);
-    void Fail(const CommandRow& row, const Reply& reply);
+    void TellFailure(const CommandRow& row, Outcome outcome);
+    std::uint8_t Byte(int index) const { return static_cast<std::uint8_t>(reply_.at(index)); }
+    QString VersionText() const;
 
     SerialConnection& connection_;
     UserInterface& ui_;
     ErrorFlag& flag_;
     CommandHooks hooks_;
+    QByteArray reply_;
     QString softwareVersion_;
 };
 

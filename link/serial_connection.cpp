@@ -20,14 +20,17 @@ void SerialConnection::ClosePort() {
     }
 }
 
-Reply SerialConnection::Exchange(const Request& request) {
+Outcome SerialConnection::Exchange(const Request& request, QByteArray& reply) {
     // A late reply to an earlier command must not count as this one's.
     port_.DiscardInput();
     Outcome outcome = Send(request);
     if (outcome == Outcome::Ok) {
         outcome = AwaitReply(request.need, request.timeOut);
     }
-    return {outcome, outcome == Outcome::Ok ? port_.ReadAll() : QByteArray()};
+    if (outcome == Outcome::Ok) {
+        reply = port_.ReadAll();
+    }
+    return outcome;
 }
 
 Outcome SerialConnection::Send(const Request& request) {

@@ -30,11 +30,6 @@ struct Request {
     std::chrono::seconds timeOut;
 };
 
-struct Reply {
-    Outcome outcome;   ///< never `WrongReply`, which only the command can tell
-    QByteArray bytes;  ///< `need` or more when the outcome is `Ok`, in order of arrival
-};
-
 /// The line to the writer: one port, one exchange at a time. Not re-entrant: an exchange started
 /// while another one waits would throw away the first one's reply.
 class SerialConnection {
@@ -51,7 +46,9 @@ class SerialConnection {
     void ClosePort();
     bool IsOpen() const { return port_.IsOpen(); }
 
-    Reply Exchange(const Request& request);
+    /// After `Ok` there are `need` bytes or more in `reply`, in order of arrival; otherwise it is
+    /// left as it was. Never `WrongReply`: that is the command's to tell.
+    Outcome Exchange(const Request& request, QByteArray& reply);
 
     /// A delay that keeps serving the event loop. 0 returns at once, without yielding.
     void WaitSeconds(double seconds);

@@ -101,14 +101,6 @@ QChar Character(char byte) {
     return QChar(static_cast<char16_t>(static_cast<std::uint8_t>(byte)));
 }
 
-std::uint8_t Byte(const Reply& reply, int index = 0) {
-    return static_cast<std::uint8_t>(reply.bytes.at(index));
-}
-
-QString VersionText(const Reply& reply) {
-    return QString(Character(reply.bytes[0])) + u'.' + Character(reply.bytes[1]);
-}
-
 /// What the observer of the commands hears of the argument bytes.
 int Number(std::span<const std::uint8_t> arguments) {
     int number = 0;
@@ -120,81 +112,81 @@ int Number(std::span<const std::uint8_t> arguments) {
 
 }  // namespace
 
-Reply WriterCommands::Run(const CommandRow& row, std::span<const std::uint8_t> arguments) {
+Outcome WriterCommands::Run(const CommandRow& row, std::span<const std::uint8_t> arguments) {
     if (hooks_.maySend && !hooks_.maySend()) {
-        const Reply none{Outcome::NotSent, {}};
-        Fail(row, none);
-        return none;
+        TellFailure(row, Outcome::NotSent);
+        return Outcome::NotSent;
     }
-    return Carry(row, arguments);
+    return RunUnasked(row, arguments);
 }
 
-Reply WriterCommands::Carry(const CommandRow& row, std::span<const std::uint8_t> arguments) {
+Outcome WriterCommands::RunUnasked(const CommandRow& row, std::span<const std::uint8_t> arguments) {
     const bool isSelect = &row == &kSelectDeviceCode;
-    Reply reply = connection_.Exchange({.letter = row.letter,
-                                        .arguments = arguments,
-                                        .bytesPerWrite = isSelect ? 2U : 1U,
-                                        .pauseSeconds = row.pause,
-                                        .need = row.need,
-                                        .timeOut = std::chrono::seconds(row.seconds)});
-    if (reply.outcome == Outcome::Ok && !row.wrongReply.isNull() && Byte(reply) != kAcknowledge) {
-        reply.outcome = Outcome::WrongReply;
+    Outcome outcome = connection_.Exchange({.letter = row.letter,
+                                            .arguments = arguments,
+                                            .bytesPerWrite = isSelect ? 2U : 1U,
+                                            .pauseSeconds = row.pause,
+                                            .need = row.need,
+                                            .timeOut = std::chrono::seconds(row.seconds)},
+                                           reply_);
+    if (outcome == Outcome::Ok && !row.wrongReply.isNull() && Byte(0) != kAcknowledge) {
+        outcome = Outcome::WrongReply;
     }
     if (hooks_.onEnd) {
-        hooks_.onEnd(row.letter, Number(arguments), reply.outcome);
+        hooks_.onEnd(row.letter, Number(arguments), outcome);
     }
-    if (reply.outcome != Outcome::Ok) {
-        Fail(row, reply);
+    if (outcome != Outcome::Ok) {
+        TellFailure(row, outcome);
     }
-    return reply;
+    return outcome;
 }
 
-void WriterCommands::Fail(const CommandRow& row, const Reply& reply) {
+void WriterCommands::TellFailure(const CommandRow& row, Outcome outcome) {
     flag_.Set();
     QString text = row.noReply.toString();
-    if (reply.outcome == Outcome::WrongReply) {
+    if (outcome == Outcome::WrongReply) {
         text = row.wrongReply.toString();
         if (row.quoteReply) {
-            text += Character(reply.bytes[0]);
+            text += Character(Byte(0));
         }
     }
     ui_.SetStatusText(kMessagePanel, text, MessageKind::Failure);
 }
 
-Outcome WriterCommands::RunWithByte(const CommandRow& row, std::uint8_t argument) {
-    return Run(row, {&argument, 1}).outcome;
+QString WriterCommands::VersionText() const {
+    return QString(Character(Byte(0))) + u'.' + Character(Byte(1));
 }
 
 Outcome WriterCommands::ReadByte(const CommandRow& row, std::uint8_t& result) {
-    const Reply reply = Run(row);
-    if (reply.outcome == Outcome::Ok) {
-        result = Byte(reply);
+    const Outcome outcome = Run(row);
+    if (outcome == Outcome::Ok) {
+        result = Byte(0);
     }
-    return reply.outcome;
+    return outcome;
 }
 
 Outcome WriterCommands::ReadSoftwareId(QString& identifier) {
-    const Reply reply = Run(kReadSoftwareId);
-    if (reply.outcome == Outcome::Ok) {
-        identifier = QString::fromLatin1(reply.bytes.first(kReadSoftwareId.need));
+    const Outcome outcome = Run(kReadSoftwareId);
+    if (outcome == Outcome::Ok) {
+        identifier = QString::fromLatin1(reply_.first(kReadSoftwareId.need));
     }
-    return reply.outcome;
+    return outcome;
 }
 
 Outcome WriterCommands::ReadSoftwareVersion(QString& version) {
-    const Reply reply = Run(kReadSoftwareVersion);
-    if (reply.outcome == Outcome::Ok) {
-        softwareVersion_ = version = VersionText(reply);
+    const Outcome outcome = Run(kReadSoftwareVersion);
+    if (outcome == Outcome::Ok) {
+        softwareVersion_ = version = VersionText();
     }
-    return reply.outcome;
+    return outcome;
 }
 
 Outcome WriterCommands::ReadHardwareVersion(QString& version) {
-    const Reply reply = Run(kReadHardwareVersion);
-    if (reply.outcome == Outcome::Ok) {
-        version = VersionText(reply);
+    const Outcome outcome = Run(kReadHardwareVersion);
+    if (outcome == Outcome::Ok) {
+        version = VersionText();
     }
-    return reply.outcome;
+    return outcome;
 }
 
 Outcome WriterCommands::SelectDeviceCode(std::uint8_t deviceCode) {
@@ -202,15 +194,15 @@ Outcome WriterCommands::SelectDeviceCode(std::uint8_t deviceCode) {
                                          QString::number(deviceCode, 16).toUpper());
     // The firmware takes two bytes here; the second one is always zero.
     const std::uint8_t arguments[] = {deviceCode, 0};
-    return Run(kSelectDeviceCode, arguments).outcome;
+    return Run(kSelectDeviceCode, arguments);
 }
 
 Outcome WriterCommands::EnterProgrammingMode() {
-    return Run(kEnterProgrammingMode).outcome;
+    return Run(kEnterProgrammingMode);
 }
 
 Outcome WriterCommands::LeaveProgrammingMode() {
-    const Outcome outcome = Run(kLeaveProgrammingMode).outcome;
+    const Outcome outcome = Run(kLeaveProgrammingMode);
     if (outcome == Outcome::Ok || outcome == Outcome::WrongReply) {
         connection_.WaitSeconds(kSettleSeconds);
     }
@@ -218,36 +210,36 @@ Outcome WriterCommands::LeaveProgrammingMode() {
 }
 
 Outcome WriterCommands::ReadSignature(Signature& bytes) {
-    const Reply reply = Run(kReadSignature);
-    if (reply.outcome == Outcome::Ok) {
-        bytes = {Byte(reply, 0), Byte(reply, 1), Byte(reply, 2)};
+    const Outcome outcome = Run(kReadSignature);
+    if (outcome == Outcome::Ok) {
+        bytes = {Byte(0), Byte(1), Byte(2)};
     }
-    return reply.outcome;
+    return outcome;
 }
 
 Outcome WriterCommands::SetAddress(int address) {
     const std::uint8_t arguments[] = {static_cast<std::uint8_t>(address / 256),
                                       static_cast<std::uint8_t>(address % 256)};
-    return Run(kSetAddress, arguments).outcome;
+    return Run(kSetAddress, arguments);
 }
 
 Outcome WriterCommands::ReadProgramWord(std::uint8_t& high, std::uint8_t& low) {
-    const Reply reply = Run(kReadProgramWord);
-    if (reply.outcome == Outcome::Ok) {
-        high = Byte(reply, 0);
-        low = Byte(reply, 1);
+    const Outcome outcome = Run(kReadProgramWord);
+    if (outcome == Outcome::Ok) {
+        high = Byte(0);
+        low = Byte(1);
     }
-    return reply.outcome;
+    return outcome;
 }
 
 Outcome WriterCommands::WriteProgramWord(std::uint8_t high, std::uint8_t low) {
-    const Outcome first = RunWithByte(kWriteLowByte, low);
+    const Outcome first = Run(kWriteLowByte, {&low, 1});
     if (first != Outcome::Ok && first != Outcome::WrongReply) {
         return first;
     }
     // A wrong reply to the low byte is reported and the high byte still goes out: it is what moves
     // the writer's address on.
-    const Outcome second = Carry(kWriteHighByte, {&high, 1}).outcome;
+    const Outcome second = RunUnasked(kWriteHighByte, {&high, 1});
     return first == Outcome::Ok ? second : first;
 }
 
@@ -256,19 +248,19 @@ Outcome WriterCommands::ReadDataByte(std::uint8_t& data) {
 }
 
 Outcome WriterCommands::WriteDataByte(std::uint8_t data) {
-    return RunWithByte(kWriteDataByte, data);
+    return Run(kWriteDataByte, {&data, 1});
 }
 
 Outcome WriterCommands::ChipErase() {
-    return Run(kChipErase).outcome;
+    return Run(kChipErase);
 }
 
 Outcome WriterCommands::WriteFuseBits(std::uint8_t fuses) {
-    return RunWithByte(kWriteFuseBits, fuses);
+    return Run(kWriteFuseBits, {&fuses, 1});
 }
 
 Outcome WriterCommands::WriteLockBits(std::uint8_t lock) {
-    return RunWithByte(kWriteLockBits, lock);
+    return Run(kWriteLockBits, {&lock, 1});
 }
 
 Outcome WriterCommands::ReadLockFuseBits(std::uint8_t& bits) {
@@ -280,11 +272,11 @@ Outcome WriterCommands::ReadFuseBits(std::uint8_t& fuses) {
 }
 
 Outcome WriterCommands::LedOn() {
-    return Run(kLedOn).outcome;
+    return Run(kLedOn);
 }
 
 Outcome WriterCommands::LedOff() {
-    return Run(kLedOff).outcome;
+    return Run(kLedOff);
 }
 
 }  // namespace tolvex

@@ -83,7 +83,7 @@ SequenceResult EraseSequence(Workbench& bench) {
     }
     result.chip = CheckSignature(bench.chip);
     result.erase = EraseChip(bench.chip);
-    if (result.erase->listingsUpdated && !result.erase->erased) {
+    if (result.erase->listingsUpdated && !result.erase->succeeded) {
         return result;
     }
     if (result.erase->listingsUpdated) {

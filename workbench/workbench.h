@@ -44,7 +44,7 @@ struct Workbench {
 struct SequenceResult {
     DetectionResult detection;
     std::optional<ChipReading> chip;  ///< of the check before an erase
-    std::optional<EraseResult> erase;
+    std::optional<PhaseResult> erase;
     std::optional<ProgramResult> program;
     std::optional<ReadResult> read;
     std::optional<VerifyResult> verify;

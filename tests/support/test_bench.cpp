@@ -42,10 +42,10 @@ bool TestBench::Press(const QString& button) {
         return cmdFuseWrite_Click(bench.chip).done;
     }
     const SequenceResult r = tbToolBar_ButtonClick(bench, button);
-    return r.program  ? r.erase->erased && (r.program->nothingToWrite || r.program->Verified())
+    return r.program  ? r.erase->succeeded && (r.program->nothingToWrite || r.program->Verified())
            : r.read   ? r.read->Complete()
            : r.verify ? r.verify->Matches()
-                      : r.erase && r.erase->erased;
+                      : r.erase && r.erase->succeeded;
 }
 
 void TestBench::Forget() {
