@@ -43,7 +43,7 @@ std::optional<QString> Row(const ChipModel& model, const QString& hexFile) {
     BoardLine line(board, board.Now());
     const bool ready = WriteHex(code, flash) && WriteHex(data, eeprom);
     const ToolRun run = RunTool(line, line, model, {u"program"_s, code, data});
-    if (!ready || run.status != 0 || board.Failure()) {
+    if (!ready || run.status != ExitStatus::Done || board.Failure()) {
         std::fprintf(stderr, "%s\n%s\n", qUtf8Printable(run.words),
                      qUtf8Printable(board.Failure().value_or(QString())));
         return std::nullopt;

@@ -49,7 +49,7 @@ ToolRun RunTool(SerialPort& port, EventClock& clock, const ChipModel& model,
     PortFacts facts;
     facts.exists = true;
     facts.permitted = true;
-    const int status =
+    const ExitStatus status =
         RunCommandLine(QStringList{u"tolvex-cli"_s, u"--device"_s, model.name.toString()} + command,
                        {port, [] { return QString(); }, clock, settings, comPorts, console,
                         [] { return false; }, [facts](const QString&) { return facts; }});

@@ -5,13 +5,14 @@
 
 #include "base/event_clock.h"
 #include "base/serial_port.h"
+#include "cli/result.h"
 #include "writer/chip_models.h"
 
 namespace tolvex::bench {
 
 struct ToolRun {
-    int status;     ///< as tolvex-cli would exit with
-    QString words;  ///< all that it would print
+    ExitStatus status;  ///< as tolvex-cli would exit with
+    QString words;      ///< all that it would print
 };
 
 /// Runs a command of tolvex-cli on `model` at a port of one's own, in that port's time.

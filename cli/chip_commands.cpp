@@ -2,6 +2,7 @@
 // The commands that look at the chip and change nothing in it.
 #include <QFileInfo>
 
+#include "cli/chip_memories.h"
 #include "cli/command.h"
 #include "cli/image_files.h"
 
@@ -11,98 +12,112 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Reads what was asked for into `images`. The operation reads both memories at once.
-int ReadChip(Session& session, Memories memories, bool force, MemoryImages& images) {
+/// The operation reads both memories at once.
+Status ReadImages(Session& session, Memories memories, bool force, MemoryImages& images) {
+    ChipAccess& access = session.access;
     if (!memories.Both()) {
-        return InOrder([&] { return session.DetectPart(force); },
-                       [&] { return session.ReadMemories(memories, images); });
+        if (const Status failed = access.DetectPart(force)) {
+            return failed;
+        }
+        return access.ReadMemories(memories, images);
     }
-    const SequenceResult result = session.Run(ReadSequence, force);
-    images = session.Bench().state.images;
-    return InOrder(
-        [&] {
-            return session.Judge(result.read && result.read->Complete(), cause::WriterSilent,
-                                 u"チップを読めません。"_s);
-        },
-        [&] { return session.RequirePart(force); });
+    const SequenceResult result = access.Run(ReadSequence, force);
+    images = session.bench.state.images;
+    if (const Status failed = access.Judge(result.read && result.read->Complete(),
+                                           {cause::WriterSilent, u"チップを読めません。"_s})) {
+        return failed;
+    }
+    return access.RequirePart(force);
 }
 
 /// The operation compares both memories whole.
-int VerifyChip(Session& session, Memories memories, bool force, const MemoryImages& images) {
+Status VerifyImages(Session& session, Memories memories, bool force, const MemoryImages& images) {
+    ChipAccess& access = session.access;
     if (!memories.Both()) {
         MemoryImages chip;
-        return InOrder(
-            [&] { return ReadChip(session, memories, force, chip); },
-            [&] {
-                return session.JudgeDifferences(Compare(session.Device(), memories, images, chip));
-            });
+        if (const Status failed = ReadImages(session, memories, force, chip)) {
+            return failed;
+        }
+        return access.JudgeDifferences(Compare(access.Device(), memories, images, chip));
     }
-    session.Bench().state.images = images;
-    const VerifyResult result = session.Run(VerifySequence, force).verify.value_or(VerifyResult{});
-    return InOrder(
-        [&] {
-            return session.Judge(result.flashCompared && result.eepromCompared, cause::WriterSilent,
-                                 u"ベリファイできませんでした。"_s);
-        },
-        [&] { return session.RequirePart(force); },
-        [&] { return session.JudgeDifferences(result.differences); });
+    session.bench.state.images = images;
+    const VerifyResult result = access.Run(VerifySequence, force).verify.value_or(VerifyResult{});
+    if (const Status failed =
+            access.Judge(result.flashCompared && result.eepromCompared,
+                         {cause::WriterSilent, u"ベリファイできませんでした。"_s})) {
+        return failed;
+    }
+    if (const Status failed = access.RequirePart(force)) {
+        return failed;
+    }
+    return access.JudgeDifferences(result.differences);
+}
+
+Status VerifyFiles(Session& session, const Call& call) {
+    const bool force = call.Has("force");
+    const auto files = ChooseImageFiles(session, call, FileUse::Read);
+    if (!files) {
+        return files.Failed();
+    }
+    const auto loaded = LoadFiles(session, *files, force);
+    if (!loaded) {
+        return loaded.Failed();
+    }
+    if (const Status failed = session.access.RequirePort()) {
+        return failed;
+    }
+    if (const Status failed = VerifyImages(session, files->memories, force, loaded->images)) {
+        return failed;
+    }
+    return session.access.Judge(loaded->lossless,
+                                {cause::PartlyWritten, u"ファイルの一部は比べられません。"_s});
 }
 
 }  // namespace
 
-int Detect(Session& session, const Call&) {
-    if (const int status = session.DetectChip()) {
-        return status;
+Status Detect(Session& session, const Call&) {
+    ChipAccess& access = session.access;
+    if (const Status failed = access.DetectChip()) {
+        return failed;
     }
-    const bool match = session.Reading().signature == session.Device().signature;
-    const auto part = PartOf(session.Reading().signature);
-    const WriterIdentity& writer = session.Identity();
-    session.Print(u"ライタ: %1"_s.arg(writer.identifier));
-    session.Print(u"ファームウエア: %1"_s.arg(writer.softwareVersion));
-    session.Print(u"ハードウエア: %1"_s.arg(writer.hardwareVersion));
-    session.Print(u"シグネチャ: %1 (%2)"_s.arg(session.Signature(), part.value_or(u"?"_s)));
-    session.Print(
-        u"デバイス: %1 (%2)"_s.arg(session.Device().name, match ? u"一致"_s : u"不一致"_s));
-    return session.DetectedPart();
+    const bool match = access.Reading().signature == access.Device().signature;
+    const QString part = PartOf(access.Reading().signature).value_or(u"?"_s);
+    const WriterIdentity& writer = access.Detection().identity;
+    session.output.Print(u"ライタ: %1"_s.arg(writer.identifier));
+    session.output.Print(u"ファームウエア: %1"_s.arg(writer.softwareVersion));
+    session.output.Print(u"ハードウエア: %1"_s.arg(writer.hardwareVersion));
+    session.output.Print(u"シグネチャ: %1 (%2)"_s.arg(*access.Signature(), part));
+    session.output.Print(
+        u"デバイス: %1 (%2)"_s.arg(access.Device().name, match ? u"一致"_s : u"不一致"_s));
+    return access.RequireReadablePart(false);
 }
 
-int Verify(Session& session, const Call& call) {
-    const bool force = call.Has("force");
-    ImageFiles files;
-    LoadedFiles loaded;
-    const int status =
-        InOrder([&] { return ImageFiles::From(session, call, ImageFiles::Use::Read, files); },
-                [&] { return LoadFiles(session, files, force, loaded); },
-                [&] { return session.RequirePort(); },
-                [&] { return VerifyChip(session, files.memories, force, loaded.images); },
-                [&] {
-                    return session.Judge(loaded.lossless, cause::PartlyWritten,
-                                         u"ファイルの一部は比べられません。"_s);
-                });
-    session.Report()[u"verified"_s] = status == kDone;
-    return status;
+Status Verify(Session& session, const Call& call) {
+    const Status end = VerifyFiles(session, call);
+    session.output.Report(report::Verified, !end);
+    return end;
 }
 
-int Read(Session& session, const Call& call) {
-    ImageFiles files;
-    MemoryImages images;
-    const auto replacesNothing = [&] {
-        for (const QString& path : {files.code, files.data}) {
-            if (QFileInfo(path).isFile() && !call.Has("overwrite")) {
-                return session.Fail(
-                    cause::FileExists,
-                    u"ファイルが既にあります。--overwrite で置き換えます: %1"_s.arg(path));
-            }
+Status Read(Session& session, const Call& call) {
+    const auto files = ChooseImageFiles(session, call, FileUse::Write);
+    if (!files) {
+        return files.Failed();
+    }
+    for (const auto& path : {files->code, files->data}) {
+        if (path && QFileInfo(*path).isFile() && !call.Has("overwrite")) {
+            return Failure{cause::FileExists,
+                           u"ファイルが既にあります。--overwrite で置き換えます: %1"_s.arg(*path)};
         }
-        return int{kDone};
-    };
-    return InOrder([&] { return ImageFiles::From(session, call, ImageFiles::Use::Write, files); },
-                   replacesNothing, [&] { return session.RequirePort(); },
-                   [&] { return ReadChip(session, files.memories, call.Has("force"), images); },
-                   [&] {
-                       session.Report()[u"files"_s] = files.Json();
-                       return SaveImages(session, files, images);
-                   });
+    }
+    if (const Status failed = session.access.RequirePort()) {
+        return failed;
+    }
+    MemoryImages images;
+    if (const Status failed = ReadImages(session, files->memories, call.Has("force"), images)) {
+        return failed;
+    }
+    session.output.Report(report::Files, files->Json());
+    return SaveImages(session, *files, images);
 }
 
 }  // namespace tolvex

@@ -35,7 +35,7 @@ class ChipRecord {
     /// The line broke under the last command, or before it.
     bool LineLost() const { return lineLost_; }
     /// An operation is unwinding: what it says now tells nothing.
-    bool Unwinding() const { return unwinding_ || lineLost_; }
+    bool Unwinding() const { return shuttingDown_ || unwinding_ || lineLost_; }
     /// Of the first command that failed.
     std::optional<Outcome> FirstFailure() const { return firstFailure_; }
     /// From the moment in which the command goes out, until leaving it is acknowledged.

@@ -14,36 +14,39 @@ struct Call {
     const QCommandLineParser& options;
 
     bool Has(const char* option) const {
-        const QString name = QString::fromLatin1(option);
-        return options.optionNames().contains(name);
+        return options.optionNames().contains(QString::fromLatin1(option));
+    }
+    /// The option's value, where it was given.
+    std::optional<QString> Value(const char* option) const {
+        return Has(option) ? std::optional(options.value(QString::fromLatin1(option)))
+                           : std::nullopt;
     }
 };
 
-/// A command of the tool: its face on the command line, and the function that carries it out and
-/// gives the exit status; a failure has then been told.
-struct CommandRow {
+/// A command of the tool: its face on the command line, and the function that carries it out.
+struct CliCommand {
     QString name;
     QString arguments;  ///< as the help shows them: "CODE [DATA]"
     int least;          ///< number of arguments
     int most;
     QString summary;
     QList<QCommandLineOption> options;
-    int (*run)(Session& session, const Call& call);
+    Status (*run)(Session& session, const Call& call);
 };
 
 /// All commands in the order of the help.
-std::span<const CommandRow> CommandRows();
+std::span<const CliCommand> CliCommands();
 
-int Detect(Session& session, const Call& call);
-int Program(Session& session, const Call& call);
-int Verify(Session& session, const Call& call);
-int Read(Session& session, const Call& call);
-int Erase(Session& session, const Call& call);
-int Fuses(Session& session, const Call& call);
-int Lock(Session& session, const Call& call);
-int Check(Session& session, const Call& call);
-int ListPorts(Session& session, const Call& call);
-int ListDevices(Session& session, const Call& call);
-int Doctor(Session& session, const Call& call);
+Status Detect(Session& session, const Call& call);
+Status Program(Session& session, const Call& call);
+Status Verify(Session& session, const Call& call);
+Status Read(Session& session, const Call& call);
+Status Erase(Session& session, const Call& call);
+Status Fuses(Session& session, const Call& call);
+Status Lock(Session& session, const Call& call);
+Status Check(Session& session, const Call& call);
+Status ListPorts(Session& session, const Call& call);
+Status ListDevices(Session& session, const Call& call);
+Status Doctor(Session& session, const Call& call);
 
 }  // namespace tolvex

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "cli/command_line.h"
 
-#include <QJsonDocument>
 #include <algorithm>
 
 #include "base/product.h"
@@ -37,25 +36,23 @@ const QList<QCommandLineOption>& CommonOptionList() {
 class CommandLine {
   public:
     CommandLine(const QStringList& arguments, const CliSurroundings& around)
-        : arguments_(arguments), around_(around), report_{{u"command"_s, QString()}} {}
+        : arguments_(arguments), around_(around), output_(around.console, around.clock) {}
 
-    int Run() {
-        int status = Carry();
-        if (json_) {
-            report_[u"exitStatus"_s] = status;
-            around_.console.Print(
-                QString::fromUtf8(QJsonDocument(report_).toJson(QJsonDocument::Compact)));
-        }
-        if (around_.console.Lost() && status == kDone) {
-            status = kOutputLost;
+    ExitStatus Run() {
+        json_ = arguments_.contains(u"--json"_s);
+        output_.SetOptions({.json = json_});
+        ExitStatus status = Carry();
+        output_.Report(report::ExitStatus, static_cast<int>(status));
+        output_.PrintReport();
+        if (around_.console.Lost() && status == ExitStatus::Done) {
+            status = ExitStatus::OutputLost;
             around_.console.Complain(u"tolvex-cli: 出力を書けません。"_s);
         }
         return status;
     }
 
   private:
-    int Carry() {
-        json_ = arguments_.contains(u"--json"_s);
+    ExitStatus Carry() {
         FindCommand();
         parser_.setApplicationDescription(product::Description());
         parser_.addOptions(CommonOptionList());
@@ -64,10 +61,10 @@ class CommandLine {
         }
         const bool understood = parser_.parse(arguments_);
         if (parser_.isSet(u"version"_s)) {
-            return Answer("version", u"tolvex-cli "_s + product::VersionText());
+            return Answer(report::Version, u"tolvex-cli "_s + product::VersionText());
         }
         if (parser_.isSet(u"help"_s)) {
-            return Answer("help", Help());
+            return Answer(report::Help, Help());
         }
         if (!understood) {
             return Refuse(WrongOption());
@@ -86,17 +83,15 @@ class CommandLine {
         first.addOptions(CommonOptionList());
         first.parse(arguments_);
         name_ = first.positionalArguments().value(0);
-        report_[u"command"_s] = name_;
-        const auto found = std::ranges::find(CommandRows(), name_, &CommandRow::name);
-        command_ = found == CommandRows().end() ? nullptr : &*found;
+        output_.Report(report::Command, name_);
+        const auto found = std::ranges::find(CliCommands(), name_, &CliCommand::name);
+        command_ = found == CliCommands().end() ? nullptr : &*found;
     }
 
-    int Answer(const char* key, const QString& text) {
-        report_[QString::fromLatin1(key)] = text;
-        if (!json_) {
-            around_.console.Print(text);
-        }
-        return kDone;
+    ExitStatus Answer(report::Key key, const QString& text) {
+        output_.Report(key, text);
+        output_.Print(text);
+        return ExitStatus::Done;
     }
 
     QString WrongOption() const {
@@ -110,7 +105,7 @@ class CommandLine {
                                : u"知らないコマンドです: %1"_s.arg(name_);
     }
 
-    static QString Usage(const CommandRow& command) {
+    static QString Usage(const CliCommand& command) {
         return (command.name + u' ' + command.arguments).trimmed();
     }
 
@@ -122,81 +117,87 @@ class CommandLine {
         }
         parser_.addPositionalArgument(u"command"_s, u"下のコマンド"_s, u"COMMAND …"_s);
         QString text = parser_.helpText().trimmed() + u"\n\nCommands:"_s;
-        for (const CommandRow& command : CommandRows()) {
+        for (const CliCommand& command : CliCommands()) {
             text += u"\n  %1 %2"_s.arg(Usage(command).leftJustified(26), command.summary);
         }
         return text;
     }
 
-    int RunCommand() {
+    ExitStatus RunCommand() {
         const QStringList words = parser_.positionalArguments().mid(1);
         if (words.size() < command_->least || words.size() > command_->most) {
             return Refuse(u"使い方: tolvex-cli %1"_s.arg(Usage(*command_)));
         }
-        CommonOptions options;
-        options.outputTaken = command_->run == Read && words.contains(u"-"_s);
-        const QString wrong = ReadOptions(options);
-        if (!wrong.isEmpty()) {
-            return Refuse(wrong);
+        const auto options = ReadOptions(command_->run == Read && words.contains(u"-"_s));
+        if (!options) {
+            return Refuse(options.Failed().text);
         }
-        Session session(around_, options, name_);
-        const int traced = session.OpenTrace();
-        const int status =
-            session.Finish(traced == kDone ? command_->run(session, {words, parser_}) : traced);
-        report_ = session.Report();
-        return status;
+        output_.SetOptions(options->output);
+        Session session(around_, *options, output_);
+        const Status untraced = session.OpenTrace(options->trace);
+        return session.Finish(untraced ? untraced : command_->run(session, {words, parser_}));
     }
 
-    /// The option's value, or else the environment's; `from` becomes the name of what gave it.
-    QString ValueOf(const char* option, const char* variable, QString& from) const {
+    struct Setting {
+        QString from;  ///< what gave it: "--port", "TOLVEX_PORT"
+        QString value;
+    };
+    /// The option's value, or else the environment's, where an empty one is none.
+    std::optional<Setting> Find(const char* option, const char* variable) const {
         const QString name = QString::fromLatin1(option);
-        from = parser_.isSet(name) ? u"--"_s + name : QString::fromLatin1(variable);
-        return parser_.isSet(name) ? parser_.value(name) : qEnvironmentVariable(variable);
+        if (parser_.isSet(name)) {
+            return Setting{u"--"_s + name, parser_.value(name)};
+        }
+        const QString value = qEnvironmentVariable(variable);
+        return value.isEmpty() ? std::nullopt
+                               : std::optional(Setting{QString::fromLatin1(variable), value});
     }
 
-    /// Empty when all is well, else what is wrong.
-    QString ReadOptions(CommonOptions& options) const {
-        QString from;
-        options.json = json_;
-        options.quiet = parser_.isSet(u"quiet"_s);
-        options.trace = parser_.value(u"trace"_s);
-        const QString port = ValueOf("port", kPortVariable, from);
-        if (!port.isEmpty() || parser_.isSet(u"port"_s)) {
-            options.port = around_.comPorts.Choose(port);
+    /// `outputIsFile`: a memory goes to the standard output.
+    Result<CommonOptions> ReadOptions(bool outputIsFile) const {
+        CommonOptions options;
+        options.output = {json_, parser_.isSet(u"quiet"_s), outputIsFile};
+        if (parser_.isSet(u"trace"_s)) {
+            options.trace = parser_.value(u"trace"_s);
+        }
+        if (const auto port = Find("port", kPortVariable)) {
+            options.port = around_.comPorts.Choose(port->value);
             if (!options.port) {
-                return u"%1: ポートは COM1 から COM20 か、デバイスのパスです: %2"_s.arg(from, port);
+                return Wrong(u"%1: ポートは COM1 から COM20 か、デバイスのパスです: %2"_s.arg(
+                    port->from, port->value));
             }
         }
-        const QString device = ValueOf("device", kDeviceVariable, from);
-        if (!device.isEmpty() || parser_.isSet(u"device"_s)) {
-            options.device = FindDevice(device);
+        if (const auto device = Find("device", kDeviceVariable)) {
+            options.device = FindDevice(device->value);
             if (!options.device) {
-                return u"%1: 知らないデバイスです: %2"_s.arg(from, device);
+                return Wrong(u"%1: 知らないデバイスです: %2"_s.arg(device->from, device->value));
             }
         }
-        return options.json && options.outputTaken ? u"--json と標準出力の - は一緒に使えません。"_s
-                                                   : QString();
+        if (json_ && outputIsFile) {
+            return Wrong(u"--json と標準出力の - は一緒に使えません。"_s);
+        }
+        return options;
     }
 
-    int Refuse(const QString& reason) {
-        around_.console.Complain(u"tolvex-cli: "_s + reason);
-        report_[u"error"_s] = QJsonObject{{u"code"_s, QString::fromLatin1(cause::WrongUse.code)},
-                                          {u"message"_s, reason}};
-        return kWrongUse;
+    static Failure Wrong(const QString& text) { return {cause::WrongUse, text}; }
+
+    ExitStatus Refuse(const QString& text) {
+        output_.TellFailure(Wrong(text));
+        return ExitStatus::WrongUse;
     }
 
     QStringList arguments_;
-    CliSurroundings around_;
+    const CliSurroundings& around_;
+    Output output_;
     QCommandLineParser parser_;
     QString name_;
-    const CommandRow* command_ = nullptr;
+    const CliCommand* command_ = nullptr;
     bool json_ = false;
-    QJsonObject report_;
 };
 
 }  // namespace
 
-int RunCommandLine(const QStringList& arguments, const CliSurroundings& around) {
+ExitStatus RunCommandLine(const QStringList& arguments, const CliSurroundings& around) {
     return CommandLine(arguments, around).Run();
 }
 

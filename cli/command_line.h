@@ -3,12 +3,13 @@
 
 #include <QStringList>
 
-#include "cli/session.h"
+#include "cli/result.h"
+#include "cli/surroundings.h"
 
 namespace tolvex {
 
 /// Parses the command line, runs the command and gives the exit status. `arguments` begin with the
 /// program's name.
-int RunCommandLine(const QStringList& arguments, const CliSurroundings& around);
+ExitStatus RunCommandLine(const QStringList& arguments, const CliSurroundings& around);
 
 }  // namespace tolvex

@@ -7,7 +7,7 @@ namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
-std::span<const CommandRow> CommandRows() {
+std::span<const CliCommand> CliCommands() {
     static const QCommandLineOption kForce(
         u"force"_s,
         u"シグネチャの合わないチップや、誤りがあってもデータのある HEX ファイルで続ける。"_s);
@@ -22,7 +22,7 @@ std::span<const CommandRow> CommandRows() {
     static const QString kFiles = u"CODE [DATA]"_s;
     constexpr int kAny = std::numeric_limits<int>::max();
     // clang-format off
-    static const CommandRow kRows[] = {
+    static const CliCommand kCommands[] = {
         {u"detect"_s, {}, 0, 0, u"ライタとチップを調べる。"_s, {}, Detect},
         {u"program"_s, kFiles, 1, 2, u"消去・書き込み・ベリファイをする（Program ボタン）。"_s,
          {kForce, kOnly, kKeepEeprom, kBackup}, Program},
@@ -41,7 +41,7 @@ std::span<const CommandRow> CommandRows() {
         {u"doctor"_s, {}, 0, 0, u"ポートが使えない原因と、直すコマンドを示す。"_s, {}, Doctor},
     };
     // clang-format on
-    return kRows;
+    return kCommands;
 }
 
 }  // namespace tolvex

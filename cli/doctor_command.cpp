@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Finds out why a port does not work, and says how to mend it.
+// Finds out why a port does not work, and says how to fix it.
 #include <algorithm>
 #include <vector>
 
@@ -21,11 +21,10 @@ constexpr Milliseconds kSlow{8};
 /// Seconds after which every board has started.
 constexpr double kBoardStart = 2;
 
-/// What is wrong with the port, and what mends it.
-struct Diagnosis {
-    Cause cause;
-    PortRemedy remedy;
-};
+/// A cause with what fixes it.
+Failure FixedBy(Cause cause, const PortRemedy& remedy) {
+    return {cause, remedy.text, remedy.command};
+}
 
 /// The middle one of several measurements; nothing when the writer fell silent.
 std::optional<Milliseconds> RoundTrip(Session& session) {
@@ -33,7 +32,7 @@ std::optional<Milliseconds> RoundTrip(Session& session) {
     for (int sample = 0; sample < kSamples; ++sample) {
         QString version;
         const auto start = session.Now();
-        if (session.Bench().commands.ReadSoftwareVersion(version) != Outcome::Ok) {
+        if (session.bench.commands.ReadSoftwareVersion(version) != Outcome::Ok) {
             return std::nullopt;
         }
         samples.push_back(session.Now() - start);
@@ -43,76 +42,65 @@ std::optional<Milliseconds> RoundTrip(Session& session) {
 }
 
 /// A board that the opening of the port has reset listens to its boot loader first.
-Diagnosis StartedLate(const QString& path) {
+Failure StartedLate(const QString& path) {
     return {cause::StartedLate,
-            {u"ポートを開いたときにボードがリセットされ、起動が遅れました。"
-             "ボードの RESET と GND の間に 10 µF のコンデンサを入れてください。"_s,
-             u"tolvex-cli --port %1 detect"_s.arg(path)}};
+            u"ポートを開いたときにボードがリセットされ、起動が遅れました。"
+            "ボードの RESET と GND の間に 10 µF のコンデンサを入れてください。"_s,
+            u"tolvex-cli --port %1 detect"_s.arg(path)};
 }
 
-Diagnosis Silent(const QString& path) {
+Failure Silent(const QString& path) {
     return {
         cause::WriterSilent,
-        {u"ポートは開けますが、ライタが応答しません。電源とケーブルを確認してください。"
-         "自作のライタなら、ファームウエアを書き込んだか、RESET に 10 µF のコンデンサがあるかも確認してください。"_s,
-         u"tolvex-cli --port %1 --trace trace.txt detect"_s.arg(path)}};
+        u"ポートは開けますが、ライタが応答しません。電源とケーブルを確認してください。"
+        "自作のライタなら、ファームウエアを書き込んだか、RESET に 10 µF のコンデンサがあるかも確認してください。"_s,
+        u"tolvex-cli --port %1 --trace trace.txt detect"_s.arg(path)};
 }
 
-std::optional<Diagnosis> Examine(Session& session) {
-    const QString path = session.PortPath();
-    const PortFacts facts = session.Inspect(path);
+Status Examine(Session& session) {
+    const auto& [number, path, byPath] = *session.Port();
+    const PortFacts facts = session.Around().inspectPort(path);
     if (!facts.exists) {
-        return Diagnosis{cause::PortMissing, MissingPort(session.Ports(), session.PortNumber())};
+        return FixedBy(cause::PortMissing, MissingPort(session.Around().comPorts, number));
     }
     if (!facts.permitted) {
-        return Diagnosis{cause::PortForbidden, ForbiddenPort(path, facts)};
+        return FixedBy(cause::PortForbidden, ForbiddenPort(path, facts));
     }
-    const bool found = session.FindWriter();
-    if (session.OpenFailed()) {
-        return Diagnosis{cause::PortBusy, BusyPort(path, facts, session.PortError())};
+    const bool found = session.access.FindWriter();
+    if (session.access.OpenFailed()) {
+        return FixedBy(cause::PortBusy, BusyPort(path, facts, session.Around().portError()));
     }
     if (!found) {
-        session.Bench().connection.WaitSeconds(kBoardStart);
-        return session.FindWriter() ? StartedLate(path) : Silent(path);
+        session.bench.connection.WaitSeconds(kBoardStart);
+        return session.access.FindWriter() ? StartedLate(path) : Silent(path);
     }
     const auto time = RoundTrip(session);
     if (!time) {
         return Silent(path);
     }
-    session.Print(u"応答時間: %1 ms"_s.arg(time->count(), 0, 'f', 2));
-    session.Report()[u"roundTripMilliseconds"_s] = time->count();
-    return *time > kSlow ? std::optional(Diagnosis{cause::HighLatency, SlowPort(path)})
-                         : std::nullopt;
+    session.output.Print(u"応答時間: %1 ms"_s.arg(time->count(), 0, 'f', 2));
+    session.output.Report(report::RoundTripMilliseconds, time->count());
+    return *time > kSlow ? Status(FixedBy(cause::HighLatency, SlowPort(path))) : Status{};
 }
 
 }  // namespace
 
-int Doctor(Session& session, const Call&) {
-    if (const int status = session.RequirePort()) {
-        return status;
+Status Doctor(Session& session, const Call&) {
+    if (const Status failed = session.access.RequirePort()) {
+        return failed;
     }
-    const auto diagnosis = Examine(session);
-    if (session.Stopped()) {
-        return kSignalled;
+    if (const Status failed = Examine(session)) {
+        return failed;
     }
-    int status = kDone;
-    PortRemedy remedy;
-    if (diagnosis) {
-        remedy = diagnosis->remedy;
-        status = session.Fail(diagnosis->cause, remedy.text);
-    } else {
-        session.Print(u"%1 は正常です。"_s.arg(session.PortName()));
-        // Opening has removed one that this person may remove.
-        const auto lock = session.Inspect(session.PortPath()).staleLockFile;
-        if (!lock) {
-            return kDone;
-        }
-        remedy = LockedPort(*lock);
-        session.Print(remedy.text);
+    session.output.Print(u"%1 は正常です。"_s.arg(session.Port()->Name()));
+    // Opening has removed one that this user may remove.
+    const auto lock = session.Around().inspectPort(session.Port()->path).staleLockFile;
+    if (lock) {
+        const PortRemedy remedy = LockedPort(*lock);
+        session.output.Print(remedy.text);
+        session.output.TellFix(remedy.command);
     }
-    session.Report()[u"mend"_s] = remedy.command;
-    session.Print(u"  "_s + remedy.command);
-    return status;
+    return {};
 }
 
 }  // namespace tolvex

@@ -64,78 +64,96 @@ QString Offer(const CurrentDevice& device) {
     return lines.join(u'\n');
 }
 
-bool NamesFuses(const OptionChoice& choice) {
-    OptionChoice none;
-    none[OptionList::LockBit] = choice[OptionList::LockBit];
-    return choice != none;
+/// What is chosen of the fuses.
+OptionChoice FusesOf(OptionChoice choice) {
+    choice[OptionList::LockBit] = kNone;
+    return choice;
 }
 
-/// "CKSEL=1K CK" among the lists that the device has, into `choice`. A status.
-int AddChoice(Session& session, const QString& text, OptionChoice& choice) {
+bool NamesFuses(const OptionChoice& choice) {
+    return FusesOf(choice) != OptionChoice{};
+}
+
+/// `before` with the named options in place of its own.
+OptionChoice Applied(const OptionChoice& choice, const OptionChoice& before) {
+    OptionChoice after = before;
+    for (const OptionList list : kOptionLists) {
+        if (choice[list] != kNone) {
+            after[list] = choice[list];
+        }
+    }
+    return after;
+}
+
+/// "CKSEL=1K CK" among the lists that the device has, into `choice`.
+Status AddChoice(const CurrentDevice& device, const QString& text, OptionChoice& choice) {
     const QString name = text.section(u'=', 0, 0);
-    for (const OptionRow& row : RowsOf(session.Device())) {
+    for (const OptionRow& row : RowsOf(device)) {
         if (row.name.compare(name, Qt::CaseInsensitive) != 0) {
             continue;
         }
         if (choice[row.list] != kNone) {
-            return session.Fail(cause::WrongUse, u"二度指定されています: %1"_s.arg(name));
+            return Failure{cause::WrongUse, u"二度指定されています: %1"_s.arg(name)};
         }
         const auto entry = FindEntry(row, text.section(u'=', 1));
         if (entry && text.contains(u'=')) {
             choice[row.list] = *entry;
-            return kDone;
+            return {};
         }
     }
-    return session.Fail(cause::WrongUse, u"指定できません: %1\n指定できる値:\n%2"_s.arg(
-                                             text, Offer(session.Device())));
+    return Failure{cause::WrongUse,
+                   u"指定できません: %1\n指定できる値:\n%2"_s.arg(text, Offer(device))};
 }
 
 /// A fresh reading of the chip, and nothing that was known before.
-int ReadBits(Session& session, OptionChoice& reading) {
-    OptionChoice& options = session.Bench().state.options;
+Result<OptionChoice> ReadBits(Session& session) {
+    ChipAccess& access = session.access;
+    OptionChoice& options = session.bench.state.options;
     options[OptionList::LockBit] = kNone;
-    const LockFuseResult result = session.ReadLockFuse();
-    if (const int status = session.Judge(result.done && result.lockByte, cause::WriterSilent,
-                                         u"Lock/Fuse ビットを読めません。"_s)) {
-        return status;
+    const LockFuseResult result = access.ReadLockFuse();
+    if (const Status failed =
+            access.Judge(result.done && result.lockByte,
+                         {cause::WriterSilent, u"Lock/Fuse ビットを読めません。"_s})) {
+        return *failed;
     }
-    if (const int status = session.RequirePart(false)) {
-        return status;
+    if (const Status failed = access.RequirePart(false)) {
+        return *failed;
     }
-    reading = options;
     QJsonObject json;
-    for (const OptionRow& row : RowsOf(session.Device())) {
-        json[row.name] = WordOf(row, reading[row.list]);
+    for (const OptionRow& row : RowsOf(access.Device())) {
+        json[row.name] = WordOf(row, options[row.list]);
     }
-    session.Report()[u"options"_s] = json;
-    return session.Judge(reading[OptionList::LockBit] != kLockFull, cause::Implausible,
-                         u"シグネチャを読めるのに、ロックビットが full と読めました。"_s);
+    session.output.Report(report::Options, json);
+    if (options[OptionList::LockBit] == kLockFull) {
+        return Failure{cause::Implausible,
+                       u"シグネチャを読めるのに、ロックビットが full と読めました。"_s};
+    }
+    return options;
 }
 
-int ReadBitsTwice(Session& session, OptionChoice& reading) {
-    OptionChoice again;
-    return InOrder(
-        [&] { return ReadBits(session, reading); }, [&] { return ReadBits(session, again); },
-        [&] {
-            return session.Judge(reading == again, cause::Unstable,
-                                 u"二度読んだ Lock/Fuse ビットが違います。何も書いていません。"_s);
-        });
+Result<OptionChoice> ReadBitsTwice(Session& session) {
+    const auto first = ReadBits(session);
+    const auto again = first ? ReadBits(session) : first;
+    if (again && *first != *again) {
+        return Failure{cause::Unstable,
+                       u"二度読んだ Lock/Fuse ビットが違います。何も書いていません。"_s};
+    }
+    return again;
 }
 
 void ShowByte(Session& session, const QString& name, std::optional<int> before, int after) {
-    session.Tell(u"%1: %2 -> 0x%3"_s.arg(name, before ? u"0x"_s + HexByte(*before) : u"?"_s,
-                                         HexByte(after)));
+    session.output.Tell(u"%1: %2 -> 0x%3"_s.arg(name, before ? u"0x"_s + HexByte(*before) : u"?"_s,
+                                                HexByte(after)));
 }
 
 /// What `before`, where it could be read, becomes.
 void ShowChange(Session& session, const std::optional<OptionChoice>& before,
                 const OptionChoice& choice) {
-    OptionChoice after = before.value_or(OptionChoice{});
-    for (const OptionRow& row : RowsOf(session.Device())) {
+    for (const OptionRow& row : RowsOf(session.access.Device())) {
         if (choice[row.list] != kNone) {
             const QString old = before ? WordOf(row, (*before)[row.list]) : u"?"_s;
-            session.Tell(u"%1: %2 -> %3"_s.arg(row.name, old, WordOf(row, choice[row.list])));
-            after[row.list] = choice[row.list];
+            session.output.Tell(
+                u"%1: %2 -> %3"_s.arg(row.name, old, WordOf(row, choice[row.list])));
         }
     }
     if (const int lock = choice[OptionList::LockBit]; lock != kNone) {
@@ -146,69 +164,77 @@ void ShowChange(Session& session, const std::optional<OptionChoice>& before,
             EncodeLock(lock));
     }
     if (before && NamesFuses(choice)) {
-        const FuseGroup group = session.Device().fuseGroup;
+        const FuseGroup group = session.access.Device().fuseGroup;
         ShowByte(session, u"ヒューズバイト"_s, EncodeFuses(group, *before),
-                 *EncodeFuses(group, after));
+                 *EncodeFuses(group, Applied(choice, *before)));
     }
+}
+
+Failure NotAccepted() {
+    return {cause::NotAccepted, u"チップが Lock/Fuse ビットを受け付けませんでした。"_s};
+}
+
+Status ConfirmLocked(Session& session) {
+    if (const Status failed = session.access.DetectChip()) {
+        return failed;
+    }
+    const bool locked = session.access.Reading().verdict == ChipVerdict::Locked;
+    session.output.Report(report::Options,
+                          locked ? QJsonObject{{u"LOCK"_s, u"full"_s}} : QJsonObject());
+    return locked ? Status{} : NotAccepted();
 }
 
 /// A locked chip silently ignores writes.
-int Confirm(Session& session, const OptionChoice& wanted) {
-    const QString text = u"チップが Lock/Fuse ビットを受け付けませんでした。"_s;
+Status Confirm(Session& session, const OptionChoice& wanted) {
     if (wanted[OptionList::LockBit] == kLockFull) {
-        if (const int status = session.DetectChip()) {
-            return status;
-        }
-        const bool locked = session.Reading().verdict == ChipVerdict::Locked;
-        session.Report()[u"options"_s] =
-            locked ? QJsonObject{{u"LOCK"_s, u"full"_s}} : QJsonObject();
-        return locked ? int{kDone} : session.Fail(cause::NotTaken, text);
+        return ConfirmLocked(session);
     }
-    if (!IsReadable(session.Device())) {
-        session.Remark(u"このデバイスのロックビットは読み返せません。確認していません。"_s);
-        session.Report()[u"confirmed"_s] = false;
-        return kDone;
+    if (!IsReadable(session.access.Device())) {
+        session.output.Remark(u"このデバイスのロックビットは読み返せません。確認していません。"_s);
+        session.output.Report(report::Confirmed, false);
+        return {};
     }
-    OptionChoice now;
-    return InOrder([&] { return ReadBits(session, now); },
-                   [&] { return session.Judge(now == wanted, cause::NotTaken, text); });
+    const auto now = ReadBits(session);
+    if (!now) {
+        return now.Failed();
+    }
+    return *now == wanted ? Status{} : NotAccepted();
 }
 
 /// One of the two bytes, and the proof that the chip has taken it.
-int WriteByte(Session& session, LockFusePart part, const OptionChoice& wanted) {
-    session.Report()[u"confirmed"_s] = true;
-    session.Bench().state.options = wanted;
-    const bool written = session.WriteLockFuse(part).done;
-    const int status =
-        session.Judge(written, cause::CommandRefused, u"Lock/Fuse ビットを書けません。"_s);
-    return status == kDone ? Confirm(session, wanted) : status;
+Status WriteByte(Session& session, LockFusePart part, const OptionChoice& wanted) {
+    session.output.Report(report::Confirmed, true);
+    session.bench.state.options = wanted;
+    const bool written = session.access.WriteLockFuse(part).done;
+    if (const Status failed = session.access.Judge(
+            written, {cause::CommandRefused, u"Lock/Fuse ビットを書けません。"_s})) {
+        return failed;
+    }
+    return Confirm(session, wanted);
 }
 
 /// The fuses go first: once the lock bits are set, the chip refuses fuses.
-int WriteBits(Session& session, const OptionChoice& choice) {
+Status WriteBits(Session& session, const OptionChoice& choice) {
     std::optional<OptionChoice> before;
-    OptionChoice wanted;
-    const bool readable = IsReadable(session.Device());
-    const int found = readable ? ReadBitsTwice(session, wanted) : session.DetectPart(false);
-    if (found != kDone) {
-        return found;
-    }
-    if (readable) {
-        before = wanted;
+    if (IsReadable(session.access.Device())) {
+        const auto reading = ReadBitsTwice(session);
+        if (!reading) {
+            return reading.Failed();
+        }
+        before = *reading;
+    } else if (const Status failed = session.access.DetectPart(false)) {
+        return failed;
     }
     ShowChange(session, before, choice);
+    OptionChoice wanted = before.value_or(OptionChoice{});
     if (NamesFuses(choice)) {
-        for (const OptionRow& row : RowsOf(session.Device())) {
-            if (row.list != OptionList::LockBit && choice[row.list] != kNone) {
-                wanted[row.list] = choice[row.list];
-            }
-        }
-        if (const int status = WriteByte(session, LockFusePart::Fuses, wanted)) {
-            return status;
+        wanted = Applied(FusesOf(choice), wanted);
+        if (const Status failed = WriteByte(session, LockFusePart::Fuses, wanted)) {
+            return failed;
         }
     }
     if (choice[OptionList::LockBit] == kNone) {
-        return kDone;
+        return {};
     }
     wanted[OptionList::LockBit] = choice[OptionList::LockBit];
     return WriteByte(session, LockFusePart::Lock, wanted);
@@ -216,42 +242,44 @@ int WriteBits(Session& session, const OptionChoice& choice) {
 
 }  // namespace
 
-int Fuses(Session& session, const Call& call) {
+Status Fuses(Session& session, const Call& call) {
+    const CurrentDevice& device = session.access.Device();
     OptionChoice choice;
     for (const QString& text : call.arguments) {
-        if (const int status = AddChoice(session, text, choice)) {
-            return status;
+        if (const Status failed = AddChoice(device, text, choice)) {
+            return failed;
         }
     }
-    if (!IsReadable(session.Device())) {
-        return session.Fail(
+    if (!IsReadable(device)) {
+        return Failure{
             cause::NotReadable,
-            u"このデバイスにヒューズはなく、ロックビットは読めません。書くには lock を使います。"_s);
+            u"このデバイスにヒューズはなく、ロックビットは読めません。書くには lock を使います。"_s};
     }
-    if (const int status = session.RequirePort()) {
-        return status;
+    if (const Status failed = session.access.RequirePort()) {
+        return failed;
     }
     if (!call.arguments.isEmpty()) {
         return WriteBits(session, choice);
     }
-    if (const int status = ReadBits(session, choice)) {
-        return status;
+    const auto reading = ReadBits(session);
+    if (!reading) {
+        return reading.Failed();
     }
-    for (const OptionRow& row : RowsOf(session.Device())) {
-        session.Print(u"%1 = %2"_s.arg(row.name, WordOf(row, choice[row.list])));
+    for (const OptionRow& row : RowsOf(device)) {
+        session.output.Print(u"%1 = %2"_s.arg(row.name, WordOf(row, (*reading)[row.list])));
     }
-    return kDone;
+    return {};
 }
 
-int Lock(Session& session, const Call& call) {
+Status Lock(Session& session, const Call& call) {
     const OptionRow& row = OptionRows()[static_cast<std::size_t>(OptionList::LockBit)];
     const auto entry = FindEntry(row, call.arguments[0]);
     if (!entry) {
-        return session.Fail(cause::WrongUse,
-                            u"MODE は full、write、none のどれかです: %1"_s.arg(call.arguments[0]));
+        return Failure{cause::WrongUse,
+                       u"MODE は full、write、none のどれかです: %1"_s.arg(call.arguments[0])};
     }
-    if (const int status = session.RequirePort()) {
-        return status;
+    if (const Status failed = session.access.RequirePort()) {
+        return failed;
     }
     OptionChoice choice;
     choice[OptionList::LockBit] = *entry;

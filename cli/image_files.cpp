@@ -17,14 +17,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr auto kStandard = u"-";
+constexpr QStringView kStandard = u"-";
 /// Of a memory of 64 KiB, even with a byte a line, a HEX file has less.
 constexpr qsizetype kLargestFile = 16 << 20;
 
-QString DataBeside(const QString& code) {
+/// Nothing is beside the standard streams.
+std::optional<QString> DataBeside(const QString& code) {
+    if (code == kStandard) {
+        return std::nullopt;
+    }
     const QString suffix = QFileInfo(code).suffix();
-    return code == kStandard ? QString()
-                             : code.chopped(suffix.isEmpty() ? 0 : suffix.size() + 1) + u".eep"_s;
+    return code.chopped(suffix.isEmpty() ? 0 : suffix.size() + 1) + u".eep"_s;
 }
 
 bool SameFile(const QString& one, const QString& other) {
@@ -59,45 +62,38 @@ bool Misread(const HexReport& report) {
     });
 }
 
-int TellFindings(Session& session, const QString& path, const HexReport& report, bool force) {
+Status JudgeFindings(Session& session, const QString& path, const HexReport& report, bool force) {
     QStringList lines;
     QJsonArray findings;
     for (const HexFinding& finding : report.findings) {
         lines << u"%1: %2"_s.arg(path, HexFindingText(finding));
         findings << HexFindingJson(finding);
     }
-    session.Report()[u"findings"_s] = findings;
+    session.output.Report(report::Findings, findings);
     const QString text = u"HEX ファイルに誤りがあります。\n"_s + lines.join(u'\n');
     if (!force || report.goodRecords == 0 || Misread(report)) {
-        return session.Fail(cause::BadFile, text);
+        return Failure{cause::BadFile, text};
     }
-    session.Remark(text + u"\n続けます。"_s);
-    return kDone;
+    session.output.Remark(text + u"\n続けます。"_s);
+    return {};
 }
 
+/// Takes the file's content into the image, and `lossless` when all of its data is there.
 template <typename Image>
-int LoadFile(Session& session, const QString& path, int memoryBytes, bool force, Image& image,
-             HexReadResult (*read)(QIODevice&, Image&, ErrorFlag&), bool& lossless) {
-    if (path.isEmpty()) {
-        return kDone;
-    }
+Status LoadFile(Session& session, const QString& path, int memoryBytes, bool force, Image& image,
+                HexReadResult (*read)(QIODevice&, Image&, ErrorFlag&), bool& lossless) {
     auto text = Content(path);
     if (!text) {
-        return session.Fail(cause::FileNotReadable, u"ファイルを読めません: %1"_s.arg(path));
+        return Failure{cause::FileNotReadable, u"ファイルを読めません: %1"_s.arg(path)};
     }
     QBuffer buffer(&*text);
     buffer.open(QIODevice::ReadOnly);
     const HexReport report = CheckHex(buffer, memoryBytes);
-    if (!report.Clean()) {
-        if (const int status = TellFindings(session, path, report, force)) {
-            return status;
-        }
-    }
-    lossless = lossless && report.lossless;
     ErrorFlag flag;
     buffer.seek(0);
     read(buffer, image, flag);
-    return kDone;
+    lossless = lossless && report.lossless;
+    return report.Clean() ? Status{} : JudgeFindings(session, path, report, force);
 }
 
 /// A regular file is replaced as a whole or not at all; anything else is written to.
@@ -118,90 +114,94 @@ bool Commit(QFileDevice& file) {
 
 }  // namespace
 
-int ImageFiles::From(Session& session, const Call& call, Use use, ImageFiles& files) {
-    const auto wrong = [&session](const QString& text) {
-        return session.Fail(cause::WrongUse, text);
-    };
+Result<ImageFiles> ChooseImageFiles(Session& session, const Call& call, FileUse use) {
     const QString first = call.arguments[0];
-    if (call.Has("only")) {
-        const QString only = call.options.value(u"only"_s);
-        files.memories = {.flash = only == u"flash", .eeprom = only == u"eeprom"};
-        if (files.memories.flash == files.memories.eeprom) {
-            return wrong(u"--only は flash か eeprom です。"_s);
+    if (const auto only = call.Value("only")) {
+        if (only != u"flash" && only != u"eeprom") {
+            return Failure{cause::WrongUse, u"--only は flash か eeprom です。"_s};
         }
-        (files.memories.flash ? files.code : files.data) = first;
-        return call.arguments.size() == 1 ? int{kDone}
-                                          : wrong(u"--only ではファイルは一つです。"_s);
+        if (call.arguments.size() > 1) {
+            return Failure{cause::WrongUse, u"--only ではファイルは一つです。"_s};
+        }
+        return only == u"flash" ? ImageFiles{.code = first, .memories = {.eeprom = false}}
+                                : ImageFiles{.data = first, .memories = {.flash = false}};
     }
     if (IsDataFileName(first)) {
-        return wrong(u"EEPROM のファイルです。--only eeprom を指定してください: %1"_s.arg(first));
-    }
-    files.code = first;
-    files.data = call.arguments.value(1, DataBeside(first));
-    if (use == Use::Write && files.data.isEmpty()) {
-        return wrong(
-            u"標準出力には一つのメモリだけを書けます。--only か DATA を指定してください。"_s);
+        return Failure{cause::WrongUse,
+                       u"EEPROM のファイルです。--only eeprom を指定してください: %1"_s.arg(first)};
     }
     if (call.arguments.size() > 1) {
-        return SameFile(files.code, files.data)
-                   ? wrong(u"CODE と DATA が同じファイルです: %1"_s.arg(first))
-                   : int{kDone};
+        if (SameFile(first, call.arguments[1])) {
+            return Failure{cause::WrongUse, u"CODE と DATA が同じファイルです: %1"_s.arg(first)};
+        }
+        return ImageFiles{.code = first, .data = call.arguments[1]};
     }
-    if (use == Use::Read && !QFileInfo::exists(files.data)) {
-        files.data.clear();
+    ImageFiles files{.code = first, .data = DataBeside(first)};
+    if (use == FileUse::Write && !files.data) {
+        return Failure{
+            cause::WrongUse,
+            u"標準出力には一つのメモリだけを書けます。--only か DATA を指定してください。"_s};
     }
-    if (!files.data.isEmpty() && !call.Has("keep-eeprom")) {
-        session.Tell(u"EEPROM のファイル: %1"_s.arg(files.data));
+    if (use == FileUse::Read && files.data && !QFileInfo::exists(*files.data)) {
+        files.data.reset();
     }
-    return kDone;
+    if (files.data && !call.Has("keep-eeprom")) {
+        session.output.Tell(u"EEPROM のファイル: %1"_s.arg(*files.data));
+    }
+    return files;
 }
 
-int LoadFiles(Session& session, const ImageFiles& files, bool force, LoadedFiles& loaded) {
-    const CurrentDevice& device = session.Device();
-    session.Report()[u"files"_s] = files.Json();
-    if (const int status =
-            LoadFile<FlashImage>(session, files.code, 2 * device.flashWords, force,
-                                 loaded.images.flash, ReadCodeHex, loaded.lossless)) {
-        return status;
+Result<LoadedFiles> LoadFiles(Session& session, const ImageFiles& files, bool force) {
+    const CurrentDevice& device = session.access.Device();
+    LoadedFiles loaded;
+    session.output.Report(report::Files, files.Json());
+    if (files.code) {
+        if (const Status failed =
+                LoadFile<FlashImage>(session, *files.code, 2 * device.flashWords, force,
+                                     loaded.images.flash, ReadCodeHex, loaded.lossless)) {
+            return *failed;
+        }
     }
-    return LoadFile<EepromImage>(session, files.data, device.eepromBytes, force,
-                                 loaded.images.eeprom, ReadDataHex, loaded.lossless);
+    if (files.data) {
+        if (const Status failed =
+                LoadFile<EepromImage>(session, *files.data, device.eepromBytes, force,
+                                      loaded.images.eeprom, ReadDataHex, loaded.lossless)) {
+            return *failed;
+        }
+    }
+    return loaded;
 }
 
-int SaveImages(Session& session, const ImageFiles& files, const MemoryImages& images) {
-    const CurrentDevice& device = session.Device();
-    struct Output {
-        QString path;
-        QByteArray text;
-    };
+Status SaveImages(Session& session, const ImageFiles& files, const MemoryImages& images) {
+    const CurrentDevice& device = session.access.Device();
+    const std::pair<std::optional<QString>, QByteArray> outputs[] = {
+        {files.code, CodeHexText(images.flash, device.flashWords)},
+        {files.data, DataHexText(images.eeprom, device.eepromBytes)}};
     std::vector<std::unique_ptr<QFileDevice>> open;
     QStringList written;
-    const auto failed = [&session](const QString& path) {
-        return session.Fail(cause::FileNotWritten, u"ファイルを書けません: %1"_s.arg(path));
+    const auto failure = [](const QString& path) {
+        return Failure{cause::FileNotWritten, u"ファイルを書けません: %1"_s.arg(path)};
     };
-    for (const Output& output :
-         {Output{files.code, CodeHexText(images.flash, device.flashWords)},
-          Output{files.data, DataHexText(images.eeprom, device.eepromBytes)}}) {
-        if (output.path == kStandard) {
-            session.Put(output.text);
-        } else if (!output.path.isEmpty()) {
-            open.push_back(OpenOutput(output.path));
-            if (!open.back() || open.back()->write(output.text) != output.text.size() ||
-                !open.back()->flush()) {
-                return failed(output.path);
+    for (const auto& [path, text] : outputs) {
+        if (path == kStandard) {
+            session.output.Put(text);
+        } else if (path) {
+            open.push_back(OpenOutput(*path));
+            if (!open.back() || open.back()->write(text) != text.size() || !open.back()->flush()) {
+                return failure(*path);
             }
-            written << output.path;
+            written << *path;
         }
     }
     for (const auto& file : open) {
         if (!Commit(*file)) {
-            return failed(file->fileName());
+            return failure(file->fileName());
         }
     }
     if (!written.isEmpty()) {
-        session.Tell(u"保存しました: %1"_s.arg(written.join(u", "_s)));
+        session.output.Tell(u"保存しました: %1"_s.arg(written.join(u", "_s)));
     }
-    return kDone;
+    return {};
 }
 
 QJsonObject HexFindingJson(const HexFinding& finding) {

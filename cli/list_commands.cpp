@@ -12,18 +12,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString FuseNames(FuseGroup group) {
-    switch (group) {
-        case FuseGroup::LockOnly:
-            return {};
-        case FuseGroup::FSTRT:
-            return u"FSTRT"_s;
-        case FuseGroup::RCEN:
-            return u"RCEN"_s;
-        case FuseGroup::BOD_CKSEL:
-            return u"BODLEVEL BODEN CKSEL"_s;
+QStringList FuseNames(FuseGroup group) {
+    QStringList names;
+    for (const OptionRow& row : OptionRows()) {
+        if (row.list != OptionList::LockBit && HasOption(group, row.list)) {
+            names << row.name;
+        }
     }
-    return {};
+    return names;
 }
 
 QString State(const ComPort& port, const PortFacts& facts) {
@@ -46,8 +42,8 @@ HexReport CheckFile(const QString& path, int memoryBytes) {
 
 }  // namespace
 
-int Check(Session& session, const Call& call) {
-    const CurrentDevice& device = session.Device();
+Status Check(Session& session, const Call& call) {
+    const CurrentDevice& device = session.access.Device();
     QJsonArray files;
     bool readable = true;
     bool clean = true;
@@ -59,14 +55,14 @@ int Check(Session& session, const Call& call) {
         clean = clean && report.Clean();
         QJsonArray findings;
         for (const HexFinding& finding : report.findings) {
-            session.Print(u"%1: %2"_s.arg(path, HexFindingText(finding)));
+            session.output.Print(u"%1: %2"_s.arg(path, HexFindingText(finding)));
             findings << HexFindingJson(finding);
         }
         if (!report.readable) {
-            session.Print(u"%1: 読めません。"_s.arg(path));
+            session.output.Print(u"%1: 読めません。"_s.arg(path));
         } else if (report.Clean()) {
-            session.Print(u"%1: OK (%2 byte / %3 byte)"_s.arg(path, QString::number(report.bytes),
-                                                              QString::number(size)));
+            session.output.Print(u"%1: OK (%2 byte / %3 byte)"_s.arg(
+                path, QString::number(report.bytes), QString::number(size)));
         }
         files << QJsonObject{{u"file"_s, path},
                              {u"readable"_s, report.readable},
@@ -74,48 +70,52 @@ int Check(Session& session, const Call& call) {
                              {u"bytes"_s, report.bytes},
                              {u"findings"_s, findings}};
     }
-    session.Report()[u"checked"_s] = files;
+    session.output.Report(report::Checked, files);
     if (!readable) {
-        return session.Fail(cause::FileNotReadable, u"読めないファイルがあります。"_s);
+        return Failure{cause::FileNotReadable, u"読めないファイルがあります。"_s};
     }
-    return clean ? int{kDone} : session.Fail(cause::BadFile, u"HEX ファイルに誤りがあります。"_s);
+    if (!clean) {
+        return Failure{cause::BadFile, u"HEX ファイルに誤りがあります。"_s};
+    }
+    return {};
 }
 
-int ListPorts(Session& session, const Call&) {
+Status ListPorts(Session& session, const Call&) {
     QJsonArray ports;
-    for (const ComPort& port : session.Ports().All()) {
-        const PortFacts facts = session.Inspect(port.devicePath);
-        session.Print(u"%1 %2 %3 %4"_s
-                          .arg(u"COM%1"_s.arg(port.number).leftJustified(5),
-                               port.devicePath.leftJustified(14), State(port, facts), port.adapter)
-                          .trimmed());
+    for (const ComPort& port : session.Around().comPorts.All()) {
+        const PortFacts facts = session.Around().inspectPort(port.devicePath);
+        session.output.Print(u"%1 %2 %3 %4"_s
+                                 .arg(u"COM%1"_s.arg(port.number).leftJustified(5),
+                                      port.devicePath.leftJustified(14), State(port, facts),
+                                      port.adapter)
+                                 .trimmed());
         ports << QJsonObject{{u"number"_s, port.number},   {u"path"_s, port.devicePath},
                              {u"present"_s, port.present}, {u"adapter"_s, port.adapter},
                              {u"exists"_s, facts.exists},  {u"permitted"_s, facts.permitted}};
     }
-    session.Report()[u"ports"_s] = ports;
-    return kDone;
+    session.output.Report(report::Ports, ports);
+    return {};
 }
 
-int ListDevices(Session& session, const Call&) {
+Status ListDevices(Session& session, const Call&) {
     QJsonArray devices;
     for (const DeviceRecord& record : Catalogue()) {
         const QString part = PartNumber(record.name);
-        const QString fuses = FuseNames(record.fuseGroup);
-        session.Print(u"%1 Flash %2 word  EEPROM %3 byte  %4"_s.arg(part.leftJustified(11))
-                          .arg(record.flashWords, 4)
-                          .arg(record.eepromBytes, 3)
-                          .arg(record.name == part ? fuses : record.name + u' ' + fuses)
-                          .trimmed());
-        devices << QJsonObject{
-            {u"name"_s, part},
-            {u"code"_s, record.deviceCode},
-            {u"flashWords"_s, record.flashWords},
-            {u"eepromBytes"_s, record.eepromBytes},
-            {u"fuses"_s, QJsonArray::fromStringList(fuses.split(u' ', Qt::SkipEmptyParts))}};
+        const QStringList names = FuseNames(record.fuseGroup);
+        const QString fuses = names.join(u' ');
+        session.output.Print(u"%1 Flash %2 word  EEPROM %3 byte  %4"_s.arg(part.leftJustified(11))
+                                 .arg(record.flashWords, 4)
+                                 .arg(record.eepromBytes, 3)
+                                 .arg(record.name == part ? fuses : record.name + u' ' + fuses)
+                                 .trimmed());
+        devices << QJsonObject{{u"name"_s, part},
+                               {u"code"_s, record.deviceCode},
+                               {u"flashWords"_s, record.flashWords},
+                               {u"eepromBytes"_s, record.eepromBytes},
+                               {u"fuses"_s, QJsonArray::fromStringList(names)}};
     }
-    session.Report()[u"devices"_s] = devices;
-    return kDone;
+    session.output.Report(report::Devices, devices);
+    return {};
 }
 
 }  // namespace tolvex

@@ -33,14 +33,14 @@ int main(int argc, char** argv) {
     QFile error;
     if (!out.open(kOutput, QIODevice::WriteOnly | QIODevice::Unbuffered) ||
         !error.open(kErrors, QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-        return kOutputLost;
+        return static_cast<int>(ExitStatus::OutputLost);
     }
     Console console(out, error, TerminalColumns);
     const SettingsFile settings(SettingsPath());
     ComPorts comPorts(ConfigFolder());
     QtSerialPort port(comPorts);
     EventLoopClock clock;
-    return RunCommandLine(QCoreApplication::arguments(),
-                          {port, [&port] { return port.LastError(); }, clock, settings, comPorts,
-                           console, SignalAfterStart, InspectPort});
+    return static_cast<int>(RunCommandLine(
+        QCoreApplication::arguments(), {port, [&port] { return port.LastError(); }, clock, settings,
+                                        comPorts, console, SignalAfterStart, InspectPort}));
 }

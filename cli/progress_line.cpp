@@ -24,7 +24,7 @@ int Columns(const QString& text) {
 }  // namespace
 
 void ProgressLine::Begin(const QString& text) {
-    if (silent_ || text == text_) {
+    if (text == text_) {
         return;
     }
     End();
@@ -39,7 +39,7 @@ void ProgressLine::Begin(const QString& text) {
 
 void ProgressLine::Step(double minimum, double value, double maximum) {
     const int columns = console_.Columns();
-    if (silent_ || text_.isEmpty() || columns == 0) {
+    if (text_.isEmpty() || columns == 0) {
         return;
     }
     const double fraction = maximum > minimum ? (value - minimum) / (maximum - minimum) : 1;

@@ -12,9 +12,8 @@ namespace tolvex {
 /// time left; elsewhere a plain line a phase.
 class ProgressLine {
   public:
-    /// Both borrowed. `silent` draws nothing at all.
-    ProgressLine(Console& console, const EventClock& clock, bool silent)
-        : console_(console), clock_(clock), silent_(silent) {}
+    /// Both borrowed.
+    ProgressLine(Console& console, const EventClock& clock) : console_(console), clock_(clock) {}
 
     /// A phase begins; its bar starts anew with the first step.
     void Begin(const QString& text);
@@ -29,7 +28,6 @@ class ProgressLine {
 
     Console& console_;
     const EventClock& clock_;
-    bool silent_;
     QString text_;
     bool drawn_ = false;  ///< a line stands on the terminal
     int shown_ = -1;      ///< per cent

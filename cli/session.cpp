@@ -20,136 +20,105 @@ FixedSettings SettingsFor(const Settings& stored, const CommonOptions& options) 
     return settings;
 }
 
+std::optional<ChosenPort> PortOf(const Settings& settings, const ComPorts& ports, bool byPath) {
+    const int number = static_cast<int>(GetNumber(settings, keys::ComNoxChosen));
+    if (number == 0) {
+        return std::nullopt;
+    }
+    return ChosenPort{number, ports.DevicePath(number), byPath};
+}
+
 }  // namespace
 
-Session::Session(const CliSurroundings& around, const CommonOptions& options,
-                 const QString& command)
+Session::Session(const CliSurroundings& around, const CommonOptions& options, Output& out)
     : around_(around),
-      options_(options),
       settings_(SettingsFor(around.settings, options)),
-      port_(around.port, around.clock),
-      clock_(around.clock, port_, around.signal),
+      port_(PortOf(settings_, around.comPorts, options.port && options.port->byPath)),
+      line_(around.port, around.clock),
+      clock_(around.clock, line_, around.signal),
       start_(clock_.Now()),
-      chip_(around.signal),
-      ui_(around_.console, clock_,
-          {.prints = !options.json && !options.quiet && !options.outputTaken,
-           .progress = !options.quiet,
-           .muted = [this] { return leaving_ || chip_.Unwinding(); },
-           .displayPortName =
-               [this](QString text) {
-                   return ByPath() ? text.replace(u"COM%1"_s.arg(PortNumber()), PortPath()) : text;
-               }}),
-      bench_({.port = port_,
-              .clock = clock_,
-              .settings = settings_,
-              .folders = folders_,
-              .ui = ui_,
-              .hooks = chip_.Hooks()}) {
-    FillDeviceLists(bench_.chip);
-    report_[u"command"_s] = command;
-    report_[u"device"_s] = PartNumber(Device().name);
-    if (PortNumber() != 0) {
-        QJsonObject port{{u"path"_s, PortPath()}};
-        if (!ByPath()) {
-            port[u"number"_s] = PortNumber();
+      record_(around.signal),
+      ui_(out, record_, port_),
+      output(out),
+      bench({.port = line_,
+             .clock = clock_,
+             .settings = settings_,
+             .folders = folders_,
+             .ui = ui_,
+             .hooks = record_.Hooks()}),
+      access(
+          {.around = around_, .port = port_, .record = record_, .bench = bench, .output = output}) {
+    FillDeviceLists(bench.chip);
+    output.Report(report::Device, PartNumber(access.Device().name));
+    if (port_) {
+        QJsonObject port{{u"path"_s, port_->path}};
+        if (!port_->byPath) {
+            port[u"number"_s] = port_->number;
         }
-        report_[u"port"_s] = port;
+        output.Report(report::Port, port);
     }
 }
 
-int Session::OpenTrace() {
-    return options_.trace.isEmpty() || port_.TraceTo(options_.trace)
-               ? int{kDone}
-               : Fail(cause::FileNotWritten, u"ファイルを書けません: %1"_s.arg(options_.trace));
-}
-
-int Session::PortNumber() const {
-    return static_cast<int>(GetNumber(settings_, keys::ComNoxChosen));
-}
-
-QString Session::PortName() const {
-    return ByPath() ? PortPath() : u"COM%1 (%2)"_s.arg(PortNumber()).arg(PortPath());
-}
-
-void Session::Print(const QString& line) {
-    ui_.EndProgress();
-    if (options_.outputTaken) {
-        around_.console.Complain(line);
-    } else if (!options_.json) {
-        around_.console.Print(line);
+Status Session::OpenTrace(const std::optional<QString>& path) {
+    if (path && !line_.TraceTo(*path)) {
+        return Failure{cause::FileNotWritten, u"ファイルを書けません: %1"_s.arg(*path)};
     }
+    return {};
 }
 
-void Session::Tell(const QString& line) {
-    if (!options_.quiet) {
-        Print(line);
+ExitStatus Session::Finish(const Status& failed) {
+    Status end = failed;
+    if (end && !record_.Stopped()) {
+        output.TellFailure(*end);
     }
-}
-
-void Session::Remark(const QString& line) {
-    ui_.EndProgress();
-    around_.console.Complain(line);
-}
-
-int Session::Fail(Cause cause, const QString& text) {
-    Remark(u"tolvex-cli: "_s + text);
-    report_[u"error"_s] =
-        QJsonObject{{u"code"_s, QString::fromLatin1(cause.code)}, {u"message"_s, text}};
-    return cause.status;
-}
-
-int Session::RequirePort() {
-    return PortNumber() != 0
-               ? int{kDone}
-               : Fail(cause::NoPort, u"ポートが選ばれていません。--port で指定してください。"_s);
-}
-
-int Session::Finish(int status) {
-    const bool stopped = chip_.Stopped();
-    LeaveBoard();
+    const bool stopped = record_.Stopped();
+    LeaveWriter();
     if (stopped) {
-        Fail(cause::Interrupted, u"中断しました。\n"_s + chip_.Text());
-        status = kSignalled + around_.signal();
-    } else if (status != kDone && chip_.Touched()) {
-        Remark(chip_.Text());
-    } else if (port_.TraceIncomplete() && status == kDone) {
-        status = Fail(cause::OutputLost, u"ファイルを書けません: %1"_s.arg(port_.TracePath()));
+        end = Failure{cause::Interrupted, u"中断しました。\n"_s + record_.Text()};
+        output.TellFailure(*end);
+    } else if (end && record_.Touched()) {
+        output.Remark(record_.Text());
+    } else if (!end && line_.TraceIncomplete()) {
+        end = Failure{cause::OutputLost, u"ファイルを書けません: %1"_s.arg(line_.TracePath())};
+        output.TellFailure(*end);
     }
     ReportFindings();
-    report_[u"exitStatus"_s] = status;
-    report_[u"messages"_s] = QJsonArray::fromStringList(ui_.Said());
-    return status;
+    if (stopped) {
+        return SignalledBy(around_.signal());
+    }
+    return end ? end->cause.status : ExitStatus::Done;
 }
 
 void Session::ReportFindings() {
-    const WriterIdentity& identity = detection_.identity;
-    if (detection_) {
-        report_[u"writer"_s] = QJsonObject{{u"identifier"_s, identity.identifier},
-                                           {u"firmware"_s, identity.softwareVersion},
-                                           {u"hardware"_s, identity.hardwareVersion}};
+    if (access.Detection()) {
+        const WriterIdentity& identity = access.Detection().identity;
+        output.Report(report::Writer, QJsonObject{{u"identifier"_s, identity.identifier},
+                                                  {u"firmware"_s, identity.softwareVersion},
+                                                  {u"hardware"_s, identity.hardwareVersion}});
     }
-    if (!Signature().isEmpty()) {
-        report_[u"signature"_s] = Signature();
+    if (const auto signature = access.Signature()) {
+        output.Report(report::Signature, *signature);
     }
-    if (const auto part = PartOf(reading_.signature)) {
-        report_[u"part"_s] = *part;
+    if (const auto part = PartOf(access.Reading().signature)) {
+        output.Report(report::Part, *part);
     }
-    if (chip_.Touched()) {
-        report_[u"written"_s] = chip_.Json();
+    if (record_.Touched()) {
+        output.Report(report::Written, record_.Json());
     }
+    output.Report(report::Messages, QJsonArray::fromStringList(ui_.Said()));
 }
 
-/// An operation that broke off leaves the board in programming mode, with the chip held in reset.
-void Session::LeaveBoard() {
-    ui_.EndProgress();
-    leaving_ = true;
-    chip_.AllowShutdownCommands();
+/// An operation that broke off leaves the writer in programming mode, with the chip held in reset.
+void Session::LeaveWriter() {
+    output.EndProgress();
+    record_.AllowShutdownCommands();
     clock_.AllowShutdownCommands();
-    if (port_.IsOpen() && chip_.InProgrammingMode() &&
-        bench_.commands.LeaveProgrammingMode() != Outcome::Ok) {
-        Remark(u"ライタがプログラミングモードのままかもしれません。電源を入れ直してください。"_s);
+    if (line_.IsOpen() && record_.InProgrammingMode() &&
+        bench.commands.LeaveProgrammingMode() != Outcome::Ok) {
+        output.Remark(
+            u"ライタがプログラミングモードのままかもしれません。電源を入れ直してください。"_s);
     }
-    bench_.connection.ClosePort();
+    bench.connection.ClosePort();
 }
 
 }  // namespace tolvex

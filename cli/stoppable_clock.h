@@ -10,7 +10,7 @@
 namespace tolvex {
 
 /// The clock of a run that a signal can end, also in the middle of a wait: the reply under way gets
-/// a grace period, because nobody knows what the board has done without it; then nothing waits.
+/// a grace period, because nobody knows what the writer has done without it; then nothing waits.
 class StoppableClock : public EventClock {
   public:
     /// Clock and port are borrowed; the port records after each wait what has arrived. `signal`:
@@ -18,7 +18,7 @@ class StoppableClock : public EventClock {
     StoppableClock(EventClock& clock, TracedPort& port, std::function<int()> signal)
         : clock_(clock), port_(port), signal_(std::move(signal)) {}
 
-    /// What still has to be said to the board gets a grace period from now on, signal or not.
+    /// What still has to be said to the writer gets a grace period from now on, signal or not.
     void AllowShutdownCommands() { end_ = clock_.Now() + kGracePeriod; }
 
     Instant Now() const override { return clock_.Now(); }

@@ -3,6 +3,8 @@
 
 namespace tolvex {
 
+using namespace Qt::StringLiterals;
+
 void TerminalUserInterface::SetStatusText(int panel, const QString& text, MessageKind kind) {
     if (panel == kMessagePanel && !text.isEmpty()) {
         Say(kind, text);
@@ -12,35 +14,34 @@ void TerminalUserInterface::SetStatusText(int panel, const QString& text, Messag
 void TerminalUserInterface::ShowMessage(MessageKind kind, const QString& text) {
     if (kind != MessageKind::Progress) {
         Say(kind, text);
-    } else if (!options_.muted()) {
-        progress_.Begin(text);
+    } else if (!record_.Unwinding()) {
+        output_.BeginProgress(text);
     }
 }
 
 void TerminalUserInterface::SetProgress(bool on, double minimum, double value, double maximum) {
-    if (on && !options_.muted()) {
-        progress_.Step(minimum, value, maximum);
+    if (on && !record_.Unwinding()) {
+        output_.StepProgress(minimum, value, maximum);
     }
 }
 
 /// A text that is shown in two places is said once, and so is a failure that repeats itself.
 void TerminalUserInterface::Say(MessageKind kind, QString text) {
-    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
-    text = options_.displayPortName(text.trimmed());
+    text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+    text = text.trimmed();
+    if (port_ && port_->byPath) {
+        text.replace(u"COM%1"_s.arg(port_->number), port_->path);
+    }
     const bool failure = kind == MessageKind::Failure;
     const bool known = failure ? failures_.contains(text) : said_.endsWith(text);
-    if (options_.muted() || known) {
+    if (record_.Unwinding() || known) {
         return;
     }
     said_ << text;
     if (failure) {
         failures_ << text;
-        progress_.End();
-        console_.Complain(text);
-    } else if (options_.prints) {
-        progress_.End();
-        console_.Print(text);
     }
+    output_.TellMessage(text, failure);
 }
 
 }  // namespace tolvex

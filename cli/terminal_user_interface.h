@@ -3,42 +3,33 @@
 
 #include <QSet>
 #include <QStringList>
-#include <functional>
 
 #include "base/user_interface.h"
-#include "cli/console.h"
-#include "cli/progress_line.h"
+#include "cli/chip_record.h"
+#include "cli/output.h"
+#include "cli/surroundings.h"
 
 namespace tolvex {
 
 /// The user at a terminal. What the operations say stands on the output as it is, a line each;
 /// failures go to the error stream, once each. Nobody answers questions, so every question is
 /// answered no. The listings are not shown; the commands print the differences.
+///
+/// While an operation unwinds it is muted: it reports failures that are none. A port that the user
+/// named by its path is shown so.
 class TerminalUserInterface : public UserInterface {
   public:
-    struct Options {
-        bool prints;    ///< false: what is no failure is kept and not printed
-        bool progress;  ///< false: no bar
-        /// While this is true everything said is dropped: an operation that unwinds because nothing
-        /// is sent any more reports failures that are none.
-        std::function<bool()> muted;
-        /// Puts the port as the user named it in place of its number.
-        std::function<QString(QString)> displayPortName;
-    };
-    /// Console and clock are borrowed.
-    TerminalUserInterface(Console& console, const EventClock& clock, Options options)
-        : console_(console),
-          progress_(console, clock, !options.progress),
-          options_(std::move(options)) {}
+    /// Output and record are borrowed.
+    TerminalUserInterface(Output& output, const ChipRecord& record,
+                          const std::optional<ChosenPort>& port)
+        : output_(output), record_(record), port_(port) {}
 
     /// Everything said so far, in order.
     QStringList Said() const { return said_; }
-    /// Ends a line that is being drawn over, before something else is printed.
-    void EndProgress() { progress_.End(); }
 
     void SetStatusText(int panel, const QString& text, MessageKind kind) override;
     void ShowMessage(MessageKind kind, const QString& text) override;
-    void CloseMessage() override { progress_.End(); }
+    void CloseMessage() override { output_.EndProgress(); }
     void SetProgress(bool on, double minimum, double value, double maximum) override;
 
     void SetFlashListing(const QString&) override {}
@@ -63,9 +54,9 @@ class TerminalUserInterface : public UserInterface {
   private:
     void Say(MessageKind kind, QString text);
 
-    Console& console_;
-    ProgressLine progress_;
-    Options options_;
+    Output& output_;
+    const ChipRecord& record_;
+    std::optional<ChosenPort> port_;
     QStringList said_;
     QSet<QString> failures_;
 };

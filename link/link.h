@@ -87,6 +87,9 @@ struct LinkContext {
     ProgramState& state;
 };
 
+/// The only firmware that knows the 28-pin chips, those of the fuse group BOD_CKSEL.
+inline constexpr QStringView kFullFirmware = u"3.9";
+
 /// What the writer says of itself; what it did not say is empty.
 struct WriterIdentity {
     QString identifier, softwareVersion, hardwareVersion;

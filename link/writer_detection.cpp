@@ -8,9 +8,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The only firmware that knows the 28-pin chips.
-constexpr QStringView kFullFirmware = u"3.9";
-
 /// The command that decides ends the handshake; `failure` is then its text.
 Outcome ShakeHands(const LinkContext& link, WriterIdentity& identity, QStringView& failure) {
     failure = u"ライタと通信ができませんでした。(レジストリリード)";

@@ -10,7 +10,7 @@ using enum FaultKind;
 
 TEST(DetectCommand, ShowsWriterAndChip) {
     CliBench b;
-    EXPECT_EQ(b.Run("detect --quiet"), kDone);
+    EXPECT_EQ(b.Run("detect --quiet"), ExitStatus::Done);
     EXPECT_EQ(b.Out().toStdString(),
               "ライタ: AVR ISP\nファームウエア: 3.9\nハードウエア: 1.0\n"
               "シグネチャ: 1E:91:01 (AT90S2313)\nデバイス: AT90S2313 (一致)\n");
@@ -27,7 +27,7 @@ TEST(DetectCommand, NamesThePartInTheSocket) {
         Insert(QByteArray::number((chip + 2) % 10).constData())(b);
         EXPECT_EQ(b.Outcome("detect"), "1 wrongChip");
         b.board = SimulatedWriter(b.chip.get(), u"3.5"_s);
-        EXPECT_EQ(b.Run("detect --quiet"), kDone);
+        EXPECT_EQ(b.Run("detect --quiet"), ExitStatus::Done);
         EXPECT_EQ(b.Err().contains(u"ファームウエア 3.5"_s), chip == 4 || chip == 7);
     }
 }
@@ -39,7 +39,7 @@ TEST(VerifyCommand, ListsTheDifferences) {
     contents.eeprom.replace(0, 3, "\x41\x42\x01");
     b.chip->SetContents(contents);
     const QString flash = u"Flash  0001: ファイル 0403, チップ 0503\n"_s;
-    EXPECT_EQ(b.Run("verify @a.hex @a.eep --quiet"), kRefused);
+    EXPECT_EQ(b.Run("verify @a.hex @a.eep --quiet"), ExitStatus::Refused);
     EXPECT_EQ(b.Out(), flash + u"EEPROM 0002: ファイル FF, チップ 01\n"_s);
     EXPECT_EQ(b.Outcome("verify @a.hex --only flash"), "1 differs");
     EXPECT_FALSE(b.Json()["verified"_L1].toBool(true));
@@ -53,14 +53,14 @@ TEST(ReadCommand, WritesFilesThatVerifyAndReplacesNone) {
     const QString data = b.File(u"all.eep"_s, "precious");  // never named
     EXPECT_EQ(b.Outcome("read @all.hex"), "2 fileExists");
     EXPECT_TRUE(b.port.Wire().isEmpty() && Bytes(data) == "precious");
-    EXPECT_EQ(b.Run("read @all.hex --overwrite"), kDone) << b.Err().toStdString();
+    EXPECT_EQ(b.Run("read @all.hex --overwrite"), ExitStatus::Done) << b.Err().toStdString();
     EXPECT_TRUE(b.Out().endsWith(u"保存しました: %1, %2\n"_s.arg(b.Path(u"all.hex"_s), data)));
-    EXPECT_EQ(b.Run("verify @all.hex"), kDone);
+    EXPECT_EQ(b.Run("verify @all.hex"), ExitStatus::Done);
     const QByteArray text = Bytes(data);
-    EXPECT_EQ(b.Run("read - --only eeprom"), kDone);
+    EXPECT_EQ(b.Run("read - --only eeprom"), ExitStatus::Done);
     EXPECT_EQ(b.Out(), QString::fromUtf8(text)) << "and nothing else";
     Insert("AT90S2323")(b);
-    EXPECT_EQ(b.Run("read @other.hex --force"), kDone);
+    EXPECT_EQ(b.Run("read @other.hex --force"), ExitStatus::Done);
 }
 
 constexpr int kLockOnly = 2;  // AT90S2313
@@ -89,12 +89,12 @@ TEST(FuseCommands, WriteWhatWasNamedAndNothingElse) {
         {kFstrt, "fuses RCEN=Enable", {}, "2 wrongUse", ""},
         {kFstrt, "fuses LOCK=write lock=none", {}, "2 wrongUse", ""},
         {kFstrt, "fuses FSTRT=unknown", {}, "2 wrongUse", ""},
-        {kFstrt, "lock none", Lock(0xFD), "1 notTaken", "l FF"},
+        {kFstrt, "lock none", Lock(0xFD), "1 notAccepted", "l FF"},
         {kFstrt, "fuses", Lock(0xF9), "1 locked", ""},
         {kLockOnly, "lock full", Insert("AT90S2323"), "1 wrongChip", ""},
         {kFstrt, "fuses FSTRT=Enable", Spoil('F', Wrong, 2), "1 implausible", ""},
         {kBodCksel, "fuses BODEN=Enable", Spoil('r', Wrong, 1), "1 unstable", ""},
-        {kBodCksel, "fuses BODEN=Enable", Spoil('r', Wrong, 3), "1 notTaken", "f B2"},
+        {kBodCksel, "fuses BODEN=Enable", Spoil('r', Wrong, 3), "1 notAccepted", "f B2"},
     };
     for (const auto& [chip, line, fault, outcome, writes] : cases) {
         SCOPED_TRACE(line + (": " + outcome));
@@ -116,11 +116,11 @@ TEST(FuseCommands, WriteWhatWasNamedAndNothingElse) {
 
 TEST(FuseCommands, ShowWhatChangesFirstAndWhatTheChipHas) {
     CliBench b(kBodCksel);
-    EXPECT_EQ(b.Run("fuses CKSEL=1K~CK"), kDone);
+    EXPECT_EQ(b.Run("fuses CKSEL=1K~CK"), ExitStatus::Done);
     const QString change = u"CKSEL: 64ms + 16K CK -> 1K CK\nヒューズバイト: 0xBA -> 0xBF\n"_s;
     EXPECT_TRUE(b.Out().contains(change)) << b.Out().toStdString();
     EXPECT_LT(b.Out().indexOf(change), b.Out().indexOf(u"ライトが完了しました。"_s));
-    EXPECT_EQ(b.Run("fuses --quiet"), kDone);
+    EXPECT_EQ(b.Run("fuses --quiet"), ExitStatus::Done);
     EXPECT_EQ(b.Out(), u"BODLEVEL = 2.7V\nBODEN = Disable\nCKSEL = 1K CK\nLOCK = none\n"_s);
     // LB2 alone stands for no entry: told, and left as it is.
     b.chip->ProgramLock(0xFB);
@@ -129,7 +129,7 @@ TEST(FuseCommands, ShowWhatChangesFirstAndWhatTheChipHas) {
               R"({"BODEN":"Enable","BODLEVEL":"2.7V","CKSEL":"1K CK","LOCK":"unknown"})");
     EXPECT_EQ(b.chip->Contents().lock, 0xFB);
     b.chip->ProgramLock(0xF9);
-    EXPECT_EQ(b.Run("erase"), kDone);
+    EXPECT_EQ(b.Run("erase"), ExitStatus::Done);
     EXPECT_EQ(b.chip->Contents().lock, 0xFF);
     EXPECT_TRUE(b.Err().contains(u"チップはロックされています。消去してロックを解除します。\n"_s));
 }

@@ -43,13 +43,13 @@ class CliBench : public Surroundings {
     }
 
     /// The exit status; `Out`, `Err` and `Json` tell of this run alone.
-    int Run(const QStringList& arguments) {
+    ExitStatus Run(const QStringList& arguments) {
         out_.setData({});
         error_.setData({});
         out_.open(QIODevice::WriteOnly);
         error_.open(QIODevice::WriteOnly);
         Console console(out_, error_, [this] { return columns; });
-        const int status =
+        const ExitStatus status =
             RunCommandLine(QStringList{u"tolvex-cli"_s} + arguments,
                            {port, [] { return u"busy"_s; }, clock, settings, comPorts, console,
                             signal, [this](const QString&) { return facts; }});
@@ -58,10 +58,10 @@ class CliBench : public Surroundings {
         return status;
     }
     /// A line as it is typed: @ stands for the bench's folder, ~ for a blank inside a word.
-    int Run(const char* line) { return Run(Words(line)); }
+    ExitStatus Run(const char* line) { return Run(Words(line)); }
     /// The same with --json: exit status and error code, "0" or "1 locked".
     std::string Outcome(const std::string& line) {
-        const int status = Run(Words(line.c_str()) + QStringList{u"--json"_s});
+        const auto status = static_cast<int>(Run(Words(line.c_str()) + QStringList{u"--json"_s}));
         EXPECT_TRUE(Out().count(u'\n') == 1 && Out().endsWith(u"}\n"_s)) << "one object always";
         EXPECT_EQ(Json()["exitStatus"_L1].toInt(-1), status);
         const QString code = Json()["error"_L1]["code"_L1].toString();

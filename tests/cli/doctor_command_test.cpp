@@ -6,7 +6,7 @@
 namespace tolvex::testing {
 namespace {
 
-TEST(DoctorCommand, FindsTheCauseAndTheCommandThatMendsIt) {
+TEST(DoctorCommand, FindsTheCauseAndTheCommandThatFixesIt) {
     const PortFacts outside{.exists = true, .group = u"dialout"_s};
     const PortFacts noRule{.exists = true, .group = u"dialout"_s, .udevRule = UdevRule::Missing};
     const PortFacts member{.exists = true, .group = u"dialout"_s, .member = true};
@@ -31,7 +31,7 @@ TEST(DoctorCommand, FindsTheCauseAndTheCommandThatMendsIt) {
         SCOPED_TRACE(outcome + command);
         CliBench b;
         fault(b);
-        EXPECT_EQ(b.Run("doctor --port COM20"), outcome[0] - '0');
+        EXPECT_EQ(static_cast<int>(b.Run("doctor --port COM20")), outcome[0] - '0');
         EXPECT_TRUE(b.Out().endsWith(QString::fromUtf8(command) + u'\n')) << b.Out().toStdString();
         EXPECT_EQ(b.Err().contains(u"ログインし直して"_s), QByteArray(command).contains("dialout"));
         EXPECT_EQ(b.Err().contains(u"パッケージ"_s), b.facts.udevRule != UdevRule::NotForDevice);
@@ -46,7 +46,7 @@ TEST(DoctorCommand, OffersADeviceThatIsThereInPlaceOfTheMissingOne) {
     ASSERT_TRUE(QFile::link(b.File(u"board"_s, {}), link));
     b.facts.exists = false;
     EXPECT_EQ(b.Outcome("doctor --port COM20"), "3 portMissing");
-    EXPECT_EQ(b.Json()["mend"_L1].toString(),
+    EXPECT_EQ(b.Json()["fix"_L1].toString(),
               u"mkdir -p '%1' && ln -sfn %2 '%1/com20'"_s.arg(b.Path(u"ports"_s), link));
 }
 
@@ -58,7 +58,7 @@ TEST(DoctorCommand, NoticesABoardThatIsntInTime) {
     EXPECT_EQ(b.Outcome("doctor"), "0");
     b.port.DelayReplies(std::chrono::milliseconds(16));
     EXPECT_EQ(b.Outcome("doctor --port COM5"), "1 highLatency");
-    EXPECT_EQ(b.Json()["mend"_L1].toString(),
+    EXPECT_EQ(b.Json()["fix"_L1].toString(),
               u"echo 1 | sudo tee /sys/bus/usb-serial/devices/ttyUSB0/latency_timer"_s);
     EXPECT_NEAR(b.Json()["roundTripMilliseconds"_L1].toDouble(), 16 + 3 * 10 / 19.2, 1);
 }

@@ -15,7 +15,7 @@ TEST(ProgramCommand, ErasesProgramsAndVerifies) {
     b.Fill();
     const auto stored = b.settings.values;
     const auto files = QDir(b.Path({})).entryList(QDir::Files);
-    EXPECT_EQ(b.Run("program @a.hex"), kDone) << b.Err().toStdString();
+    EXPECT_EQ(b.Run("program @a.hex"), ExitStatus::Done) << b.Err().toStdString();
     const QRegularExpression told(
         u"^EEPROM のファイル: .*/a.eep\nｺﾏﾝﾄﾞ送信[^$]*\n"
         "消去して書き込みます: Flash 3 word, EEPROM 2 byte, 全体で約 1.8 秒\n[^$]*\n"
@@ -87,7 +87,8 @@ TEST(ProgramCommand, ForceIsNoProof) {
         EXPECT_EQ(b.Outcome("program @a.hex --force"), outcome);
         EXPECT_EQ(b.Json()["verified"_L1].toBool(), outcome == "0"s);
         EXPECT_TRUE(b.Err().contains(u"AT90S2323 (1E:91:02)"_s)) << b.Err().toStdString();
-        EXPECT_EQ(b.Run("verify @a.hex --force"), outcome == "0"s ? kDone : kRefused);
+        EXPECT_EQ(b.Run("verify @a.hex --force"),
+                  outcome == "0"s ? ExitStatus::Done : ExitStatus::Refused);
     }
 }
 
@@ -116,9 +117,9 @@ TEST(ProgramCommand, SavesABackupThatRestoresTheChip) {
     const ChipContents before = b.chip->Contents();
     EXPECT_EQ(b.Outcome("program @a.hex --backup @bk"), "0");
     const QString saved = b.Json()["backup"_L1]["code"_L1].toString();
-    EXPECT_EQ(b.Run("erase --backup @bk"), kDone) << "within the same second";
+    EXPECT_EQ(b.Run("erase --backup @bk"), ExitStatus::Done) << "within the same second";
     EXPECT_EQ(QDir(b.Path(u"bk"_s)).entryList({u"AT90S2313-20*.*"_s}).size(), 4);
-    EXPECT_EQ(b.Run({u"program"_s, saved}), kDone);
+    EXPECT_EQ(b.Run({u"program"_s, saved}), ExitStatus::Done);
     EXPECT_EQ(b.chip->Contents(), before);
 }
 
@@ -129,7 +130,7 @@ TEST(ProgramCommand, QuietKeepsCausesAndDifferences) {
         b.port.DelayReplies(std::chrono::seconds(b.port.Wire().contains(u"e"_s) ? 3 : 0));
         return 0;
     };
-    EXPECT_EQ(b.Run("program @a.hex --quiet"), kRefused);
+    EXPECT_EQ(b.Run("program @a.hex --quiet"), ExitStatus::Refused);
     b.signal = [] { return 0; };
     b.port.DelayReplies({});
     EXPECT_EQ(b.Out(), QString());
@@ -137,9 +138,9 @@ TEST(ProgramCommand, QuietKeepsCausesAndDifferences) {
               "ｺﾐﾆｭｹｰｼｮﾝ失敗 : Hi byte Write Data Memory C\nFlashメモリ ライト失敗\n"
               "tolvex-cli: ライタがコマンドを拒否しました。書き込みを確認できませんでした。");
     Spoil('R', Wrong, 5)(b);
-    EXPECT_EQ(b.Run("program @a.hex --quiet"), kRefused);
+    EXPECT_EQ(b.Run("program @a.hex --quiet"), ExitStatus::Refused);
     EXPECT_TRUE(b.Out().startsWith(u"Flash  0001: ファイル 0403, チップ "_s));
-    EXPECT_EQ(b.Run("program @a.hex --quiet"), kDone);
+    EXPECT_EQ(b.Run("program @a.hex --quiet"), ExitStatus::Done);
     EXPECT_EQ(b.Out() + b.Err(), QString());
 }
 

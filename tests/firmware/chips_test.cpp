@@ -2,7 +2,7 @@
 // The tool programs chips through the firmware that would be burnt, in simulated time.
 #include <random>
 
-#include "cli/exit_status.h"
+#include "cli/result.h"
 #include "tests/firmware/firmware_bench.h"
 #include "tests/support/real_files.h"
 
@@ -29,12 +29,12 @@ QByteArray Flash(const ChipModel& model) {
     return bytes.replace(kEnd, erased, QByteArray(erased, '\xFF'));
 }
 
-int ProgramAndVerify(FirmwareBench& tool) {
+ExitStatus ProgramAndVerify(FirmwareBench& tool) {
     const ChipModel& model = tool.chip.Model();
     const QString code = tool.Path(u"code.hex"_s), data = tool.Path(u"data.eep"_s);
     const QByteArray flash = Flash(model), eeprom = RandomBytes(model.eepromBytes, 2);
     EXPECT_TRUE(bench::WriteHex(code, flash) && bench::WriteHex(data, eeprom));
-    const int status = tool.Run({u"program"_s, code, data});
+    const ExitStatus status = tool.Run({u"program"_s, code, data});
     EXPECT_EQ(tool.chip.Contents().flash, flash) << tool.words;
     EXPECT_EQ(tool.chip.Contents().eeprom, eeprom) << tool.words;
     return status;
@@ -71,18 +71,18 @@ TEST_P(EveryChip, IsProgrammedReadLockedAndErasedAtBothSupplies) {
     const auto [index, lowSupply] = GetParam();
     FirmwareBench tool(index, {.lowSupply = lowSupply});
     const ChipModel& model = tool.chip.Model();
-    EXPECT_EQ(tool.Run({u"detect"_s}), kDone) << tool.words;
-    EXPECT_EQ(ProgramAndVerify(tool), kDone) << tool.words;
+    EXPECT_EQ(tool.Run({u"detect"_s}), ExitStatus::Done) << tool.words;
+    EXPECT_EQ(ProgramAndVerify(tool), ExitStatus::Done) << tool.words;
     const QString code = tool.Path(u"r.hex"_s), data = tool.Path(u"r.eep"_s);
-    EXPECT_EQ(tool.Run({u"read"_s, code, data}), kDone) << tool.words;
+    EXPECT_EQ(tool.Run({u"read"_s, code, data}), ExitStatus::Done) << tool.words;
     EXPECT_EQ(Bytes(code), Bytes(tool.Path(u"code.hex"_s)));
     EXPECT_EQ(Bytes(data), Bytes(tool.Path(u"data.eep"_s)));
 
-    EXPECT_EQ(tool.Run({u"lock"_s, u"full"_s}), kDone);
+    EXPECT_EQ(tool.Run({u"lock"_s, u"full"_s}), ExitStatus::Done);
     EXPECT_TRUE(tool.chip.ReadLocked());
-    EXPECT_EQ(tool.Run({u"detect"_s}), kRefused) << "locked";
-    EXPECT_EQ(tool.Run({u"erase"_s}), kDone) << tool.words;
-    EXPECT_EQ(tool.Run({u"detect"_s}), kDone);
+    EXPECT_EQ(tool.Run({u"detect"_s}), ExitStatus::Refused) << "locked";
+    EXPECT_EQ(tool.Run({u"erase"_s}), ExitStatus::Done) << tool.words;
+    EXPECT_EQ(tool.Run({u"detect"_s}), ExitStatus::Done);
     EXPECT_EQ(tool.chip.Contents().flash, QByteArray(2 * model.flashWords, '\xFF'));
     EXPECT_EQ(tool.chip.Contents().lock, 0xFF);
     WriteFusesAndEeprom(tool);
@@ -96,7 +96,7 @@ TEST(Firmware, FindsEveryChipWhateverItsClockAndWhateverItMissed) {
             const std::optional<double> clock =
                 missed % 2 == 0 ? std::optional(kSlowest) : std::nullopt;
             FirmwareBench tool(chip, {.ownClockHertz = clock, .missedClocks = missed});
-            EXPECT_EQ(tool.Run({u"detect"_s}), kDone) << missed << ' ' << tool.words;
+            EXPECT_EQ(tool.Run({u"detect"_s}), ExitStatus::Done) << missed << ' ' << tool.words;
         }
     }
 }

@@ -52,7 +52,7 @@ class FirmwareBench {
           line_(real.board, real.board.Now()) {}
 
     /// The exit status; the board must have done nothing wrong and let go of the chip.
-    int Run(const QStringList& command) {
+    ExitStatus Run(const QStringList& command) {
         const bench::ToolRun run = bench::RunTool(line_, line_, chip.Model(), command);
         words = run.words.toStdString();
         EXPECT_EQ(real.Violations(), "") << words;

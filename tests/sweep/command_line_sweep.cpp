@@ -74,7 +74,7 @@ struct World : CliBench {
         old = Files();
     }
     /// With a fresh chip.
-    int Run(int exchange = -1, int trouble = 0) {
+    ExitStatus Run(int exchange = -1, int trouble = 0) {
         chip->SetContents(before);
         before = asked = chip->Contents();
         command.asked.Apply(asked);
@@ -115,16 +115,18 @@ struct World : CliBench {
     TroubledLine troubled{port, board, letters};
 };
 
+constexpr ExitStatus kInterrupted = SignalledBy(2);
 using Rule = std::pair<const char*, bool>;
 
 /// The rules that a run has to keep, whatever befalls it.
-QList<Rule> Judge(const World& w, const World& calm, int exchange, int trouble, int status) {
+QList<Rule> Judge(const World& w, const World& calm, int exchange, int trouble, ExitStatus status) {
     const QJsonObject json = w.Json(), wanted = calm.Json(),
                       written = json["written"_L1].toObject();
     const QString code = json["error"_L1]["code"_L1].toString(), errors = w.Err();
     const char* const wantedCode = kTroubles[trouble][1];
     const ChipContents& chip = w.chip->Contents();
-    const bool done = status == kDone, unopened = exchange == 0, signalled = trouble == kSignal;
+    const bool done = status == ExitStatus::Done, unopened = exchange == 0,
+               signalled = trouble == kSignal;
     const bool changed = chip != w.before, uncertain = written["uncertain"_L1].toBool();
     const bool erased = written["erased"_L1].toBool(),
                onlyErases = QByteArrayView(w.command.line).startsWith("erase");
@@ -158,12 +160,12 @@ QList<Rule> Judge(const World& w, const World& calm, int exchange, int trouble, 
         {"programming mode left", !w.board.InProgrammingMode() || may},
         {"given up soon", w.clock.Now() < std::chrono::seconds(40)},
         {"a hang-up ends it in a second", trouble != HangUp || w.port.SinceHangUp() <= kAfterHangUp},
-        {"a signal ends it", !signalled || (status == 130 && !errors.contains(u"失敗"_s)) || exchange == calm.letters.size()},
+        {"a signal ends it", !signalled || (status == kInterrupted && !errors.contains(u"失敗"_s)) || exchange == calm.letters.size()},
         {"and nothing goes out but a word's other half and L", !signalled || w.letters.size() <= exchange + 2},
         {"too much does no harm", done || trouble != Long},
-        {"an unopened port is told", !unopened || (status == kNoPort && w.letters.isEmpty())},
+        {"an unopened port is told", !unopened || (status == ExitStatus::NoPort && w.letters.isEmpty())},
         {"a failure is told as what it is", done || unopened || !wantedCode || code == QLatin1StringView(wantedCode)},
-        {"and by its status", done || unopened || status == (signalled ? 130 : kRefused)},
+        {"and by its status", done || unopened || status == (signalled ? kInterrupted : ExitStatus::Refused)},
     };
     // clang-format on
 }
@@ -171,20 +173,22 @@ QList<Rule> Judge(const World& w, const World& calm, int exchange, int trouble, 
 /// The number of broken rules.
 int Try(const Case& c, const World& calm, int exchange, int trouble) {
     World world(c);
-    const int status = world.Run(exchange, trouble);
+    const ExitStatus status = world.Run(exchange, trouble);
     QList<Rule> rules = Judge(world, calm, exchange, trouble, status);
     const QString told = world.Err();
     // A command cut in two leaves the board waiting for its end, which costs an attempt a byte.
-    int next = kRefused;
-    for (int attempts = trouble == RefusedRest ? 3 : 1; next != kDone && attempts > 0; --attempts) {
+    auto next = ExitStatus::Refused;
+    for (int attempts = trouble == RefusedRest ? 3 : 1; next != ExitStatus::Done && attempts > 0;
+         --attempts) {
         next = world.Run();
     }
-    rules << Rule{"the next one succeeds", next == kDone && world.chip->Contents() == world.asked};
+    rules << Rule{"the next one succeeds",
+                  next == ExitStatus::Done && world.chip->Contents() == world.asked};
     int broken = 0;
     for (const auto& [rule, kept] : rules) {
         if (!kept && ++broken == 1) {
             std::printf("%s, %s at %d, status %d: not so: %s\n%s\n", c.line, kTroubles[trouble][0],
-                        exchange, status, rule, qPrintable(told));
+                        exchange, static_cast<int>(status), rule, qPrintable(told));
         }
     }
     return broken;
@@ -202,7 +206,7 @@ int main(int argc, char** argv) {
     int runs = 0, failures = 0;
     for (const Case& c : kCases) {
         World calm(c);
-        failures += calm.Run() != kDone || !(calm.chip->Contents() == calm.asked);
+        failures += calm.Run() != ExitStatus::Done || !(calm.chip->Contents() == calm.asked);
         for (int exchange = 0; exchange <= calm.letters.size() && failures < 10; ++exchange) {
             const bool loop = exchange > 1 && within.contains(calm.letters[exchange - 1]) &&
                               within.contains(calm.letters[exchange - 2]);

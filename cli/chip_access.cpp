@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: MIT
+#include "cli/chip_access.h"
+
+#include <QJsonArray>
+
+#include "cli/chip_memories.h"
+
+namespace tolvex {
+
+using namespace Qt::StringLiterals;
+
+std::optional<QString> ChipAccess::Signature() const {
+    if (reading_.verdict == ChipVerdict::NoReply) {
+        return std::nullopt;
+    }
+    const auto& [family, size, vendor] = reading_.signature;
+    return u"%1:%2:%3"_s.arg(HexByte(vendor), HexByte(size), HexByte(family));
+}
+
+Status ChipAccess::RequirePort() const {
+    if (!p_.port) {
+        return Failure{cause::NoPort, u"ポートが選ばれていません。--port で指定してください。"_s};
+    }
+    return {};
+}
+
+bool ChipAccess::FindWriter() {
+    detection_ = p_.record.MaySend() ? WriterCheck(p_.bench.chip) : DetectionResult{};
+    return static_cast<bool>(detection_);
+}
+
+Status ChipAccess::DetectChip() {
+    if (const Status failed = RequirePort()) {
+        return failed;
+    }
+    reading_ = {};
+    if (FindWriter()) {
+        TellFirmware();
+        reading_ = LookAtChip();
+    }
+    return Judge(reading_.verdict != ChipVerdict::NoReply,
+                 {cause::WriterSilent, u"シグネチャを読めません。"_s});
+}
+
+/// The selected chip is known by one look. Only of another reading does the operations' own check
+/// judge, which gives the chip a second to settle and tells what it found.
+ChipReading ChipAccess::LookAtChip() {
+    ChipReading look;
+    WriterCommands& commands = p_.bench.commands;
+    const Outcome outcomes[] = {commands.EnterProgrammingMode(),
+                                commands.ReadSignature(look.signature),
+                                commands.LeaveProgrammingMode()};
+    for (const Outcome outcome : outcomes) {
+        if (outcome != Outcome::Ok) {
+            return {};
+        }
+    }
+    if (look.signature == Device().signature) {
+        look.verdict = ChipVerdict::Accepted;
+        return look;
+    }
+    p_.bench.state.errorFlag.Clear();
+    return CheckDevice(p_.bench.chip);
+}
+
+void ChipAccess::TellFirmware() {
+    const QString& version = detection_.identity.softwareVersion;
+    if (Device().fuseGroup == FuseGroup::BOD_CKSEL && version != kFullFirmware) {
+        p_.output.Remark(u"ファームウエア %1 は %2 をサポートしません（%3 が必要です）。"_s.arg(
+            version, PartNumber(Device().name), kFullFirmware));
+    }
+}
+
+Status ChipAccess::RequireReadable() const {
+    switch (reading_.verdict) {
+        case ChipVerdict::Locked:
+            return Failure{cause::Locked, u"チップがロックされています。"_s};
+        case ChipVerdict::EmptySocket:
+            return Failure{cause::EmptySocket, u"ソケットにチップがありません。"_s};
+        case ChipVerdict::NoReply:
+            return Failure{cause::WriterSilent, u"シグネチャを読めません。"_s};
+        case ChipVerdict::Accepted:
+        case ChipVerdict::Tolerated:
+        case ChipVerdict::CommandFailed:
+        case ChipVerdict::Mismatch:
+            break;
+    }
+    return {};
+}
+
+Status ChipAccess::RequireReadablePart(bool force) {
+    if (const Status failed = RequireReadable()) {
+        return failed;
+    }
+    return RequirePart(force);
+}
+
+Status ChipAccess::RequirePart(bool force) {
+    if (reading_.signature == Device().signature) {
+        return {};
+    }
+    const auto part = PartOf(reading_.signature);
+    const QString text = u"ソケットのチップは %1 (%2) で、%3 ではありません。"_s.arg(
+        part.value_or(u"知らない部品"_s), Signature().value_or(QString()),
+        PartNumber(Device().name));
+    if (!force) {
+        return Failure{cause::WrongChip,
+                       part ? text + u"--device %1 で指定してください。"_s.arg(*part) : text};
+    }
+    p_.output.Remark(text + u"続けます。"_s);
+    p_.bench.chip.tolerateMismatch = true;
+    return {};
+}
+
+Status ChipAccess::DetectPart(bool force) {
+    if (const Status failed = DetectChip()) {
+        return failed;
+    }
+    return RequireReadablePart(force);
+}
+
+SequenceResult ChipAccess::Run(SequenceResult (*sequence)(Workbench&), bool force) {
+    if (force) {
+        p_.bench.chip.tolerateMismatch = true;
+    }
+    const SequenceResult result = p_.record.MaySend() ? sequence(p_.bench) : SequenceResult{};
+    detection_ = result.detection;
+    // The operations go by the size code alone: a signature that was proven whole stays. The
+    // reading before an erase is judged by nobody.
+    const bool proven = reading_.signature == Device().signature;
+    for (const ChipReading& reading : {result.program ? result.program->chip : ChipReading{},
+                                       result.read ? result.read->chip : ChipReading{},
+                                       result.verify ? result.verify->chip : ChipReading{}}) {
+        if (reading.verdict != ChipVerdict::NoReply && !(proven && reading.Passed())) {
+            reading_ = reading;
+        }
+    }
+    return result;
+}
+
+LockFuseResult ChipAccess::ReadLockFuse() {
+    return Keep(p_.record.MaySend() ? cmdFuseRead_Click(p_.bench.chip) : LockFuseResult{});
+}
+
+LockFuseResult ChipAccess::WriteLockFuse(LockFusePart part) {
+    return Keep(p_.record.MaySend() ? tolvex::WriteLockFuse(p_.bench.chip, part)
+                                    : LockFuseResult{});
+}
+
+LockFuseResult ChipAccess::Keep(const LockFuseResult& result) {
+    detection_ = result.detection;
+    reading_ = result.chip;
+    return result;
+}
+
+Status ChipAccess::ReadMemories(Memories memories, MemoryImages& images) {
+    return Judge(tolvex::ReadMemories(p_.bench.chip, memories, images),
+                 {cause::WriterSilent, u"チップを読めません。"_s});
+}
+
+Failure ChipAccess::OpeningFailure() const {
+    const PortFacts facts = p_.around.inspectPort(p_.port->path);
+    const Cause present = facts.permitted ? cause::PortBusy : cause::PortForbidden;
+    return {facts.exists ? present : cause::PortMissing,
+            u"ポート %1 を開けません: %2"_s.arg(p_.port->Name(), p_.around.portError())};
+}
+
+Status ChipAccess::Judge(bool success, const Failure& otherwise) {
+    if (success) {
+        return {};
+    }
+    if (p_.record.Stopped()) {
+        return Failure{cause::Interrupted, {}};
+    }
+    const auto failure = p_.record.FirstFailure();
+    if (p_.record.LineLost() || failure == Outcome::LineLost) {
+        return Failure{cause::LineLost, u"ライタとの接続が切れました: %1"_s.arg(p_.port->Name())};
+    }
+    if (OpenFailed()) {
+        return OpeningFailure();
+    }
+    const bool refused = failure == Outcome::WrongReply;
+    const Cause why = refused ? cause::CommandRefused : cause::WriterSilent;
+    if (!detection_) {
+        return Failure{why, u"ライタが見つかりません: %1"_s.arg(p_.port->Name())};
+    }
+    if (failure) {
+        return Failure{
+            why, (refused ? u"ライタがコマンドを拒否しました。"_s : u"ライタが応答しません。"_s) +
+                     otherwise.text};
+    }
+    if (!reading_.Passed()) {
+        if (const Status failed = RequireReadablePart(false)) {
+            return failed;
+        }
+    }
+    return otherwise;
+}
+
+Status ChipAccess::JudgeDifferences(const QList<Difference>& differences) {
+    QJsonArray array;
+    for (const auto& [flash, address, expected, chip] : differences) {
+        const auto hex = flash ? HexWord4 : HexByte;
+        p_.output.Print(u"%1 %2: ファイル %3, チップ %4"_s.arg(
+            flash ? u"Flash "_s : u"EEPROM"_s, HexWord4(address), hex(expected), hex(chip)));
+        array << QJsonObject{{u"memory"_s, flash ? u"flash"_s : u"eeprom"_s},
+                             {u"address"_s, address},
+                             {u"expected"_s, expected},
+                             {u"chip"_s, chip}};
+    }
+    p_.output.Report(report::Differences, array);
+    return Judge(
+        differences.isEmpty(),
+        {cause::Differs, u"チップの内容が違います（%1 か所）。"_s.arg(differences.size())});
+}
+
+}  // namespace tolvex

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include "cli/output.h"
+
+#include <QJsonDocument>
+
+namespace tolvex {
+
+using namespace Qt::StringLiterals;
+
+void Output::Print(const QString& line) {
+    if (options_.isFile) {
+        Remark(line);
+    } else if (!options_.json) {
+        EndProgress();
+        console_.Print(line);
+    }
+}
+
+void Output::Tell(const QString& line) {
+    if (!options_.quiet) {
+        Print(line);
+    }
+}
+
+void Output::Remark(const QString& line) {
+    EndProgress();
+    console_.Complain(line);
+}
+
+void Output::TellMessage(const QString& text, bool failure) {
+    if (failure) {
+        Remark(text);
+    } else if (!options_.isFile) {
+        Tell(text);
+    }
+}
+
+void Output::TellFailure(const Failure& failure) {
+    Remark(u"tolvex-cli: "_s + failure.text);
+    Report(report::Error, QJsonObject{{u"code"_s, QString::fromLatin1(failure.cause.code)},
+                                      {u"message"_s, failure.text}});
+    if (failure.fix) {
+        TellFix(*failure.fix);
+    }
+}
+
+void Output::TellFix(const QString& command) {
+    Report(report::Fix, command);
+    Print(u"  "_s + command);
+}
+
+void Output::BeginProgress(const QString& text) {
+    if (!options_.quiet) {
+        progress_.Begin(text);
+    }
+}
+
+void Output::StepProgress(double minimum, double value, double maximum) {
+    if (!options_.quiet) {
+        progress_.Step(minimum, value, maximum);
+    }
+}
+
+void Output::PrintReport() {
+    if (options_.json) {
+        console_.Print(QString::fromUtf8(QJsonDocument(report_).toJson(QJsonDocument::Compact)));
+    }
+}
+
+}  // namespace tolvex

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QJsonObject>
+
+#include "cli/console.h"
+#include "cli/progress_line.h"
+#include "cli/report_keys.h"
+#include "cli/result.h"
+
+namespace tolvex {
+
+struct OutputOptions {
+    bool json = false;
+    bool quiet = false;
+    bool isFile = false;  ///< the output is a memory's HEX file; what is printed goes to the errors
+};
+
+/// What the user sees of a run: lines, the progress, and with --json one object at the end instead
+/// of the lines.
+class Output {
+  public:
+    /// Both borrowed.
+    Output(Console& console, const EventClock& clock)
+        : console_(console), progress_(console, clock) {}
+
+    void SetOptions(const OutputOptions& options) { options_ = options; }
+
+    /// A line of the result; not with --json.
+    void Print(const QString& line);
+    /// A line that a user at the terminal wants to see and a script doesn't: not with --json or
+    /// --quiet.
+    void Tell(const QString& line);
+    /// A line on the error stream.
+    void Remark(const QString& line);
+    /// A file's text as the output.
+    void Put(const QByteArray& text) { console_.Put(text); }
+    /// A text of an operation: a failure goes to the error stream.
+    void TellMessage(const QString& text, bool failure);
+    void TellFailure(const Failure& failure);
+    /// The command that removes a cause.
+    void TellFix(const QString& command);
+
+    void BeginProgress(const QString& text);
+    void StepProgress(double minimum, double value, double maximum);
+    void EndProgress() { progress_.End(); }
+
+    void Report(report::Key key, const QJsonValue& value) { report_[key] = value; }
+    /// Prints the object with --json.
+    void PrintReport();
+
+  private:
+    Console& console_;
+    ProgressLine progress_;
+    OutputOptions options_;
+    QJsonObject report_;
+};
+
+}  // namespace tolvex
