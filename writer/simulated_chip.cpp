@@ -18,6 +18,12 @@ std::uint8_t Cell(const QByteArray& memory, int address) {
     return static_cast<std::uint8_t>(memory[Wrap(address, memory)]);
 }
 
+void FillBut(int worn, QByteArray& memory) {
+    const char kept = worn < 0 ? '\xFF' : memory[worn];
+    memory.fill('\xFF');
+    memory[std::max(worn, 0)] = kept;
+}
+
 std::uint8_t WithUnusedBitsSet(int byte, std::uint8_t used) {
     return static_cast<std::uint8_t>(byte | ~used);
 }
@@ -39,8 +45,9 @@ std::uint8_t SimulatedChip::ReadFlash(int byteAddress) const {
 }
 
 void SimulatedChip::ProgramFlash(int byteAddress, std::uint8_t byte) {
-    if (!WriteLocked()) {
-        char& cell = contents_.flash[Wrap(byteAddress, contents_.flash)];
+    const qsizetype place = Wrap(byteAddress, contents_.flash);
+    if (!WriteLocked() && place != wornFlash_) {
+        char& cell = contents_.flash[place];
         cell = static_cast<char>(cell & static_cast<char>(byte));
     }
 }
@@ -50,14 +57,15 @@ std::uint8_t SimulatedChip::ReadEeprom(int address) const {
 }
 
 void SimulatedChip::ProgramEeprom(int address, std::uint8_t byte) {
-    if (!WriteLocked()) {
-        contents_.eeprom[Wrap(address, contents_.eeprom)] = static_cast<char>(byte);
+    const qsizetype place = Wrap(address, contents_.eeprom);
+    if (!WriteLocked() && place != wornEeprom_) {
+        contents_.eeprom[place] = static_cast<char>(byte);
     }
 }
 
 void SimulatedChip::Erase() {
-    contents_.flash.fill('\xFF');
-    contents_.eeprom.fill('\xFF');
+    FillBut(wornFlash_, contents_.flash);
+    FillBut(wornEeprom_, contents_.eeprom);
     contents_.lock = 0xFF;
 }
 

@@ -55,6 +55,13 @@ class SimulatedChip {
     /// The sizes must be those of the model; bits that the chip doesn't have become 1.
     void SetContents(const ChipContents& contents);
 
+    /// From now on the cell keeps what it holds, whatever is programmed or erased; negative = none
+    /// does. A byte address of the Flash, an address of the EEPROM.
+    void WearOut(int flashByte, int eepromByte) {
+        wornFlash_ = flashByte;
+        wornEeprom_ = eepromByte;
+    }
+
     static constexpr std::uint8_t kLb1 = 0x02;
     static constexpr std::uint8_t kLb2 = 0x04;
 
@@ -65,6 +72,7 @@ class SimulatedChip {
 
     const ChipModel* model_;
     ChipContents contents_;
+    int wornFlash_ = -1, wornEeprom_ = -1;
 };
 
 }  // namespace tolvex

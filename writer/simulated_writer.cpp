@@ -67,7 +67,7 @@ std::optional<BoardReply> SimulatedWriter::Receive(std::uint8_t byte) {
 }
 
 BoardReply SimulatedWriter::Finish(const Command* command) {
-    const bool refused = !command || (command->onlyWhileProgramming && !programming_);
+    const bool refused = !command || (command->onlyWhileProgramming && !programming_ && !blind_);
     BoardReply reply;
     reply.letter = static_cast<std::uint8_t>(received_[0]);
     reply.arguments = received_.sliced(1);
@@ -107,6 +107,11 @@ std::uint8_t SimulatedWriter::Argument(int index) const {
     return static_cast<std::uint8_t>(received_[index + 1]);
 }
 
+SimulatedChip* SimulatedWriter::Chip() const {
+    const bool hears = contact_ == Contact::Whole && (listening_ || !blind_);
+    return hears ? chip_ : nullptr;
+}
+
 QByteArray SimulatedWriter::Identify() {
     return "AVR ISP";
 }
@@ -126,19 +131,20 @@ QByteArray SimulatedWriter::SelectDevice() {
 
 QByteArray SimulatedWriter::EnterProgramming() {
     programming_ = true;
+    listening_ = contact_ == Contact::Whole;
     return Done();
 }
 
 QByteArray SimulatedWriter::LeaveProgramming() {
-    programming_ = false;
+    programming_ = listening_ = false;
     return Done();
 }
 
 QByteArray SimulatedWriter::Signature() {
-    if (!chip_) {
-        return Bytes({0xFF, 0xFF, 0xFF});
+    if (!Chip()) {
+        return Bytes({Nothing(), Nothing(), Nothing()});
     }
-    const auto signature = chip_->ReadSignature();
+    const auto signature = Chip()->ReadSignature();
     return Bytes({signature[2], signature[1], signature[0]});
 }
 
@@ -149,53 +155,53 @@ QByteArray SimulatedWriter::SetAddress() {
 
 QByteArray SimulatedWriter::ReadWord() {
     const int word = address_++;
-    return chip_ ? Bytes({chip_->ReadFlashHigh(word), chip_->ReadFlashLow(word)})
-                 : Bytes({0xFF, 0xFF});
+    return Chip() ? Bytes({Chip()->ReadFlashHigh(word), Chip()->ReadFlashLow(word)})
+                  : Bytes({Nothing(), Nothing()});
 }
 
 QByteArray SimulatedWriter::WriteLowByte() {
-    if (chip_) {
-        chip_->ProgramFlashLow(address_, Argument(0));
+    if (Chip()) {
+        Chip()->ProgramFlashLow(address_, Argument(0));
     }
     return Done();
 }
 
 QByteArray SimulatedWriter::WriteHighByte() {
-    if (chip_) {
-        chip_->ProgramFlashHigh(address_, Argument(0));
+    if (Chip()) {
+        Chip()->ProgramFlashHigh(address_, Argument(0));
     }
     ++address_;
     return Done();
 }
 
 QByteArray SimulatedWriter::ReadData() {
-    return Bytes({chip_ ? chip_->ReadEeprom(address_) : 0xFF});
+    return Bytes({Chip() ? Chip()->ReadEeprom(address_) : Nothing()});
 }
 
 QByteArray SimulatedWriter::WriteData() {
-    if (chip_) {
-        chip_->ProgramEeprom(address_, Argument(0));
+    if (Chip()) {
+        Chip()->ProgramEeprom(address_, Argument(0));
     }
     return Done();
 }
 
 QByteArray SimulatedWriter::Erase() {
-    if (chip_) {
-        chip_->Erase();
+    if (Chip()) {
+        Chip()->Erase();
     }
     return Done();
 }
 
 QByteArray SimulatedWriter::WriteFuses() {
-    if (chip_) {
-        chip_->ProgramFuses(Argument(0));
+    if (Chip()) {
+        Chip()->ProgramFuses(Argument(0));
     }
     return Done();
 }
 
 QByteArray SimulatedWriter::WriteLock() {
-    if (chip_) {
-        chip_->ProgramLock(Argument(0));
+    if (Chip()) {
+        Chip()->ProgramLock(Argument(0));
     }
     return Done();
 }
@@ -203,12 +209,12 @@ QByteArray SimulatedWriter::WriteLock() {
 // Chips with one fuse give it in bit 0, below LB1 in bit 7 and LB2 in bit 6; the brown-out chips
 // give the lock byte in the shape in which it is written.
 QByteArray SimulatedWriter::ReadLockAndFuse() {
-    if (!chip_ || chip_->Model().fuseLayout == FuseLayout::None) {
-        return Bytes({0xFF});
+    if (!Chip() || Chip()->Model().fuseLayout == FuseLayout::None) {
+        return Bytes({Nothing()});
     }
-    const std::uint8_t lock = chip_->Contents().lock;
-    const std::uint8_t fuses = chip_->Contents().fuses;
-    if (chip_->Model().fuseLayout == FuseLayout::BodCksel) {
+    const std::uint8_t lock = Chip()->Contents().lock;
+    const std::uint8_t fuses = Chip()->Contents().fuses;
+    if (Chip()->Model().fuseLayout == FuseLayout::BodCksel) {
         return Bytes({lock});
     }
     const int lb1 = (lock & SimulatedChip::kLb1) != 0 ? 0x80 : 0;
@@ -217,8 +223,8 @@ QByteArray SimulatedWriter::ReadLockAndFuse() {
 }
 
 QByteArray SimulatedWriter::ReadFuses() {
-    const bool readable = chip_ && chip_->Model().fuseLayout == FuseLayout::BodCksel;
-    return Bytes({readable ? chip_->Contents().fuses : 0xFF});
+    const bool readable = Chip() && Chip()->Model().fuseLayout == FuseLayout::BodCksel;
+    return Bytes({readable ? Chip()->Contents().fuses : Nothing()});
 }
 
 QByteArray SimulatedWriter::LedOn() {

@@ -12,6 +12,9 @@
 
 namespace tolvex {
 
+/// The wires between board and chip: whole, or broken and read as 1 or as 0.
+enum class Contact { Whole, High, Low };
+
 /// The writer board as the serial line sees it: bytes in, replies out. It knows nothing of time; a
 /// transport gives the bytes their time on the wire and keeps a reply back for its delay.
 class SimulatedWriter {
@@ -25,7 +28,19 @@ class SimulatedWriter {
     std::optional<BoardReply> Receive(std::uint8_t byte);
 
     /// Another chip, or null for none, is put into the socket.
-    void SetChip(SimulatedChip* chip) { chip_ = chip; }
+    void SetChip(SimulatedChip* chip) {
+        chip_ = chip;
+        ResetChip();
+    }
+
+    /// From now on a plain board with real silicon: outside programming mode the chip hears nothing
+    /// and is read as FF, and every known command is acknowledged, whether the chip heard it or
+    /// not.
+    void AcknowledgeBlindly() { blind_ = true; }
+    /// The chip falls out of programming mode, as after a dip of its supply; a plain board does not
+    /// notice.
+    void ResetChip() { listening_ = false; }
+    void SetContact(Contact contact) { contact_ = contact; }
 
     // Faults add up; the first that fits is taken. Commands are counted from 1.
     void SetFault(int command, FaultKind kind);
@@ -59,6 +74,10 @@ class SimulatedWriter {
     BoardReply Finish(const Command* command);
     void Spoil(BoardReply& reply);
     std::uint8_t Argument(int index) const;
+    /// The chip, if it hears the board.
+    SimulatedChip* Chip() const;
+    /// What is read where no chip answers.
+    int Nothing() const { return contact_ == Contact::Low ? 0x00 : 0xFF; }
 
     QByteArray Identify();
     QByteArray SoftwareVersion();
@@ -86,6 +105,8 @@ class SimulatedWriter {
     QByteArray received_;  // the letter and its arguments so far
     int address_ = 0;
     bool programming_ = false;
+    bool blind_ = false, listening_ = false;  // the board; the chip of a blind board
+    Contact contact_ = Contact::Whole;
     bool led_ = false;
     int commands_ = 0;
     QMap<std::uint8_t, int> occurrences_;
