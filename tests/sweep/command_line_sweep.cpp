@@ -11,7 +11,8 @@
 namespace tolvex::testing {
 namespace {
 
-constexpr int kForgotten = kEnd, kSignal = kEnd + 1;  ///< acknowledged, and not done; a signal
+constexpr int kForgotten = kEndOfLine,
+              kSignal = kEndOfLine + 1;  ///< acknowledged, and not done; a signal
 
 /// What a chip holds after one was changed so: nothing = as before, 0 = as before.
 struct Change {
@@ -79,7 +80,8 @@ struct World : CliBench {
         before = asked = chip->Contents();
         command.asked.Apply(asked);
         letters.clear();
-        troubled.Plan(exchange < 0 || trouble >= kEnd ? Mishaps() : Mishaps{{exchange, trouble}});
+        troubled.Plan(exchange < 0 || trouble >= kEndOfLine ? Mishaps()
+                                                            : Mishaps{{exchange, trouble}});
         kept = before;
         commands = 0;
         signal = [=, this] {
@@ -112,7 +114,7 @@ struct World : CliBench {
     QStringList letters;
     std::optional<ChipContents> kept;  ///< before the command that is forgotten
     int commands = 0;                  ///< that the board had carried out then
-    TroubledLine troubled{port, board, letters};
+    TroubledLine troubled{port, board, *chip, letters};
 };
 
 constexpr ExitStatus kInterrupted = SignalledBy(2);
