@@ -11,8 +11,8 @@
 
 namespace tolvex {
 
-/// What the program stands on at a person's desk: their settings and ports, the event loop, windows
-/// for questions and help.
+/// What the program stands on on a user's desktop: settings and ports, the event loop, windows for
+/// questions and help. The benchmark puts its window on the same.
 struct Desktop {
     SettingsFile settings{SettingsPath()};
     ComPorts comPorts{ConfigFolder()};

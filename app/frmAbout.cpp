@@ -7,6 +7,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QIcon>
+#include <QPushButton>
 
 #include "base/product.h"
 
@@ -21,34 +22,42 @@ constexpr double kTitleScale = 1.8;  // of the panel's own font
 
 }  // namespace
 
-frmAbout::frmAbout(QWidget* parent, OpenPage openPage)
+frmAbout::frmAbout(QWidget* parent, const OpenPage& openPage)
     : QDialog(parent),
-      openPage_(std::move(openPage)),
       picIcon_(AddLabel(u"picIcon"_s)),
       lblTitle_(AddLabel(u"lblTitle"_s)),
       lblVersion_(AddLabel(u"lblVersion"_s)),
       lblDescription_(AddLabel(u"lblDescription"_s)),
       lblDisclaimer_(AddLabel(u"lblDisclaimer"_s)),
-      label1_(AddLabel(u"Label1"_s)),
-      command1_(new QPushButton(u"サポートホームページへジャンプ"_s, this)),
-      cmdOK_(new QPushButton(u"閉じる"_s, this)) {
+      label1_(AddLabel(u"Label1"_s)) {
     setObjectName(u"frmAbout"_s);
     setWindowTitle(u"バージョン情報"_s);
-    if (!openPage_) {
-        openPage_ = [](const QUrl& page) { QDesktopServices::openUrl(page); };
-    }
-    command1_->setObjectName(u"Command1"_s);
-    command1_->setAccessibleName(command1_->text());
-    command1_->setAutoDefault(false);
-    cmdOK_->setObjectName(u"cmdOK"_s);
-    cmdOK_->setAccessibleName(cmdOK_->text());
-    cmdOK_->setDefault(true);
-    connect(command1_, &QPushButton::clicked, this, &frmAbout::Command1_Click);
-    connect(cmdOK_, &QPushButton::clicked, this, &QDialog::accept);
+    auto* buttons = new QHBoxLayout;
+    const auto addButton = [&](const QString& name, const QString& caption) {
+        auto* button = new QPushButton(caption, this);
+        button->setObjectName(name);
+        button->setAccessibleName(caption);
+        buttons->addWidget(button);
+        return button;
+    };
+    QPushButton* command1 = addButton(u"Command1"_s, u"サポートホームページへジャンプ"_s);
+    command1->setAutoDefault(false);
+    buttons->addStretch();
+    QPushButton* cmdOK = addButton(u"cmdOK"_s, u"閉じる"_s);
+    cmdOK->setDefault(true);
+    connect(command1, &QPushButton::clicked, this, [openPage] {
+        const QUrl page(product::SupportAddress());
+        if (openPage) {
+            openPage(page);
+        } else {
+            QDesktopServices::openUrl(page);
+        }
+    });
+    connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
 
     FillVersionPanel();
-    ArrangeControls();
-    cmdOK_->setFocus();
+    ArrangeControls(buttons);
+    cmdOK->setFocus();
 }
 
 QLabel* frmAbout::AddLabel(const QString& name) {
@@ -65,7 +74,7 @@ void frmAbout::FillVersionPanel() {
     lblDisclaimer_->setText(product::Comments());
 }
 
-void frmAbout::ArrangeControls() {
+void frmAbout::ArrangeControls(QLayout* buttons) {
     picIcon_->setPixmap(
         QIcon(u":/icons/tolvex.svg"_s).pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
     picIcon_->setFixedSize(kIconSize, kIconSize);
@@ -80,10 +89,6 @@ void frmAbout::ArrangeControls() {
 
     auto* line = new QFrame(this);
     line->setFrameStyle(static_cast<int>(QFrame::HLine) | static_cast<int>(QFrame::Sunken));
-    auto* buttons = new QHBoxLayout;
-    buttons->addWidget(command1_);
-    buttons->addStretch();
-    buttons->addWidget(cmdOK_);
 
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(20, 18, 20, 16);
@@ -101,11 +106,6 @@ void frmAbout::ArrangeControls() {
     grid->addLayout(buttons, 8, 0, 1, 2);
     grid->setColumnStretch(1, 1);
     grid->setSizeConstraint(QLayout::SetFixedSize);
-    setTabOrder(command1_, cmdOK_);
-}
-
-void frmAbout::Command1_Click() {
-    openPage_(QUrl(product::SupportAddress()));
 }
 
 }  // namespace tolvex

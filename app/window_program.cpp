@@ -268,12 +268,8 @@ QPoint WindowProgram::DialogPlace(QSize dialog) const {
 QStringList WindowProgram::PortToolTips() const {
     QStringList tips;
     for (const ComPort& port : parts_.comPorts.All()) {
-        if (!port.present) {
-            tips << QString();
-        } else {
-            tips << (port.adapter.isEmpty() ? port.devicePath
-                                            : u"%1 (%2)"_s.arg(port.devicePath, port.adapter));
-        }
+        const QString adapter = port.adapter.isEmpty() ? QString() : u" (%1)"_s.arg(port.adapter);
+        tips << (port.present ? port.devicePath + adapter : QString());
     }
     return tips;
 }

@@ -340,7 +340,7 @@ class Bench {
 int main(int argc, char** argv) {
     using namespace Qt::StringLiterals;
     const QTemporaryDir folder;
-    // Nothing of the person's own is touched, and no screen is needed.
+    // Nothing of the user's own is touched, and no screen is needed.
     for (const char* variable : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR"}) {
         qputenv(variable, folder.path().toLocal8Bit());
     }

@@ -17,13 +17,13 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr int kPatience = 10'000;  // ms
+constexpr int kReplyTimeOut = 10'000;  // ms
 
 bool Await(int terminal, qsizetype count) {
     std::array<char, 256> buffer{};
     while (count > 0) {
         pollfd ready{terminal, POLLIN, 0};
-        if (::poll(&ready, 1, kPatience) != 1) {
+        if (::poll(&ready, 1, kReplyTimeOut) != 1) {
             return false;
         }
         const ssize_t got = ::read(terminal, buffer.data(), buffer.size());
@@ -37,40 +37,30 @@ bool Await(int terminal, qsizetype count) {
 
 }  // namespace
 
-void StepCollector::Sent(std::chrono::microseconds at, const QByteArray& bytes) {
-    const auto gap = steps.isEmpty() ? 0us : at - last_;
-    const auto pause =
-        gap < 90ms ? 0us : std::chrono::round<std::chrono::duration<int, std::deci>>(gap);
-    steps.append({std::chrono::duration_cast<std::chrono::microseconds>(pause), bytes, 0});
-    last_ = at;
-}
-
-void StepCollector::Received(std::chrono::microseconds at, qsizetype count) {
-    if (!steps.isEmpty()) {
-        steps.last().reply += count;
-    }
-    last_ = at;
-}
-
 QList<WireStep> StepsOfTrace(const QString& path) {
-    StepCollector collector;
+    QList<WireStep> steps;
+    std::chrono::microseconds before{0};
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         return {};
     }
     while (!file.atEnd()) {
         const QList<QByteArray> words = file.readLine().simplified().split(' ');
+        const QByteArray event = words.value(1);
         const std::chrono::microseconds at(words[0].toLongLong());
         const QByteArray bytes = QByteArray::fromHex(words.mid(2).join());
-        if (words.value(1) == ">") {
-            collector.Sent(at, bytes);
-        } else if (words.value(1) == "<") {
-            collector.Received(at, bytes.size());
-        } else if (words.value(1) == "close") {
-            collector.Sent(at, {});  // nothing, but the pause before it counts
+        if (event == ">" || event == "close") {  // nothing is sent, but the pause before it counts
+            const auto gap = steps.isEmpty() ? 0us : at - before;
+            const auto pause = std::chrono::round<std::chrono::duration<int, std::deci>>(gap);
+            steps.append({gap < 90ms ? 0us : pause, bytes, 0});
+        } else if (event == "<" && !steps.isEmpty()) {
+            steps.last().reply += bytes.size();
+        } else {
+            continue;
         }
+        before = at;
     }
-    return collector.steps;
+    return steps;
 }
 
 FloorRun RunFloor(const QString& path, const QList<WireStep>& steps) {

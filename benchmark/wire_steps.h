@@ -3,9 +3,8 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QString>
 #include <chrono>
-
-#include "base/serial_port.h"
 
 namespace tolvex::bench {
 
@@ -17,19 +16,9 @@ struct WireStep {
     qsizetype reply = 0;
 };
 
-/// Collects steps from what a client really did. A gap behind a reply counts as a pause from 90 ms
-/// on, rounded to whole tenths of a second: the rest is what the client takes longer than need be.
-class StepCollector {
-  public:
-    void Sent(std::chrono::microseconds at, const QByteArray& bytes);
-    void Received(std::chrono::microseconds at, qsizetype count);
-    QList<WireStep> steps;
-
-  private:
-    std::chrono::microseconds last_{0};
-};
-
-/// The steps of a session that `tolvex-cli --trace` has recorded.
+/// The steps of a session that `tolvex-cli --trace` has recorded. A gap behind a reply counts as a
+/// pause from 90 ms on, rounded to whole tenths of a second: the rest is what the client takes
+/// longer than need be. Nothing when the file can't be read.
 QList<WireStep> StepsOfTrace(const QString& path);
 
 /// The fastest possible client: the same steps with plain blocking calls on the terminal at

@@ -21,6 +21,10 @@ constexpr int kRowHeight = 19;
 constexpr int kButtonHeight = 21;
 constexpr int kGap = 2;
 
+const OptionRow& OptionRowOf(OptionList option) {
+    return OptionRows()[static_cast<std::size_t>(option)];
+}
+
 /// With no entry selected.
 DropDown* NewList(const QString& name, const QString& spoken, const QStringList& entries,
                   QWidget* parent) {
@@ -57,8 +61,7 @@ frmSetting::frmSetting(QWidget* parent) : QWidget(parent), column_(new QVBoxLayo
 
 QComboBox* frmSetting::AddOptionList(OptionList option, const QString& name, const QString& spoken,
                                      QWidget* parent) {
-    const OptionRow& row = OptionRows()[static_cast<std::size_t>(option)];
-    QComboBox* list = NewList(u"Combo_"_s + name, spoken, row.entries, parent);
+    QComboBox* list = NewList(u"Combo_"_s + name, spoken, OptionRowOf(option).entries, parent);
     connect(list, &QComboBox::currentIndexChanged, this,
             [this, option](int entry) { Q_EMIT OptionChosen(option, entry); });
     options_[option] = list;
@@ -92,24 +95,21 @@ Frame* frmSetting::BuildLockFuseFrame() {
     grid->setContentsMargins(kFrameMargins);
     grid->setSpacing(kGap);
     grid->addWidget(BuildFuseFrame(), 0, 0, 1, 2);
-    grid->addWidget(BuildLockFrame(), 1, 0, 1, 2);
+    Frame* lock = new Frame(u"Frame3"_s, u"Lock"_s, this);
+    auto* column = new QVBoxLayout(lock);
+    column->setContentsMargins(kFrameMargins);
+    column->addWidget(AddOptionList(OptionList::LockBit, u"LockBit"_s, u"Lock"_s, lock));
+    grid->addWidget(lock, 1, 0, 1, 2);
     cmdFuseRead_ = AddButton(u"cmdFuseRead"_s, u"Lock/Fuse READ"_s, grid, 0);
     cmdFuseWrite_ = AddButton(u"cmdFuseWrite"_s, u"Lock/Fuse WRITE"_s, grid, 1);
     return frame;
 }
 
 Frame* frmSetting::BuildFuseFrame() {
-    struct FuseRow {
-        OptionList option;
-        QString name;
-        QString caption;
-    };
-    const FuseRow rows[] = {
-        {OptionList::FSTRT, u"FSTRT"_s, u"FSTRT"_s},
-        {OptionList::RCEN, u"RCEN"_s, u"RCEN"_s},
-        {OptionList::BODLEVEL, u"BODLEVEL"_s, u"BOD LEVEL"_s},
-        {OptionList::BODEN, u"BODEN"_s, u"BOD ENABLE"_s},
-        {OptionList::CKSEL, u"CKSEL"_s, u"Reset Delay"_s},
+    const std::pair<OptionList, QString> captions[] = {
+        {OptionList::FSTRT, u"FSTRT"_s},        {OptionList::RCEN, u"RCEN"_s},
+        {OptionList::BODLEVEL, u"BOD LEVEL"_s}, {OptionList::BODEN, u"BOD ENABLE"_s},
+        {OptionList::CKSEL, u"Reset Delay"_s},
     };
     Frame* frame = new Frame(u"Frame2"_s, u"Fuse"_s, this);
     auto* grid = new QGridLayout(frame);
@@ -118,24 +118,17 @@ Frame* frmSetting::BuildFuseFrame() {
     grid->setVerticalSpacing(0);
     grid->setColumnStretch(1, 1);
     int line = 0;
-    for (const FuseRow& row : rows) {
-        auto* label = new QLabel(row.caption, frame);
-        label->setObjectName(u"Lbl_"_s + row.name);
-        QComboBox* list = AddOptionList(row.option, row.name, row.caption, frame);
+    for (const auto& [option, caption] : captions) {
+        const QString name = OptionRowOf(option).name;
+        auto* label = new QLabel(caption, frame);
+        label->setObjectName(u"Lbl_"_s + name);
+        QComboBox* list = AddOptionList(option, name, caption, frame);
         label->setBuddy(list);
         grid->addWidget(label, line, 0);
         grid->addWidget(list, line, 1);
         grid->setRowMinimumHeight(line++, kRowHeight);  // a hidden list leaves its row in place
-        fuseLabels_[row.option] = label;
+        fuseLabels_[option] = label;
     }
-    return frame;
-}
-
-Frame* frmSetting::BuildLockFrame() {
-    Frame* frame = new Frame(u"Frame3"_s, u"Lock"_s, this);
-    auto* column = new QVBoxLayout(frame);
-    column->setContentsMargins(kFrameMargins);
-    column->addWidget(AddOptionList(OptionList::LockBit, u"LockBit"_s, u"Lock"_s, frame));
     return frame;
 }
 

@@ -45,7 +45,6 @@ class frmSetting : public QWidget {
     Frame* BuildDeviceFrame();
     Frame* BuildLockFuseFrame();
     Frame* BuildFuseFrame();
-    Frame* BuildLockFrame();
     QPushButton* AddButton(const QString& name, const QString& caption, QGridLayout* grid,
                            int column);
 

@@ -13,7 +13,7 @@
 namespace tolvex::testing {
 namespace {
 
-constexpr int kPatience = 20'000;  // ms, for a loaded machine
+constexpr int kTimeOut = 20'000;  // ms, for a loaded machine
 
 TEST(TolvexProgram, IgnoresArgumentsAndEndsInOrderWhenTheSystemAsks) {
     // The last row ends under the port dialog of a first start.
@@ -39,12 +39,12 @@ TEST(TolvexProgram, IgnoresArgumentsAndEndsInOrderWhenTheSystemAsks) {
         }
         program.start();
         ASSERT_TRUE(program.waitForStarted());
-        EXPECT_TRUE(QTest::qWaitFor([&] { return !bytes(u"avreep.txt"_s).isEmpty(); }, kPatience));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !bytes(u"avreep.txt"_s).isEmpty(); }, kTimeOut));
         EXPECT_EQ(bytes(u"avrhex.txt"_s).count('\n'), 128);
         second.start();  // one at a time
-        EXPECT_TRUE(second.waitForFinished(kPatience) && second.exitCode() == 0);
+        EXPECT_TRUE(second.waitForFinished(kTimeOut) && second.exitCode() == 0);
         ::kill(static_cast<pid_t>(program.processId()), number);
-        ASSERT_TRUE(program.waitForFinished(kPatience)) << number;
+        ASSERT_TRUE(program.waitForFinished(kTimeOut)) << number;
         EXPECT_TRUE(program.exitStatus() == QProcess::NormalExit && program.exitCode() == 0);
         for (const char* line : {"MainLeft=3000", "MainWidth=11295", "SetTop=45"}) {
             EXPECT_TRUE(bytes(u"Tolvex/Tolvex.conf"_s).contains(line)) << number << line;
