@@ -65,3 +65,8 @@ need_firmware_packages() {
     need_packages "to build the firmware and to simulate it" \
         gcc-avr avr-libc libsimavr-dev libelf-dev
 }
+
+# A public decoder that reads what the simulated board does on its lines.
+need_decoder_packages() {
+    need_packages "to decode the lines of the simulated board" sigrok-cli libsigrokdecode4
+}

@@ -46,6 +46,21 @@ std::optional<QString> FirmwareBoard::Load(const QString& hexFile, Start start) 
     return std::nullopt;
 }
 
+std::optional<QString> FirmwareBoard::Record(const QString& path) {
+    record_.emplace();
+    return record_->Open(path, core_.Now());
+}
+
+/// RESET has a pull-up in the chip.
+void FirmwareBoard::RecordLines(bool miso) {
+    const Instant now = core_.Now();
+    record_->Change(VcdFile::Reset, LevelOf(kResetPin).value_or(true), now);
+    record_->Change(VcdFile::Sck, LevelOf(kSckPin), now);
+    record_->Change(VcdFile::Mosi, LevelOf(kMosiPin), now);
+    record_->Change(VcdFile::Miso, miso, now);
+    record_->SetClock(core_.ClockOutput(), now);
+}
+
 void FirmwareBoard::Violate(const QString& what) {
     const double seconds = std::chrono::duration<double>(core_.Now()).count();
     violations_ << u"%1 s: %2"_s.arg(seconds, 0, 'f', 6).arg(what);
@@ -53,7 +68,11 @@ void FirmwareBoard::Violate(const QString& what) {
 
 void FirmwareBoard::NoticeTransmission(std::uint8_t byte) {
     JudgeLine();
-    pcBound_.push_back({toPc_.Arrival(core_.Now()), byte});
+    const Instant arrival = toPc_.Arrival(core_.Now());
+    pcBound_.push_back({arrival, byte});
+    if (record_) {
+        record_->AddByte(VcdFile::ToPc, byte, std::max(arrival - kByteTime, core_.Now()));
+    }
     answered_ = true;
     if (socket_.IsBusy(core_.Now())) {
         Violate(u"an answer goes out while the chip is writing"_s);
@@ -83,7 +102,11 @@ void FirmwareBoard::UpdateLines() {
                      core_.Now());
     const bool pulledUp = (core_.Port().levels >> kMisoPin & 1) != 0;
     const bool floating = pulledUp || (noise_() >> 8 & 1) != 0;
-    core_.SetInput(kMisoPin, socket_.Miso().value_or(floating));
+    const bool miso = socket_.Miso().value_or(floating);
+    core_.SetInput(kMisoPin, miso);
+    if (record_) {
+        RecordLines(miso);
+    }
 }
 
 bool FirmwareBoard::ChipIsReleased() const {
@@ -115,12 +138,19 @@ Board::Events FirmwareBoard::Run(Instant now) {
         core_.RunTo(boardBound_.front().at);
         JudgeLine();
         answered_ = false;
-        core_.Receive(boardBound_.front().value, boardBound_.front().damaged);
+        const Byte& byte = boardBound_.front();
+        core_.Receive(byte.value, byte.damaged);
+        if (record_) {
+            record_->AddByte(VcdFile::FromPc, byte.value, core_.Now(), byte.damaged);
+        }
         boardBound_.pop_front();
     }
     core_.RunTo(end);
     if (core_.HasStopped()) {
         Violate(u"the firmware has crashed"_s);
+    }
+    if (record_) {
+        record_->Advance(core_.Now());
     }
     Events events;
     while (!pcBound_.empty() && pcBound_.front().at <= end) {

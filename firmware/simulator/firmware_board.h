@@ -7,6 +7,7 @@
 
 #include "firmware/simulator/avr_core.h"
 #include "firmware/simulator/chip_socket.h"
+#include "firmware/simulator/vcd_file.h"
 #include "writer/board.h"
 
 namespace tolvex {
@@ -24,6 +25,9 @@ class FirmwareBoard : public Board {
     /// Nothing when it worked, else the reason. To be called once, before anything else; the
     /// firmware has started then.
     std::optional<QString> Load(const QString& hexFile, Start start = Start::PowerOn);
+    /// Writes all that happens on the lines from now on to a file. Nothing when it worked, else the
+    /// reason.
+    std::optional<QString> Record(const QString& path);
     /// The caller's time at which the board's own began; 0 without this.
     void StartsAt(Instant callersTime) { offset_ = callersTime - core_.Now(); }
 
@@ -61,6 +65,7 @@ class FirmwareBoard : public Board {
     void NoticeTransmission(std::uint8_t byte);
     Level LevelOf(int pin) const;
     void JudgeLine();
+    void RecordLines(bool miso);
     void Violate(const QString& what);
 
     ChipSocket& socket_;
@@ -74,6 +79,7 @@ class FirmwareBoard : public Board {
     bool streams_ = false;  // see TakeStreams
     bool answered_ = true;  // nothing has come since the last answer
     Level sck_;
+    std::optional<VcdFile> record_;
     std::minstd_rand noise_;
     QStringList violations_;
 };

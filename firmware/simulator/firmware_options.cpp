@@ -22,6 +22,11 @@ QList<OptionRow> FirmwareRows(const QString& hex) {
         {{u"missed-clocks"_s, u"The chip misses the first N clocks after a reset."_s, u"N"_s,
           u"0"_s},
          kMostMissedClocks},
+        {{u"vcd"_s,
+          u"Record RESET, SCK, MOSI, MISO, D9 and the serial line (RXD from the PC, TXD to it) as "
+          u"a "
+          "Value Change Dump, for PulseView and GTKWave. A second of programming is 30 MB."_s,
+          u"FILE"_s}},
         {{u"seed"_s, u"Another noise on lines that float, and in bits without a meaning."_s, u"N"_s,
           u"1"_s},
          kMostSeed},
@@ -42,6 +47,7 @@ std::variant<FirmwareOptions, OptionAnswer> ParseFirmwareOptions(const QStringLi
     }
     FirmwareOptions options;
     options.board = parser.Board();
+    options.vcd = parser.Value(u"vcd"_s);
     options.hex = parser.Value(u"hex"_s).value_or(QString());
     options.chip.lowSupply = parser.IsSet(u"low-supply"_s);
     options.chip.ownClockHertz = parser.Number(u"clock"_s);

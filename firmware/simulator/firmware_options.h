@@ -13,6 +13,7 @@ struct FirmwareOptions {
     BoardOptions board;
     QString hex;  ///< the firmware
     ChipOptions chip;
+    std::optional<QString> vcd;  ///< the file of a record of the lines
 };
 
 /// `arguments` begin with the program's name; without --hex the firmware is `hex`.

@@ -23,6 +23,11 @@ std::optional<QString> Serve(const FirmwareOptions& options) {
     if (const auto reason = board.Load(options.hex)) {
         return reason;
     }
+    if (options.vcd) {
+        if (const auto reason = board.Record(*options.vcd)) {
+            return reason;
+        }
+    }
     if (const auto reason = program.OpenTerminal()) {
         return reason;
     }
