@@ -32,6 +32,7 @@ void ChipSocket::SetLines(const Lines& lines, Instant now) {
     if (lines.reset.value_or(true) != resetHigh_) {
         NoticeReset(lines, now);
     }
+    NoticeMosi(lines, now);
     if (lines.sck.value_or(false) != sckHigh_) {
         NoticeClock(lines, now);
     }
@@ -47,6 +48,17 @@ void ChipSocket::NoticeDrive(const Lines& lines, Instant now) {
         if (!resetHigh_ && lines_.*line && !(lines.*line)) {
             programming_->Violate(u"a line floats while RESET is low"_s, now);
         }
+    }
+}
+
+/// The chip takes MOSI when SCK goes up; it must have been there before and stay (tOVSH, tSHOX).
+void ChipSocket::NoticeMosi(const Lines& lines, Instant now) {
+    if (lines.mosi == lines_.mosi) {
+        return;
+    }
+    mosiChange_ = now;
+    if (!resetHigh_ && sckHigh_) {
+        programming_->Violate(u"MOSI changes while SCK is high"_s, now);
     }
 }
 
@@ -94,8 +106,8 @@ void ChipSocket::NoticeClock(const Lines& lines, Instant now) {
     if (!readyForClocks_) {
         programming_->Violate(u"SCK was not low when RESET went low"_s, now);
     }
-    if (!lines.mosi) {
-        programming_->Violate(u"MOSI floats while SCK moves"_s, now);
+    if (!lines.mosi || !MoreThan(1, now - mosiChange_, lines)) {
+        programming_->Violate(u"MOSI is not there before SCK goes up"_s, now);
     }
     if (now - resetChange_ < kResetTime) {
         programming_->Violate(u"SCK moves too soon after RESET went low"_s, now);

@@ -35,6 +35,7 @@ class ChipSocket {
 
   private:
     void NoticeDrive(const Lines& lines, Instant now);
+    void NoticeMosi(const Lines& lines, Instant now);
     void NoticeReset(const Lines& lines, Instant now);
     void NoticeClock(const Lines& lines, Instant now);
     void TakeBit(bool bit, Instant now);
@@ -48,6 +49,7 @@ class ChipSocket {
     bool sckHigh_ = false;
     Instant resetChange_{0};
     Instant sckChange_{0};
+    Instant mosiChange_{0};
     int missing_ = 0;  // clocks that won't be noticed
     int bits_ = 0;     // of the instruction so far
     SerialProgramming::Bytes bytes_{};

@@ -11,7 +11,8 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 /// A chip at 1 MHz on a script: "low" and "high" for RESET, "float" and "drive" for SCK and MOSI,
-/// "19ms" to wait, "fast" for a fast SCK from then on, eight digits for an instruction, and
+/// "19ms" to wait, "fast" for a fast SCK from then on, "late" for a MOSI that doesn't stay, eight
+/// digits for an instruction, and
 /// "=12345678" for what came back during it.
 class Wires {
   public:
@@ -30,6 +31,8 @@ class Wires {
                 Tell(1ms);
             } else if (step == u"fast"_s) {
                 halfClock_ = 2us;
+            } else if (step == u"late"_s) {
+                lateMosi_ = true;
             } else if (step.endsWith(u"ms"_s)) {
                 now_ += std::chrono::milliseconds(step.chopped(2).toInt());
             } else if (step.startsWith(u'=')) {
@@ -45,11 +48,18 @@ class Wires {
     void Instruct(unsigned bits) {
         for (int bit = 31; bit >= 0; --bit) {
             lines_.mosi = (bits >> bit & 1) != 0;
+            Tell(0us);
+            now_ += halfClock_;
             lines_.sck = true;
-            Tell(halfClock_);
+            Tell(0us);
+            if (lateMosi_) {
+                lines_.mosi = !*lines_.mosi;
+                Tell(0us);
+            }
+            now_ += halfClock_;
             answer_ = answer_ << 1 | (socket_.Miso() == true ? 1u : 0u);
             lines_.sck = false;
-            Tell(halfClock_);
+            Tell(0us);
         }
     }
     void Tell(ChipSocket::Instant wait) {
@@ -61,6 +71,7 @@ class Wires {
     ChipSocket socket_;
     ChipSocket::Lines lines_;
     ChipSocket::Instant now_{0}, halfClock_ = 5us;
+    bool lateMosi_ = false;
     unsigned answer_ = 0;
 };
 
@@ -81,6 +92,7 @@ TEST(ChipSocket, NoticesWhatAChipNeedNotPutUpWith) {
         {u"fast "_s + enter, u"SCK is too fast, or the chip has no clock"_s},
         {u"fast "_s + enter, u"SCK is too fast, or the chip has no clock"_s, u"AT90S1200"},
         {enter + u"30000100 =ffffff90"_s, {}, u"AT90S1200"},
+        {u"late "_s + enter, u"MOSI changes while SCK is high"_s},
         {u"drive"_s, u"a line is driven while the chip may drive it"_s},
         {take + u"high ac530000"_s, u"SCK moves while RESET is high"_s},
         {take + u"18ms ac530000"_s, u"SCK moves too soon after RESET went low"_s},
