@@ -24,6 +24,18 @@ foreach(companion IN ITEMS tolvex.hlp samples)
 endforeach()
 
 install(FILES ${CMAKE_SOURCE_DIR}/docs/cli.md DESTINATION ${doc})
+
+# The writer that anyone can build: its page with the pictures, and its firmware where that was built.
+set(docs ${CMAKE_SOURCE_DIR}/docs)
+install(FILES ${docs}/build-a-writer.md ${docs}/build-a-writer.svg DESTINATION ${doc})
+install(FILES ${docs}/pictures/record.svg DESTINATION ${doc}/pictures)
+if(TARGET firmware)
+  install(FILES ${CMAKE_BINARY_DIR}/firmware/tolvex_writer.hex DESTINATION ${shared})
+  install_link(${home} tolvex_writer.hex ${shared}/tolvex_writer.hex)
+else()
+  message(STATUS "The package will lack tolvex_writer.hex, the firmware of the writer to build")
+endif()
+
 foreach(program IN ITEMS tolvex-cli tolvex-writer)
   install(FILES bash_completion DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
     RENAME ${program})
