@@ -48,5 +48,6 @@ Status Check(Session& session, const Call& call);
 Status ListPorts(Session& session, const Call& call);
 Status ListDevices(Session& session, const Call& call);
 Status Doctor(Session& session, const Call& call);
+Status BuildWriter(Session& session, const Call& call);
 
 }  // namespace tolvex

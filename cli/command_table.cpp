@@ -39,6 +39,8 @@ std::span<const CliCommand> CliCommands() {
         {u"ports"_s, {}, 0, 0, u"COM ポートの一覧を表示する。"_s, {}, ListPorts},
         {u"devices"_s, {}, 0, 0, u"デバイスの一覧を表示する。"_s, {}, ListDevices},
         {u"doctor"_s, {}, 0, 0, u"ポートが使えない原因と、直すコマンドを示す。"_s, {}, Doctor},
+        {u"build-writer"_s, u"[HEX]"_s, 0, 1,
+         u"ライタを自作する: 結線と、ファームウエアを書き込むコマンド。HEX があればそこに写す。"_s, {}, BuildWriter},
     };
     // clang-format on
     return kCommands;

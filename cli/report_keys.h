@@ -19,6 +19,7 @@ inline constexpr Key Findings{"findings"}, Checked{"checked"};
 inline constexpr Key Options{"options"}, Confirmed{"confirmed"};
 inline constexpr Key Ports{"ports"}, Devices{"devices"};
 inline constexpr Key Fix{"fix"}, RoundTripMilliseconds{"roundTripMilliseconds"};
+inline constexpr Key Wiring{"wiring"}, Hex{"hex"}, Burn{"burn"};
 inline constexpr Key Help{"help"}, Version{"version"};
 // clang-format on
 

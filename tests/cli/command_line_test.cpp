@@ -108,6 +108,36 @@ TEST(ListCommands, ShowWhatThereIs) {
     EXPECT_FALSE(b.Json()["ports"_L1][4]["permitted"_L1].toBool(true));
 }
 
+/// The table of the page: a row a wire, a column a package from the third on.
+TEST(BuildWriterCommand, TellsTheWiringOfThePageAndHowToBurn) {
+    const QList<QByteArray> page =
+        Bytes(TOLVEX_SOURCE_DIR "/docs/build-a-writer.md"_L1).split('\n');
+    const bool built = QFile::exists(TOLVEX_BIN_DIR "/../firmware/tolvex_writer.hex"_L1);
+    const std::pair<const char*, int> cases[] = {
+        {"AT90S2343", 3}, {"AT90S1200A", 4}, {"AT90S4433", 5}, {"AT90S8515", 6}, {"AT90S8535", 7}};
+    CliBench b;
+    for (const auto& [device, column] : cases) {
+        b.Run({u"--json"_s, u"--device"_s, QString::fromLatin1(device), u"build-writer"_s});
+        const QJsonArray wiring = b.Json()["wiring"_L1].toArray();
+        ASSERT_EQ(wiring.size(), 7);
+        for (const auto& wire : wiring) {
+            const QByteArray start = "| " + wire["arduino"_L1].toString().toUtf8() + " | " +
+                                     wire["chip"_L1].toString().toUtf8() + " | ";
+            const auto row = std::ranges::find_if(
+                page, [&start](const QByteArray& line) { return line.startsWith(start); });
+            ASSERT_TRUE(row != page.end()) << start.data();
+            const QByteArray pins = row->split('|')[column].trimmed().split('(')[0].trimmed();
+            EXPECT_EQ(wire["pins"_L1].toString().toUtf8(), pins) << device << start.data();
+        }
+    }
+    EXPECT_EQ(b.Outcome("--port COM13 build-writer @w.hex"), built ? "0" : "2 fileNotReadable");
+    EXPECT_EQ(b.Json()["burn"_L1].toString(),
+              built ? u"avrdude -p m328p -c arduino -P /dev/ttyACM0 -b 115200 -U flash:w:"_s +
+                          b.Path(u"w.hex"_s) + u":i"_s
+                    : QString());
+    EXPECT_EQ(b.Outcome("build-writer @w.hex"), built ? "2 fileExists" : "2 fileNotReadable");
+}
+
 TEST(CheckCommand, ReportsEveryFileByLine) {
     CliBench b;
     const QByteArray record = HexRecord(0x7FF, "\x01");
