@@ -4,7 +4,7 @@
 #include <QContextMenuEvent>
 #include <QMenu>
 
-#include "widgets/twips.h"
+#include "base/settings.h"
 
 namespace tolvex {
 

@@ -20,7 +20,7 @@ struct Desktop {
     EventLoopClock clock;
     QWidget* blocked = nullptr;  ///< by a question; not owned
     WindowDialogs dialogs{[this] { return blocked; }};
-    WindowHelp help;
+    std::unique_ptr<HelpWindow> help;
 
     /// With `line` in the place of the port, or in front of it. Nothing is copied: all of it
     /// outlives the program.
@@ -31,7 +31,7 @@ struct Desktop {
                 .folders = folders,
                 .comPorts = comPorts,
                 .dialogs = dialogs,
-                .help = help};
+                .showHelp = [this](const QString& file) { ShowHelp(help, file); }};
     }
 };
 

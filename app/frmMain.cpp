@@ -12,7 +12,7 @@
 #include <QWindow>
 #include <algorithm>
 
-#include "widgets/twips.h"
+#include "base/settings.h"
 
 namespace tolvex {
 

@@ -241,15 +241,15 @@ void HelpWindow::FindNext() {
     }
 }
 
-void WindowHelp::ShowContents(const QString& file) {
-    if (window_ == nullptr) {
-        window_ = std::make_unique<HelpWindow>();
+void ShowHelp(std::unique_ptr<HelpWindow>& window, const QString& file) {
+    if (window == nullptr) {
+        window = std::make_unique<HelpWindow>();
     }
-    window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);
-    window_->show();
-    window_->Load(file);
-    window_->raise();
-    window_->activateWindow();
+    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+    window->show();
+    window->Load(file);
+    window->raise();
+    window->activateWindow();
 }
 
 }  // namespace tolvex

@@ -5,8 +5,6 @@
 #include <QMainWindow>
 #include <memory>
 
-#include "base/help_viewer.h"
-
 class QLabel;
 class QLineEdit;
 class QToolButton;
@@ -46,13 +44,8 @@ class HelpWindow : public QMainWindow {
     QDateTime edited_;  ///< when that was changed last; invalid when it can't be read
 };
 
-/// The help viewer of the program: one window, made when first asked for and used again.
-class WindowHelp : public HelpViewer {
-  public:
-    void ShowContents(const QString& file) override;
-
-  private:
-    std::unique_ptr<HelpWindow> window_;
-};
+/// Opens the help file in `window`, which is made when first asked for and used again. A file that
+/// can't be read is reported by the window itself.
+void ShowHelp(std::unique_ptr<HelpWindow>& window, const QString& file);
 
 }  // namespace tolvex

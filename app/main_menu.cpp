@@ -145,7 +145,7 @@ void WindowProgram::mmuIndex_Click() {
 }
 
 void WindowProgram::mnuHelpSub_Click() {
-    parts_.help.ShowContents(parts_.folders.program + u"tolvex.hlp"_s);
+    parts_.showHelp(parts_.folders.program + u"tolvex.hlp"_s);
 }
 
 void WindowProgram::mnuHelpAbout_Click() {

@@ -6,7 +6,6 @@
 
 #include "app/child_windows.h"
 #include "app/frmMain.h"
-#include "base/help_viewer.h"
 #include "device/frmMsg.h"
 #include "port/com_ports.h"
 #include "workbench/workbench.h"
@@ -27,7 +26,7 @@ class WindowProgram : public QObject, private UserInterface {
         const AppDir& folders;
         const ComPorts& comPorts;
         Dialogs& dialogs;
-        HelpViewer& help;
+        std::function<void(const QString& file)> showHelp;
     };
 
     explicit WindowProgram(const Parts& parts);

@@ -26,21 +26,19 @@ struct FileNames {
     bool ReloadFlag = false;  ///< open again what is named, without a dialog
 };
 
-/// The lock and fuse bytes as they were last read or written. A failed read decodes what the last
-/// successful one left, and before any that must not look like a locked chip.
-struct LockFuseBytes {
-    std::uint8_t lock = 0xFF;      ///< written with 'l'; read with 'F' from BOD_CKSEL chips
-    std::uint8_t fuse = 0xFF;      ///< written with 'f'; read with 'r' from BOD_CKSEL chips
-    std::uint8_t lockFuse = 0xFF;  ///< read with 'F' from FSTRT and RCEN chips
-};
-
 /// What lives for the whole run and is shared by all operations; one of each.
 struct ProgramState {
     MemoryImages images{};
     FileNames names{};
     CurrentDevice device{};
     OptionChoice options{};  ///< the settings window shows it
-    LockFuseBytes lockFuseBytes{};
+
+    // The lock and fuse bytes as they were last read or written. A failed read decodes what the
+    // last successful one left, and before any that must not look like a locked chip.
+    std::uint8_t lockByte = 0xFF;      ///< written with 'l'; read with 'F' from BOD_CKSEL chips
+    std::uint8_t fuseByte = 0xFF;      ///< written with 'f'; read with 'r' from BOD_CKSEL chips
+    std::uint8_t lockFuseByte = 0xFF;  ///< read with 'F' from FSTRT and RCEN chips
+
     ErrorFlag errorFlag{};
 };
 

@@ -9,20 +9,15 @@ namespace tolvex {
 /// COM1 to COM20.
 inline constexpr int kComPortCount = 20;
 
-/// What a caller chooses. The line itself is always as the writer board wants it: "19200,n,8,1", no
-/// flow control, RTS on while open.
-struct PortSettings {
-    int number = 1;  ///< 1 to 20, meaning COM1 to COM20
-};
-
 /// One serial port. Nothing blocks; failures are return values. A port whose far end goes away
 /// (adapter pulled out) closes itself, so `IsOpen()` turns false under the caller.
 class SerialPort {
   public:
     virtual ~SerialPort() = default;
 
-    /// Takes effect at the next `Open()`.
-    virtual void Configure(const PortSettings& settings) = 0;
+    /// `number`: 1 to 20, meaning COM1 to COM20. Takes effect at the next `Open()`. The line itself
+    /// is always as the writer wants it: "19200,n,8,1", no flow control, RTS on while open.
+    virtual void Configure(int number) = 0;
     /// The configured number, also while the port is closed.
     virtual int PortNumber() const = 0;
 

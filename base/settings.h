@@ -32,6 +32,18 @@ struct NumberKey {
     double maximum;
 };
 
+/// Window geometry is stored in twips, 1/1440 inch. Qt's pixels are device-independent: 96 an inch
+/// at any scale factor.
+inline constexpr double kTwipsPerPixel = 15;
+
+inline int PixelsFromTwips(double twips) {
+    return qRound(twips / kTwipsPerPixel);
+}
+
+inline double TwipsFromPixels(int pixels) {
+    return pixels * kTwipsPerPixel;
+}
+
 /// Twips; wide enough for any arrangement of screens, narrow enough for Qt's pixel range.
 inline constexpr double kFarthestTwip = 400000;
 

@@ -11,6 +11,8 @@ namespace tolvex {
 
 namespace {
 
+using Action = struct sigaction;
+
 struct Kind {
     int number;
     volatile std::sig_atomic_t left;  ///< signals that ask; after them the default action is back
@@ -40,12 +42,12 @@ void Ask(int number) {
 }
 
 void Catch(Kind& kind, int endAt) {
-    struct sigaction now {};
+    Action now{};
     if (::sigaction(kind.number, nullptr, &now) != 0 || now.sa_handler == SIG_IGN) {
         return;
     }
     kind.left = endAt - 1;
-    struct sigaction wanted {};
+    Action wanted{};
     wanted.sa_handler = Ask;
     wanted.sa_flags = SA_RESTART;
     ::sigaction(kind.number, &wanted, nullptr);

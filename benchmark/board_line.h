@@ -18,7 +18,7 @@ class BoardLine : public SerialPort, public EventClock {
     explicit BoardLine(Board& board, Board::Instant now = {})
         : board_(board), now_(std::chrono::ceil<EventClock::Instant>(now)) {}
 
-    void Configure(const PortSettings& settings) override { number_ = settings.number; }
+    void Configure(int number) override { number_ = number; }
     int PortNumber() const override { return number_; }
     bool Open() override { return open_ = true; }
     void Close() override {

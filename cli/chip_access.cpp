@@ -64,7 +64,7 @@ ChipReading ChipAccess::LookAtChip() {
 }
 
 void ChipAccess::TellFirmware() {
-    const QString& version = detection_.identity.softwareVersion;
+    const QString& version = detection_.softwareVersion;
     if (Device().fuseGroup == FuseGroup::BOD_CKSEL && version != kFullFirmware) {
         p_.output.Remark(u"ファームウエア %1 は %2 をサポートしません（%3 が必要です）。"_s.arg(
             version, PartNumber(Device().name), kFullFirmware));

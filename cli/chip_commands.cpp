@@ -82,7 +82,7 @@ Status Detect(Session& session, const Call&) {
     }
     const bool match = access.Reading().signature == access.Device().signature;
     const QString part = PartOf(access.Reading().signature).value_or(u"?"_s);
-    const WriterIdentity& writer = access.Detection().identity;
+    const DetectionResult& writer = access.Detection();
     session.output.Print(u"ライタ: %1"_s.arg(writer.identifier));
     session.output.Print(u"ファームウエア: %1"_s.arg(writer.softwareVersion));
     session.output.Print(u"ハードウエア: %1"_s.arg(writer.hardwareVersion));

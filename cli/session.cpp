@@ -91,10 +91,10 @@ ExitStatus Session::Finish(const Status& failed) {
 
 void Session::ReportFindings() {
     if (access.Detection()) {
-        const WriterIdentity& identity = access.Detection().identity;
-        output.Report(report::Writer, QJsonObject{{u"identifier"_s, identity.identifier},
-                                                  {u"firmware"_s, identity.softwareVersion},
-                                                  {u"hardware"_s, identity.hardwareVersion}});
+        const DetectionResult& writer = access.Detection();
+        output.Report(report::Writer, QJsonObject{{u"identifier"_s, writer.identifier},
+                                                  {u"firmware"_s, writer.softwareVersion},
+                                                  {u"hardware"_s, writer.hardwareVersion}});
     }
     if (const auto signature = access.Signature()) {
         output.Report(report::Signature, *signature);

@@ -23,7 +23,7 @@ class TracedPort : public SerialPort {
     /// Part of the trace could not be written.
     bool TraceIncomplete() const { return incomplete_; }
 
-    void Configure(const PortSettings& settings) override { port_.Configure(settings); }
+    void Configure(int number) override { port_.Configure(number); }
     int PortNumber() const override { return port_.PortNumber(); }
     bool Open() override;
     void Close() override;

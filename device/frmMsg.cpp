@@ -4,8 +4,8 @@
 #include <QAccessible>
 #include <QEvent>
 
+#include "base/settings.h"
 #include "widgets/fonts.h"
-#include "widgets/twips.h"
 
 namespace tolvex {
 

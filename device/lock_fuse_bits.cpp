@@ -36,22 +36,23 @@ void WriteByte(const ChipContext& context, WriteCommand command, std::uint8_t by
 void ReadOptions(const ChipContext& context, LockFuseResult& result) {
     const FuseGroup group = context.state.device.fuseGroup;
     OptionChoice& options = context.state.options;
-    LockFuseBytes& bytes = context.state.lockFuseBytes;
+    ProgramState& state = context.state;
     switch (group) {
         case FuseGroup::LockOnly:
             break;
         case FuseGroup::FSTRT:
         case FuseGroup::RCEN:
-            result.lockByte = ReadByte(context, &WriterCommands::ReadLockFuseBits, bytes.lockFuse);
-            DecodeFuses(group, bytes.lockFuse, options);
-            DecodeLock(group, bytes.lockFuse, options);
+            result.lockByte =
+                ReadByte(context, &WriterCommands::ReadLockFuseBits, state.lockFuseByte);
+            DecodeFuses(group, state.lockFuseByte, options);
+            DecodeLock(group, state.lockFuseByte, options);
             break;
         case FuseGroup::BOD_CKSEL:
-            result.fuseByte = ReadByte(context, &WriterCommands::ReadFuseBits, bytes.fuse);
-            DecodeFuses(group, bytes.fuse, options);
+            result.fuseByte = ReadByte(context, &WriterCommands::ReadFuseBits, state.fuseByte);
+            DecodeFuses(group, state.fuseByte, options);
             context.ui.ShowSettings();
-            result.lockByte = ReadByte(context, &WriterCommands::ReadLockFuseBits, bytes.lock);
-            DecodeLock(group, bytes.lock, options);
+            result.lockByte = ReadByte(context, &WriterCommands::ReadLockFuseBits, state.lockByte);
+            DecodeLock(group, state.lockByte, options);
             break;
     }
     context.ui.ShowSettings();
@@ -60,15 +61,15 @@ void ReadOptions(const ChipContext& context, LockFuseResult& result) {
 /// The fuses go first: once the lock bits are set, the chip refuses fuses.
 void WriteOptions(const ChipContext& context, LockFusePart part) {
     const OptionChoice& options = context.state.options;
-    LockFuseBytes& bytes = context.state.lockFuseBytes;
+    ProgramState& state = context.state;
     const auto fuses = EncodeFuses(context.state.device.fuseGroup, options);
     if (part != LockFusePart::Lock && fuses) {
-        bytes.fuse = *fuses;
-        WriteByte(context, &WriterCommands::WriteFuseBits, bytes.fuse);
+        state.fuseByte = *fuses;
+        WriteByte(context, &WriterCommands::WriteFuseBits, state.fuseByte);
     }
     if (part != LockFusePart::Fuses) {
-        bytes.lock = EncodeLock(options[OptionList::LockBit]);
-        WriteByte(context, &WriterCommands::WriteLockBits, bytes.lock);
+        state.lockByte = EncodeLock(options[OptionList::LockBit]);
+        WriteByte(context, &WriterCommands::WriteLockBits, state.lockByte);
     }
 }
 

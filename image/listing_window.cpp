@@ -4,9 +4,9 @@
 #include <QResizeEvent>
 #include <QScrollBar>
 
+#include "base/settings.h"
 #include "widgets/controls.h"
 #include "widgets/fonts.h"
-#include "widgets/twips.h"
 
 namespace tolvex {
 

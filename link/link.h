@@ -90,15 +90,11 @@ struct LinkContext {
 /// The only firmware that knows the 28-pin chips, those of the fuse group BOD_CKSEL.
 inline constexpr QStringView kFullFirmware = u"3.9";
 
-/// What the writer says of itself; what it did not say is empty.
-struct WriterIdentity {
-    QString identifier, softwareVersion, hardwareVersion;
-};
-
 /// A detection: true in a condition when the writer answered all of it.
 struct DetectionResult {
     Outcome outcome = Outcome::NotSent;  ///< of the last command; without an open port none is sent
-    WriterIdentity identity{};           ///< as far as the detection came
+    /// What the writer says of itself, as far as the detection came; the rest is empty.
+    QString identifier{}, softwareVersion{}, hardwareVersion{};
 
     explicit operator bool() const { return outcome == Outcome::Ok; }
 };

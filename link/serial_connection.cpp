@@ -6,7 +6,7 @@
 namespace tolvex {
 
 void SerialConnection::ConfigurePort(int number) {
-    port_.Configure({.number = number});
+    port_.Configure(number);
     port_.DiscardInput();
 }
 

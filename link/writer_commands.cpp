@@ -133,7 +133,7 @@ Outcome WriterCommands::RunUnasked(const CommandRow& row, std::span<const std::u
         outcome = Outcome::WrongReply;
     }
     if (hooks_.onEnd) {
-        hooks_.onEnd(row.letter, Number(arguments), outcome);
+        hooks_.onEnd(row.letter, isSelect ? arguments.front() : Number(arguments), outcome);
     }
     if (outcome != Outcome::Ok) {
         TellFailure(row, outcome);

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The command that decides ends the handshake; `failure` is then its text.
-Outcome ShakeHands(const LinkContext& link, WriterIdentity& identity, QStringView& failure) {
+Outcome ShakeHands(const LinkContext& link, DetectionResult& result, QStringView& failure) {
     failure = u"ライタと通信ができませんでした。(レジストリリード)";
     if (GetNumber(link.settings, keys::ComNoxChosen) == 0) {
         return Outcome::NotSent;
@@ -18,17 +18,17 @@ Outcome ShakeHands(const LinkContext& link, WriterIdentity& identity, QStringVie
     if (!link.connection.IsOpen() && !link.connection.OpenPort()) {
         return Outcome::NotSent;
     }
-    Outcome outcome = link.commands.ReadSoftwareId(identity.identifier);
+    Outcome outcome = link.commands.ReadSoftwareId(result.identifier);
     if (outcome != Outcome::Ok) {
         return outcome;
     }
     failure = u"ライタと通信ができませんでした。(Command_V)";
-    outcome = link.commands.ReadSoftwareVersion(identity.softwareVersion);
+    outcome = link.commands.ReadSoftwareVersion(result.softwareVersion);
     if (outcome != Outcome::Ok) {
         return outcome;
     }
     failure = u"ライタと通信ができませんでした。(Command_v)";
-    outcome = link.commands.ReadHardwareVersion(identity.hardwareVersion);
+    outcome = link.commands.ReadHardwareVersion(result.hardwareVersion);
     if (outcome != Outcome::Ok) {
         return outcome;
     }
@@ -36,9 +36,9 @@ Outcome ShakeHands(const LinkContext& link, WriterIdentity& identity, QStringVie
     return link.commands.SelectDeviceCode(link.state.device.deviceCode);
 }
 
-void ReportSuccess(const LinkContext& link, const WriterIdentity& identity) {
-    link.ui.SetStatusText(kWriterPanel, identity.identifier + u" SW:"_s + identity.softwareVersion +
-                                            u" HW:"_s + identity.hardwareVersion);
+void ReportSuccess(const LinkContext& link, const DetectionResult& result) {
+    link.ui.SetStatusText(kWriterPanel, result.identifier + u" SW:"_s + result.softwareVersion +
+                                            u" HW:"_s + result.hardwareVersion);
     link.ui.SetStatusText(kMessagePanel, u"ライタを検出しました。 COM"_s +
                                              QString::number(link.connection.PortNumber()));
     link.ui.CloseMessage();
@@ -72,9 +72,9 @@ DetectionResult WriterCheck(const LinkContext& link) {
 
     DetectionResult result;
     QStringView failure;
-    result.outcome = ShakeHands(link, result.identity, failure);
+    result.outcome = ShakeHands(link, result, failure);
     if (result) {
-        ReportSuccess(link, result.identity);
+        ReportSuccess(link, result);
     } else {
         ReportFailure(link, failure);
     }

@@ -66,7 +66,7 @@ QtSerialPort::~QtSerialPort() {
 }
 
 void QtSerialPort::ApplySettings() {
-    port_->setPortName(ports_.DevicePath(settings_.number));
+    port_->setPortName(ports_.DevicePath(number_));
     port_->setBaudRate(QSerialPort::Baud19200);
     port_->setParity(QSerialPort::NoParity);
     port_->setDataBits(QSerialPort::Data8);

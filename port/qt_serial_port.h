@@ -23,8 +23,8 @@ class QtSerialPort : public SerialPort {
     explicit QtSerialPort(const ComPorts& ports);
     ~QtSerialPort() override;
 
-    void Configure(const PortSettings& settings) override { settings_ = settings; }
-    int PortNumber() const override { return settings_.number; }
+    void Configure(int number) override { number_ = number; }
+    int PortNumber() const override { return number_; }
 
     bool Open() override;
     void Close() override;
@@ -49,7 +49,7 @@ class QtSerialPort : public SerialPort {
     void SetLastError(const QString& reason);
 
     const ComPorts& ports_;
-    PortSettings settings_;
+    int number_ = 1;
     std::unique_ptr<QSerialPort> port_;
     std::unique_ptr<QObject> hangUp_;  ///< watches for it while the port is open
     bool lowLatencyByUs_ = false;      ///< the driver was in its usual mode before

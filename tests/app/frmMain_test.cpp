@@ -89,7 +89,7 @@ TEST(MainWindow, ShowsItselfWhileALongFileIsReadAndClosesAtOnce) {
 /// Everything that a command can show or do.
 std::string Outcome(WindowBench& b) {
     QStringList seen = b.user.calls + b.dialogsSeen;
-    seen << b.help.shown.section(u'/', -1) << b.Message() << (b.board.LedIsOn() ? u"lit"_s : u""_s);
+    seen << b.helpShown.section(u'/', -1) << b.Message() << (b.board.LedIsOn() ? u"lit"_s : u""_s);
     seen << (b.window.Tools().isHidden() ? u"no toolbar"_s : u""_s);
     seen << (b.window.Panels().isHidden() ? u"no status bar"_s : u""_s) << b.Panel(1);
     seen.removeAll(QString());

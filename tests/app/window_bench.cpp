@@ -8,7 +8,8 @@ namespace tolvex::testing {
 WindowBench::WindowBench(int deviceIndex, int baud, const QMap<QString, QString>& stored)
     : Surroundings(deviceIndex, baud, stored),
       comPorts(folder.path()),
-      program({port, clock, settings, folders, comPorts, user, help}) {
+      program({port, clock, settings, folders, comPorts, user,
+               [this](const QString& file) { helpShown = file; }}) {
     settings.values[u"Index_First_Flag"_s] = settings.values[u"Index_Com_Flag"_s] = u"1"_s;
 }
 

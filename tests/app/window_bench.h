@@ -48,10 +48,7 @@ class WindowBench : public Surroundings {
     QStringList dialogsSeen;  ///< the captions of those that came
 
     ComPorts comPorts;
-    struct Help : HelpViewer {
-        QString shown;
-        void ShowContents(const QString& file) override { shown = file; }
-    } help;
+    QString helpShown;  ///< the file
 
     WindowProgram program;
     frmMain& window = program.Window();

@@ -135,7 +135,7 @@ void FeedBoard(const QByteArray& bytes) {
 class AnyPort : public SerialPort {
   public:
     explicit AnyPort(const QByteArray& replies) : replies_(replies) {}
-    void Configure(const PortSettings&) override {}
+    void Configure(int) override {}
     int PortNumber() const override { return 1; }
     bool Open() override { return open_ = true; }
     void Close() override { open_ = false; }

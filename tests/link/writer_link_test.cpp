@@ -151,12 +151,13 @@ TEST(WriterCommands, HooksHoldCommandsBackAndHearHowEachLetterEnded) {
                                    open = letter != 'c';  // the high byte goes out all the same
                                }});
     b.port.Open();
+    writer.SelectDeviceCode(0x21);
     writer.EnterProgrammingMode();
     writer.SetAddress(0x1234);
     EXPECT_EQ(writer.WriteProgramWord(0x94, 0x0C), Outcome::Ok);
     open = false;
     EXPECT_EQ(writer.ChipErase(), Outcome::NotSent);
-    EXPECT_EQ(heard.join(u','), u"P 0 0,A 1234 0,c c 0,C 94 0"_s);
+    EXPECT_EQ(heard.join(u','), u"T 21 0,P 0 0,A 1234 0,c c 0,C 94 0"_s);
     EXPECT_EQ(b.Wire().last(), u"C 94"_s);
 }
 

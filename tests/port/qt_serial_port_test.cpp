@@ -68,7 +68,7 @@ struct QtSerialPortTest : ::testing::Test {
         ::fchmod(near, 0666);
         ::close(near);
         driver = {};
-        port.Configure({.number = 3});
+        port.Configure(3);
         ASSERT_TRUE(port.Open());
     }
     ~QtSerialPortTest() override { ::close(line); }
@@ -198,7 +198,7 @@ TEST_F(QtSerialPortTest, ALockFileThatAKilledRunOfRootLeftIsNoHindrance) {
 TEST_F(QtSerialPortTest, APortThatCannotBeOpenedStaysClosed) {
     QtSerialPort second(ports);
     for (const int number : {3, 4, 21}) {  // busy, dangling, none
-        second.Configure({.number = number});
+        second.Configure(number);
         EXPECT_FALSE(second.Open() || second.IsOpen() || second.Write("S")) << number;
         EXPECT_FALSE(second.LastError().isEmpty()) << number;
         second.DiscardInput();

@@ -21,11 +21,11 @@ class SimulatedPort : public SerialPort {
     SimulatedPort(SimulatedWriter& writer, VirtualClock& clock, int baud = 19200)
         : writer_(writer), clock_(clock), baud_(baud) {}
 
-    void Configure(const PortSettings& settings) override {
-        settings_ = settings;
-        calls_ << QStringLiteral("configure %1").arg(settings.number);
+    void Configure(int number) override {
+        number_ = number;
+        calls_ << QStringLiteral("configure %1").arg(number);
     }
-    int PortNumber() const override { return settings_.number; }
+    int PortNumber() const override { return number_; }
     bool Open() override;
     void Close() override { Disconnect(QStringLiteral("close")); }
     bool IsOpen() const override { return board_ != nullptr; }
@@ -62,7 +62,7 @@ class SimulatedPort : public SerialPort {
     SimulatedWriter& writer_;
     VirtualClock& clock_;
     int baud_;
-    PortSettings settings_;
+    int number_ = 1;
     bool refuse_ = false;
     std::function<bool(QByteArrayView, bool)> hook_;
     bool begins_ = true;
