@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "image/hex_writer.h"
 
-#include <QFile>
 #include <cerrno>
-#include <filesystem>
 #include <fstream>
 #include <span>
 #include <vector>
+
+#include "image/native_path.h"
 
 namespace tolvex {
 
@@ -32,16 +32,6 @@ QByteArray Records(std::span<const std::uint8_t> bytes) {
         text += DataRecord(address, bytes.subspan(address, kBytesPerRecord));
     }
     return text + ":00000001FF\r\n";
-}
-
-/// Qt's own conversion takes any text; the one of the standard library throws on half a surrogate
-/// pair.
-std::filesystem::path NativePath(const QString& path) {
-#ifdef Q_OS_WIN
-    return path.toStdWString();
-#else
-    return QFile::encodeName(path).toStdString();
-#endif
 }
 
 /// A standard stream, because it leaves the system's reason for a refused open in errno; QFile
