@@ -28,6 +28,9 @@ AppDir EnterProgramFolder(const QString& programFolder, const QString& userFolde
 /// data folder.
 AppDir EnterProgramFolder();
 
+/// The folder below which every program of this user keeps its settings.
+QString UserConfigFolder();
+
 /// Tells the users of this machine apart.
 QString UserMark();
 

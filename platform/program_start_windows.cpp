@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <windows.h>
 
+#include <QDir>
 #include <cstdlib>
 
 #include "platform/program_start.h"
@@ -36,6 +37,12 @@ int TerminalColumns() {
     return ::GetConsoleScreenBufferInfo(::GetStdHandle(STD_ERROR_HANDLE), &console) != FALSE
                ? console.srWindow.Right - console.srWindow.Left + 1
                : 0;
+}
+
+// Qt's folder for settings is the one that stays on this machine; this one goes along with the
+// user.
+QString UserConfigFolder() {
+    return QDir::fromNativeSeparators(qEnvironmentVariable("APPDATA"));
 }
 
 QString UserMark() {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/settings_file.h"
 
-#include <QStandardPaths>
+#include "platform/program_start.h"
 
 namespace tolvex {
 
@@ -19,7 +19,7 @@ constexpr QChar kListSeparator = u',';
 }  // namespace
 
 QString ConfigFolder() {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/Tolvex"_s;
+    return UserConfigFolder() + u"/Tolvex"_s;
 }
 
 QString SettingsPath() {
