@@ -66,14 +66,14 @@ TEST(CommandLine, ChoosesPortAndDevice) {
     // Options, TOLVEX_PORT and TOLVEX_DEVICE; the number that is opened, the one that is told (0
     // for a path), the path and the part.
     const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
-        {"", "", "", "1 1 /dev/ttyS0 AT90S2313"},
-        {"--port COM5", "/dev/ttyUSB1", "", "5 5 /dev/ttyUSB0 AT90S2313"},
-        {"--port=20", "", "", "20 20 /dev/ttyACM7 AT90S2313"},
-        {"", "ttyUSB1", "", "6 0 /dev/ttyUSB1 AT90S2313"},
+        {"", "", "", "1 1 COM1 AT90S2313"},
+        {"--port COM5", "/a/board", "", "5 5 COM5 AT90S2313"},
+        {"--port=20", "", "", "20 20 COM20 AT90S2313"},
+        {"", "/a/board", "", "1 0 /a/board AT90S2313"},
         {"--port /a/board", "", "", "1 0 /a/board AT90S2313"},
-        {"--device at90s1200a", "", "AT90S8515", "1 1 /dev/ttyS0 AT90S1200A"},
-        {"", "", "at90s8515", "1 1 /dev/ttyS0 AT90S8515"},
-        {"--device AT90S1200~(外部ｸﾛｯｸ)", "", "", "1 1 /dev/ttyS0 AT90S1200"},
+        {"--device at90s1200a", "", "AT90S8515", "1 1 COM1 AT90S1200A"},
+        {"", "", "at90s8515", "1 1 COM1 AT90S8515"},
+        {"--device AT90S1200~(外部ｸﾛｯｸ)", "", "", "1 1 COM1 AT90S1200"},
     };
     for (const auto& [options, portVariable, deviceVariable, chosen] : cases) {
         CliBench b;
@@ -86,7 +86,8 @@ TEST(CommandLine, ChoosesPortAndDevice) {
         EXPECT_EQ(u"%1 %2 %3 %4"_s.arg(b.port.PortNumber())
                       .arg(number)
                       .arg(path, json["device"_L1].toString()),
-                  QString::fromUtf8(chosen));
+                  QString::fromUtf8(chosen).replace(u"COM%1"_s.arg(number),
+                                                    b.comPorts.DevicePath(number)));
         const QString name = number != 0 ? u" COM%1"_s.arg(number) : u' ' + path;
         EXPECT_TRUE(json["messages"_L1][1].toString().endsWith(name));
     }
@@ -103,7 +104,8 @@ TEST(ListCommands, ShowWhatThereIs) {
     b.facts.permitted = false;
     EXPECT_EQ(b.Run("ports"), ExitStatus::Done);
     EXPECT_EQ(b.Out().count(u'\n'), 20);
-    EXPECT_TRUE(b.Out().contains(u"\nCOM5  /dev/ttyUSB0   権限なし"_s)) << b.Out().toStdString();
+    EXPECT_TRUE(b.Out().contains(u"\nCOM5  %1   権限なし"_s.arg(b.comPorts.DevicePath(5))))
+        << b.Out().toStdString();
     EXPECT_EQ(b.Outcome("ports"), "0");
     EXPECT_FALSE(b.Json()["ports"_L1][4]["permitted"_L1].toBool(true));
 }

@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 
 #include "base/settings.h"
+#include "tests/support/file_troubles.h"
 #include "tests/support/real_files.h"
 #include "tests/support/test_bench.h"
 
@@ -172,7 +173,7 @@ TEST(FileCommands, OpeningLeavesBehind) {
         FileCommandBench b;
         QDir(b.dir.path()).mkpath(u"a.hex/sub"_s);
         QDir(b.dir.path()).mkpath(u"folder.hex"_s);
-        MakeFifo(b.Path(u"fifo.hex"_s));
+        MakeNoFile(b.Path(u"fifo.hex"_s));
         for (const auto& [name, content] : files) {
             PutFile(b.Path(name), content);
         }
@@ -213,7 +214,7 @@ TEST(FileCommands, SavingLeavesBehind) {
             QFile::setPermissions(b.Path(name),
                                   QFile::Permissions(name == locked ? 0x4444 : 0x6666));
         }
-        MakeFifo(b.Path(u"fifo.eep"_s));
+        MakeNoFile(b.Path(u"fifo.eep"_s));
         QFile::setPermissions(b.dir.path(), QFileDevice::Permissions(0x7777));
         b.state.names.CodeFileName = code.isEmpty() ? QString() : b.Path(code);
         b.state.names.DataFileName = data.isEmpty() ? QString() : b.Path(data);

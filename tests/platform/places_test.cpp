@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Where the program finds things: ports, its folder, the mark of a running instance, its settings.
+// Where the program finds things: its folder, the mark of a running instance, its settings.
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
@@ -11,7 +11,6 @@
 #include "base/settings.h"
 #include "platform/program_start.h"
 #include "platform/settings_file.h"
-#include "port/com_ports.h"
 #include "tests/support/real_files.h"
 #include "tests/support/recorder.h"
 
@@ -19,31 +18,6 @@ namespace tolvex {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-TEST(ComPorts, NumbersMeanTheSystemsDevicesUnlessALinkLeadsElsewhere) {
-    QTemporaryDir config;
-    ASSERT_TRUE(QDir(config.path()).mkdir(u"ports"_s));
-    const QString link = config.filePath(u"ports/com"_s);
-    ASSERT_TRUE(QFile::link(u"/dev/null"_s, link + u'3'));
-    ASSERT_TRUE(QFile::link(u"../gone"_s, link + u'4'));
-    ComPorts ports(config.path() + u'/');
-    ports.Assign(2, u"/dev/mine"_s);
-    const std::pair<int, QString> cases[] = {
-        // clang-format off
-        {0, u""_s}, {1, u"/dev/ttyS0"_s}, {2, u"/dev/mine"_s}, {3, link + u'3'}, {4, link + u'4'},
-        {5, u"/dev/ttyUSB0"_s}, {12, u"/dev/ttyUSB7"_s}, {13, u"/dev/ttyACM0"_s},
-        {20, u"/dev/ttyACM7"_s}, {21, u""_s},
-        // clang-format on
-    };
-    for (const auto& [number, path] : cases) {
-        EXPECT_EQ(ports.DevicePath(number), path) << number;
-    }
-    EXPECT_EQ(ComPorts(u"/missing/folder/"_s).DevicePath(4), u"/dev/ttyS3"_s);
-    const QList<ComPort> all = ports.All();
-    ASSERT_EQ(all.size(), kComPortCount);
-    EXPECT_TRUE(all[2].number == 3 && all[2].devicePath == link + u'3' && all[2].present);
-    EXPECT_FALSE(all[3].present) << "leads nowhere";
-}
 
 TEST(ProgramFolder, IsEnteredAndComesFirstForTheListings) {
     const QString before = QDir::currentPath();

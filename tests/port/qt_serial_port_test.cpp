@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A real port, and the clock that its bytes wake.
+// A real port, and the COM numbers that lead to it.
 #include "port/qt_serial_port.h"
 
 #include <fcntl.h>
@@ -12,15 +12,14 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QTemporaryDir>
-#include <QTimer>
 #include <cstdarg>
 #include <numeric>
 #include <thread>
 
 #include "platform/event_loop_clock.h"
+#include "tests/support/file_troubles.h"
 #include "tests/support/real_files.h"
 
 /// What a serial driver knows and a pseudo-terminal lacks.
@@ -52,6 +51,33 @@ namespace {
 
 using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
+
+TEST(ComPorts, NumbersMeanTheSystemsDevicesUnlessALinkLeadsElsewhere) {
+    QTemporaryDir config;
+    ASSERT_TRUE(QDir(config.path()).mkdir(u"ports"_s));
+    const QString link = config.filePath(u"ports/com"_s);
+    ASSERT_TRUE(QFile::link(u"/dev/null"_s, link + u'3'));
+    ASSERT_TRUE(QFile::link(u"../gone"_s, link + u'4'));
+    ComPorts ports(config.path() + u'/');
+    ports.Assign(2, u"/dev/mine"_s);
+    const std::pair<int, QString> cases[] = {
+        // clang-format off
+        {0, u""_s}, {1, u"/dev/ttyS0"_s}, {2, u"/dev/mine"_s}, {3, link + u'3'}, {4, link + u'4'},
+        {5, u"/dev/ttyUSB0"_s}, {12, u"/dev/ttyUSB7"_s}, {13, u"/dev/ttyACM0"_s},
+        {20, u"/dev/ttyACM7"_s}, {21, u""_s},
+        // clang-format on
+    };
+    for (const auto& [number, path] : cases) {
+        EXPECT_EQ(ports.DevicePath(number), path) << number;
+    }
+    EXPECT_EQ(ComPorts(u"/missing/folder/"_s).DevicePath(4), u"/dev/ttyS3"_s);
+    const QList<ComPort> all = ports.All();
+    ASSERT_EQ(all.size(), kComPortCount);
+    EXPECT_TRUE(all[2].number == 3 && all[2].devicePath == link + u'3' && all[2].present);
+    EXPECT_FALSE(all[3].present) << "leads nowhere";
+    const auto listed = ports.Choose(u"ttyUSB1"_s);
+    EXPECT_TRUE(listed && listed->number == 6 && listed->byPath);
+}
 
 /// Port COM3 leads to the far end `line`, a pseudo-terminal; COM4 leads nowhere.
 struct QtSerialPortTest : ::testing::Test {
@@ -204,42 +230,6 @@ TEST_F(QtSerialPortTest, APortThatCannotBeOpenedStaysClosed) {
         second.DiscardInput();
         EXPECT_TRUE(second.ReadAll().isEmpty());
     }
-}
-
-TEST(EventLoopClock, DeadlinesAreKeptWithoutSpinning) {
-    EventLoopClock clock;
-    for (const EventClock::Instant wait : {300us, 1200us, 100'000us}) {
-        bool kept = false;
-        // The best one counts: the machine may have other work.
-        for (int attempt = 0; attempt < 40 && !kept; ++attempt) {
-            const EventClock::Instant deadline = clock.Now() + wait;
-            int passes = 0;
-            for (; clock.Now() < deadline && passes < 1000; ++passes) {
-                clock.Yield(deadline);
-            }
-            ASSERT_GE(clock.Now(), deadline) << wait.count() << " us";
-            kept = clock.Now() - deadline < 2ms && passes <= 2;
-        }
-        EXPECT_TRUE(kept) << wait.count() << " us";
-    }
-}
-
-TEST(EventLoopClock, TheEndReleasesEveryWaitAndDeliversNothingMore) {
-    EventLoopClock clock;
-    bool late = false;
-    const EventClock::Instant begin = clock.Now();
-    QTimer::singleShot(5, [&] {
-        clock.End();
-        clock.Yield(begin + 1h);  // nested in the outer yield
-        QMetaObject::invokeMethod(
-            qApp, [&] { late = true; }, Qt::QueuedConnection);
-    });
-    while (!clock.Ended()) {
-        clock.Yield(begin + 1h);
-    }
-    clock.Yield(begin + 1h);
-    EXPECT_TRUE(clock.Now() - begin < 2s && !late);
-    QCoreApplication::processEvents();  // before `late` goes out of scope
 }
 
 }  // namespace

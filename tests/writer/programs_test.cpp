@@ -1,9 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The programs themselves, tolvex-cli in front of tolvex-writer, on a real pseudo-terminal.
-#include <QtGlobal>
-
-#ifdef Q_OS_UNIX
-
 #include <signal.h>
 
 #include <QElapsedTimer>
@@ -196,5 +192,3 @@ TEST_F(Programs, TheBoardEndsAtOnceWhenItCannotWork) {
 
 }  // namespace
 }  // namespace tolvex::testing
-
-#endif
