@@ -111,7 +111,7 @@ install_it() {
         as_person cmake --build --preset release
         ! as_person sh -c 'cd build-release && cpack' ||
             fail "a package was made without dpkg-shlibdeps"
-        install_quietly dpkg-dev file
+        install_quietly dpkg-dev file gcc-avr avr-libc
     fi
     run_block README.md 2
     dpkg-deb --info build-release/tolvex_*.deb
@@ -126,6 +126,7 @@ check_files() {
     as_person lintian --fail-on error,warning /tmp/tolvex_*.deb
     desktop-file-validate /usr/share/applications/tolvex.desktop
     appstreamcli validate --no-net /usr/share/metainfo/example.tolvex.Tolvex.metainfo.xml
+    [ -f /usr/share/tolvex/tolvex_writer.hex ] || fail "the writer's firmware is missing"
     for suffix in hex rom eep; do
         cp samples/blink.hex $home/blink.$suffix
         gio info -a standard::content-type $home/blink.$suffix | grep -q 'application/x-intel-hex$' ||
