@@ -47,7 +47,7 @@ TEST(Panels, SayWhatTheyShouldInAnyFontAndClose) {
         frmIndex board;
         // clang-format off
         EXPECT_EQ(Texts(about), "|AT90Sシリーズ用シリアルISPライタのプログラミングソフトウエア|"
-            "MITライセンスで配布されているフリーソフトウエアです。|Tolvex|Version 1.40.25|"
+            "MITライセンスで配布されているフリーソフトウエアです。|Tolvex|Version " TOLVEX_VERSION "|"
             "ｻﾎﾟｰﾄﾍﾟｰｼﾞ : https://tolvex.example/support");
         EXPECT_EQ(Texts(board), " 4MHz  OSC|20pin|28pin Socket|"
             "28pinマイコンを使用するには、28ピンソケットを追加し、ボード上のコネクタCN1と結線する必要があります。"

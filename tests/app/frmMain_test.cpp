@@ -102,11 +102,11 @@ TEST(MainWindow, EachCommandDoesWhatItSays) {
     constexpr char kOpenBoth[] = "open dialog コードファイル ＆ データファイルを開く|指定されたファイルを開くことができませんでした。";
     constexpr char kSaveBoth[] = "save dialog コードファイル ＆ データファイルの保存";
     constexpr char kPort[] = "通信ポート選択|ライター接続確認が終了していません。";
-    constexpr char kNoHelp[] = "box Information Tolvex Version 1.40.25|ﾍﾙﾌﾟの目次を表示できません。 このﾌﾟﾛｼﾞｪｸﾄに関連付けられたﾍﾙﾌﾟが存在しません。";
+    constexpr char kNoHelp[] = "box Information Tolvex Version " TOLVEX_VERSION "|ﾍﾙﾌﾟの目次を表示できません。 このﾌﾟﾛｼﾞｪｸﾄに関連付けられたﾍﾙﾌﾟが存在しません。";
     // A menu item, a button or a key; the button pressed in the window that comes up; what is seen.
     const char* const cases[][3] = {
         {"mnuFileOpen", "", kOpenBoth},
-        {"mnuFileOpenCode", "", "open dialog コードファイル(*.hex)を開く|box Information Tolvex Version 1.40.25|指定されたファイルを開くことができませんでした。"},
+        {"mnuFileOpenCode", "", "open dialog コードファイル(*.hex)を開く|box Information Tolvex Version " TOLVEX_VERSION "|指定されたファイルを開くことができませんでした。"},
         {"mnuFileOpenData", "", "open dialog データファイル(*.eep)を開く"},
         {"Ctrl+O", "", kOpenBoth},
         {"Open", "", kOpenBoth},

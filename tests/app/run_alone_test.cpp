@@ -109,7 +109,7 @@ TEST(StartUp, AFirstStartShowsBothDialogsOnce) {
         b.Start();  // a modal dialog would never return
         EXPECT_EQ(b.dialogsSeen.join(u'|'), first ? u"ボードの修正|通信ポート選択"_s : QString());
         values = b.settings.values;
-        EXPECT_EQ(b.window.windowTitle(), u"Tolvex Version 1.40.25"_s);
+        EXPECT_EQ(b.window.windowTitle(), u"Tolvex Version " TOLVEX_VERSION ""_s);
         EXPECT_TRUE(b.port.Wire().isEmpty());
     }
 }

@@ -65,6 +65,16 @@ class CliBench : public Surroundings {
         EXPECT_TRUE(Out().count(u'\n') == 1 && Out().endsWith(u"}\n"_s)) << "one object always";
         EXPECT_EQ(Json()["exitStatus"_L1].toInt(-1), status);
         const QString code = Json()["error"_L1]["code"_L1].toString();
+        // Scripts are written from the page: it lists every key and every code.
+        static const QString page =
+            QString::fromUtf8(Bytes(QStringLiteral(TOLVEX_SOURCE_DIR "/docs/cli.md")));
+        QStringList words = Json().keys();
+        words << code;
+        for (const QString& word : words) {
+            EXPECT_TRUE(word.isEmpty() || page.contains(u"| `%1`"_s.arg(word)) ||
+                        page.contains(u", `%1`"_s.arg(word)))
+                << qPrintable(word);
+        }
         return QString(QString::number(status) + u' ' + code).trimmed().toStdString();
     }
     QStringList Words(const char* line) const {

@@ -40,27 +40,6 @@ TEST(CommandLine, IsExplainedWholeEverywhere) {
     }
 }
 
-/// The texts that the pattern finds, in order, each once.
-QStringList Found(const QString& text, const QString& pattern) {
-    QStringList found;
-    for (const auto& match : QRegularExpression(pattern).globalMatch(text)) {
-        found << match.captured(1);
-    }
-    found.sort();
-    found.removeDuplicates();
-    return found;
-}
-
-/// The page lists the report's keys and error codes, and no others.
-TEST(CommandLine, ThePageListsWhatJsonHolds) {
-    const QString page = Source(u"docs/cli.md"_s);
-    EXPECT_EQ(Found(page.section(u"\n### Error codes"_s, 1), u"\n\\| `(\\w+)` \\|"_s),
-              Found(Source(u"cli/result.h"_s), u"\\{\"(\\w+)\", E"_s));
-    const QString keys = page.section(u"\n### Keys"_s, 1).section(u"\n### "_s, 0, 0);
-    EXPECT_EQ(Found(keys, u"(?<=[|,] )`(\\w+)`(?=[^\n]*\\|[^\n]*\\|)"_s),
-              Found(Source(u"cli/report_keys.h"_s), u"\\{\"(\\w+)\"\\}"_s));
-}
-
 /// An option goes before the environment, and that before what is stored.
 TEST(CommandLine, ChoosesPortAndDevice) {
     // Options, TOLVEX_PORT and TOLVEX_DEVICE; the number that is opened, the one that is told (0
