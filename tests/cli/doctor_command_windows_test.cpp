@@ -19,7 +19,7 @@ TEST(DoctorCommand, SaysWhatHelpsOnWindows) {
         EXPECT_TRUE((b.Out() + b.Err()).contains(text)) << outcome;
         EXPECT_FALSE((b.Out() + b.Err()).contains(u"/dev"_s)) << outcome;
         EXPECT_EQ(b.Outcome("doctor --port COM20"), outcome);
-        EXPECT_EQ(b.Json()["mend"_L1].toString(), fix) << outcome;
+        EXPECT_EQ(b.Json()["fix"_L1].toString(), fix) << outcome;
     }
 }
 
