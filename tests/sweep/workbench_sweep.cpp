@@ -2,6 +2,7 @@
 // Everything that can befall an exchange, at every exchange of every operation, alone and in pairs,
 // in virtual time: tolvex_workbench_sweep [--full] [--seed N].
 #include <QCoreApplication>
+#include <QDir>
 #include <QRegularExpression>
 #include <cstdio>
 #include <random>
@@ -297,6 +298,19 @@ class Sweep {
     QString letters_;
 };
 
+/// What the process holds, where the system tells.
+struct Holding {
+    double megabytes = 0;
+    qsizetype descriptors = 0;
+
+    static Holding Now() {
+        QFile memory(u"/proc/self/statm"_s);
+        const bool open = memory.open(QIODevice::ReadOnly);
+        return {(open ? memory.readAll().split(' ').value(1).toDouble() : 0) * 4096 / 1e6,
+                QDir(u"/proc/self/fd"_s).entryList(QDir::Files | QDir::System).size()};
+    }
+};
+
 }  // namespace
 }  // namespace tolvex::testing
 
@@ -315,6 +329,7 @@ int main(int argc, char** argv) {
         return std::uniform_int_distribution(least, most)(random);
     };
     const QList<Case> cases = Cases();
+    std::optional<Holding> early;
     for (const Case& c : cases) {
         Sweep sweep(c);
         const int last = sweep.Exchanges();
@@ -329,7 +344,15 @@ int main(int argc, char** argv) {
         for (int pair = 0; pair < (full ? 1000 : 40); ++pair) {
             sweep.Try({{any(1, last), any(0, kEnd - 1)}, {any(1, last), any(0, kEnd - 1)}});
         }
+        early = early ? early : Holding::Now();
     }
-    std::printf("%d runs, %d failures\n", Sweep::runs, Sweep::failures);
-    return Sweep::failures == 0 ? 0 : 1;
+    const Holding late = Holding::Now();
+    std::printf("%d runs, %d failures, %.1f MB and %lld descriptors grew to %.1f MB and %lld\n",
+                Sweep::runs, Sweep::failures, early->megabytes,
+                static_cast<long long>(early->descriptors), late.megabytes,
+                static_cast<long long>(late.descriptors));
+    // A sanitizer keeps memory back.
+    const bool grown =
+        late.descriptors > early->descriptors || (full && late.megabytes > early->megabytes + 2);
+    return Sweep::failures == 0 && !grown ? 0 : 1;
 }
