@@ -78,6 +78,7 @@ void SerialProgramming::Violate(const QString& what, Instant now) {
 void SerialProgramming::ResetGoesLow() {
     enabled_ = false;
     firstInstruction_ = true;
+    erased_ = false;
 }
 
 void SerialProgramming::ResetGoesHigh(Instant now) {
@@ -148,6 +149,8 @@ void SerialProgramming::Finish(const Bytes& bytes, Instant begun, Instant now) {
         Violate(u"the chip has no instruction "_s + QString::fromLatin1(hex), now);
     } else if (begun < busyUntil_ && !Polls(*instruction, bytes)) {
         Violate(QLatin1StringView(instruction->name) + u" while the chip is writing"_s, now);
+    } else if (erased_) {
+        Violate(QLatin1StringView(instruction->name) + u" after Chip Erase without a reset"_s, now);
     } else {
         Write(*instruction, bytes, now);
     }
@@ -193,6 +196,7 @@ void SerialProgramming::Write(const Instruction& instruction, const Bytes& bytes
             return StartWork(byteTime, now, bytes);
         case Act::Erase:
             chip_.Erase();
+            erased_ = true;
             return StartWork(rules_.erase, now, {});
         case Act::WriteLock:
             chip_.ProgramLock(bytes[1]);

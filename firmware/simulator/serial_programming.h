@@ -67,6 +67,7 @@ class SerialProgramming {
     ChipRules rules_;
     bool enabled_ = false;
     bool firstInstruction_ = true;
+    bool erased_ = false;  // since the last reset
     Instant busySince_{0}, busyUntil_{0};
     std::optional<Bytes> writing_;  // a byte, until busyUntil_
     std::minstd_rand noise_;

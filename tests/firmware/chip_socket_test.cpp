@@ -103,6 +103,7 @@ TEST(ChipSocket, NoticesWhatAChipNeedNotPutUpWith) {
         {enter + u"40000001 20000100"_s, u"Read Flash"_s + writing},
         {enter + u"c0000001 20000000"_s, u"Read Flash"_s + writing},
         {enter + u"ac800000 19ms 30000000"_s, u"Read Signature"_s + writing},
+        {enter + u"ac800000 20ms 30000000"_s, u"Read Signature after Chip Erase without a reset"_s},
         {enter + u"acff0000 8ms 30000000"_s, u"Read Signature"_s + writing},
         {enter + u"c0000001 high"_s, u"RESET goes high"_s + writing},
         {enter + u"58000000"_s, u"the chip has no instruction 58 00 00 00"_s},
