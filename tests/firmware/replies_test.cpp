@@ -125,7 +125,7 @@ TEST(FirmwareReplies, EndWhenThePcGoesAwayOrTheFirmwareGetsStuck) {
     EXPECT_TRUE(real.board.ChipIsReleased()) << "by the watchdog";
 }
 
-/// Three seconds of commands that never let the board rest. The simulated UART takes 11 bits' time
+/// Three seconds of commands as fast as the line brings them. The simulated UART takes 11 bits' time
 /// for a byte.
 TEST(FirmwareReplies, SurviveAStreamWithoutAPause) {
     constexpr int kCount = 1800;
