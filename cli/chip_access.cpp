@@ -34,33 +34,56 @@ Status ChipAccess::DetectChip() {
         return failed;
     }
     reading_ = {};
+    p_.bench.chip.provenSignature.reset();
     if (FindWriter()) {
         TellFirmware();
         reading_ = LookAtChip();
+        Prove();
     }
     return Judge(reading_.verdict != ChipVerdict::NoReply,
                  {cause::WriterSilent, u"シグネチャを読めません。"_s});
 }
 
-/// The selected chip is known by one look. Only of another reading does the operations' own check
-/// judge, which gives the chip a second to settle and tells what it found.
+/// The selected chip, and a locked one, is known by one look. Any other gets a second one, with
+/// time to settle.
 ChipReading ChipAccess::LookAtChip() {
+    const ChipReading look = Look(0);
+    const bool known = look.verdict == ChipVerdict::Accepted || look.signature == kLockedSignature;
+    return known || look.verdict == ChipVerdict::NoReply ? look : Look(1);
+}
+
+ChipReading ChipAccess::Look(double settleSeconds) {
     ChipReading look;
-    WriterCommands& commands = p_.bench.commands;
-    const Outcome outcomes[] = {commands.EnterProgrammingMode(),
-                                commands.ReadSignature(look.signature),
-                                commands.LeaveProgrammingMode()};
-    for (const Outcome outcome : outcomes) {
-        if (outcome != Outcome::Ok) {
-            return {};
-        }
+    const bool entered = p_.bench.commands.EnterProgrammingMode() == Outcome::Ok;
+    p_.bench.connection.WaitSeconds(settleSeconds);
+    const bool read = p_.bench.commands.ReadSignature(look.signature) == Outcome::Ok;
+    const bool left = p_.bench.commands.LeaveProgrammingMode() == Outcome::Ok;
+    if (!entered || !read || !left) {
+        return {};
     }
-    if (look.signature == Device().signature) {
-        look.verdict = ChipVerdict::Accepted;
-        return look;
+    const std::uint8_t size = look.signature[1];
+    look.verdict = look.signature == Device().signature ? ChipVerdict::Accepted
+                   : size <= kLockedSignature[1]        ? ChipVerdict::Locked
+                   : size == kErased                    ? ChipVerdict::EmptySocket
+                                                        : ChipVerdict::Mismatch;
+    return look;
+}
+
+/// From here on every operation proves that it works on the chip that was found.
+void ChipAccess::Prove() {
+    ChipContext& chip = p_.bench.chip;
+    const ChipVerdict verdict = reading_.verdict;
+    const bool answers = verdict != ChipVerdict::NoReply && verdict != ChipVerdict::EmptySocket;
+    if (answers && (verdict != ChipVerdict::Locked || Locked())) {
+        chip.provenSignature = reading_.signature;
+        chip.onProof = [this, &chip](const auto& answer, bool same) {
+            p_.record.NoteProof(same);
+            if (chip.provenSignature == kLockedSignature && PartOf(answer)) {
+                reading_ = {same ? ChipVerdict::Accepted : ChipVerdict::Mismatch, answer};
+                chip.provenSignature = answer;  // from its erase on it is known
+            }
+        };
     }
-    p_.bench.state.errorFlag.Clear();
-    return CheckDevice(p_.bench.chip);
 }
 
 void ChipAccess::TellFirmware() {
@@ -74,6 +97,11 @@ void ChipAccess::TellFirmware() {
 Status ChipAccess::RequireReadable() const {
     switch (reading_.verdict) {
         case ChipVerdict::Locked:
+            if (!Locked()) {
+                return Failure{cause::NoContact,
+                               u"チップに接触していません（シグネチャ %1）。"
+                               "ソケットとチップの向きを確認してください。"_s.arg(*Signature())};
+            }
             return Failure{cause::Locked, u"チップがロックされています。"_s};
         case ChipVerdict::EmptySocket:
             return Failure{cause::EmptySocket, u"ソケットにチップがありません。"_s};
@@ -83,6 +111,7 @@ Status ChipAccess::RequireReadable() const {
         case ChipVerdict::Tolerated:
         case ChipVerdict::CommandFailed:
         case ChipVerdict::Mismatch:
+        case ChipVerdict::ContactLost:
             break;
     }
     return {};
@@ -125,13 +154,10 @@ SequenceResult ChipAccess::Run(SequenceResult (*sequence)(Workbench&), bool forc
     }
     const SequenceResult result = p_.record.MaySend() ? sequence(p_.bench) : SequenceResult{};
     detection_ = result.detection;
-    // The operations go by the size code alone: a signature that was proven whole stays. The
-    // reading before an erase is judged by nobody.
-    const bool proven = reading_.signature == Device().signature;
     for (const ChipReading& reading : {result.program ? result.program->chip : ChipReading{},
                                        result.read ? result.read->chip : ChipReading{},
                                        result.verify ? result.verify->chip : ChipReading{}}) {
-        if (reading.verdict != ChipVerdict::NoReply && !(proven && reading.Passed())) {
+        if (reading.verdict != ChipVerdict::NoReply) {
             reading_ = reading;
         }
     }
@@ -188,6 +214,11 @@ Status ChipAccess::Judge(bool success, const Failure& otherwise) {
         return Failure{
             why, (refused ? u"ライタがコマンドを拒否しました。"_s : u"ライタが応答しません。"_s) +
                      otherwise.text};
+    }
+    if (p_.record.ContactLost() && reading_.verdict != ChipVerdict::Mismatch) {
+        return Failure{cause::ContactLost,
+                       u"途中でチップとの接触が失われたか、チップが替わりました。"
+                       "ソケットとケーブルを確認してください。"_s};
     }
     if (!reading_.Passed()) {
         if (const Status failed = RequireReadablePart(false)) {

@@ -44,6 +44,9 @@ class ChipAccess {
     /// Detects the chip and requires a readable one of the selected device.
     Status DetectPart(bool force);
 
+    /// The chip that was last read is locked against reading.
+    bool Locked() const { return reading_.signature == kLockedSignature; }
+
     /// Runs a sequence of the toolbar, with `force` on any chip.
     SequenceResult Run(SequenceResult (*sequence)(Workbench&), bool force = false);
     LockFuseResult ReadLockFuse();
@@ -61,6 +64,8 @@ class ChipAccess {
   private:
     LockFuseResult Keep(const LockFuseResult& result);
     ChipReading LookAtChip();
+    ChipReading Look(double settleSeconds);
+    void Prove();
     void TellFirmware();
     Failure OpeningFailure() const;
     Status RequireReadable() const;

@@ -15,19 +15,16 @@ namespace {
 /// The operation reads both memories at once.
 Status ReadImages(Session& session, Memories memories, bool force, MemoryImages& images) {
     ChipAccess& access = session.access;
+    if (const Status failed = access.DetectPart(force)) {
+        return failed;
+    }
     if (!memories.Both()) {
-        if (const Status failed = access.DetectPart(force)) {
-            return failed;
-        }
         return access.ReadMemories(memories, images);
     }
     const SequenceResult result = access.Run(ReadSequence, force);
     images = session.bench.state.images;
-    if (const Status failed = access.Judge(result.read && result.read->Complete(),
-                                           {cause::WriterSilent, u"チップを読めません。"_s})) {
-        return failed;
-    }
-    return access.RequirePart(force);
+    return access.Judge(result.read && result.read->Complete(),
+                        {cause::WriterSilent, u"チップを読めません。"_s});
 }
 
 /// The operation compares both memories whole.
@@ -40,14 +37,14 @@ Status VerifyImages(Session& session, Memories memories, bool force, const Memor
         }
         return access.JudgeDifferences(Compare(access.Device(), memories, images, chip));
     }
+    if (const Status failed = access.DetectPart(force)) {
+        return failed;
+    }
     session.bench.state.images = images;
     const VerifyResult result = access.Run(VerifySequence, force).verify.value_or(VerifyResult{});
     if (const Status failed =
             access.Judge(result.flashCompared && result.eepromCompared,
                          {cause::WriterSilent, u"ベリファイできませんでした。"_s})) {
-        return failed;
-    }
-    if (const Status failed = access.RequirePart(force)) {
         return failed;
     }
     return access.JudgeDifferences(result.differences);

@@ -15,7 +15,7 @@ bool ReadMemory(const ChipContext& chip, const QString& text, int cells, ReadCel
         chip.ui.SetProgress(true, 0, cell, cells - 1);
         good = readCell(cell, static_cast<std::size_t>(cell));
     }
-    good = good && chip.commands.LeaveProgrammingMode() == Outcome::Ok;
+    good = good && LeaveWithProof(chip);
     chip.ui.CloseMessage();
     return good;
 }

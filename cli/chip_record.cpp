@@ -3,6 +3,7 @@
 
 #include <QJsonArray>
 #include <QStringList>
+#include <utility>
 
 #include "image/image.h"
 
@@ -53,17 +54,17 @@ bool ChipRecord::MaySend() {
         return true;
     }
     stopped_ = stopped_ || signal_() != 0;
-    unwinding_ = stopped_ || timeOuts_ >= kTimeOutLimit;
+    unwinding_ = stopped_ || contactLost_ || cutOff_ || timeOuts_ >= kTimeOutLimit;
     return !unwinding_;
 }
 
 bool ChipRecord::Touched() const {
-    return erased_ || uncertain_ || !words_.empty() || !bytes_.empty() || fuses_ || lock_;
+    return erased_ || Uncertain() || !words_.empty() || !bytes_.empty() || fuses_ || lock_;
 }
 
 QString ChipRecord::Text() const {
     const QString notErased =
-        uncertain_ ? u"チップの消去は確認できていません。"_s : u"チップは消去していません。"_s;
+        Uncertain() ? u"チップの消去は確認できていません。"_s : u"チップは消去していません。"_s;
     QStringList lines = {erased_ ? u"チップは消去済みです。"_s : notErased,
                          Line(u"Flash"_s, words_, u"word"_s), Line(u"EEPROM"_s, bytes_, u"byte"_s)};
     if (fuses_) {
@@ -72,8 +73,8 @@ QString ChipRecord::Text() const {
     if (lock_) {
         lines << u"ロックバイト: 0x%1 書き込み済み"_s.arg(HexByte(*lock_));
     }
-    if (uncertain_) {
-        lines << u"応答のない書き込みがあり、このほかの内容は不明です。"_s;
+    if (Uncertain()) {
+        lines << u"確認できていない書き込みがあり、このほかの内容は不明です。"_s;
     }
     return lines.join(u'\n');
 }
@@ -82,7 +83,7 @@ QJsonObject ChipRecord::Json() const {
     QJsonObject json{{u"erased"_s, erased_},
                      {u"flashWords"_s, QJsonArray::fromStringList(Ranges(words_))},
                      {u"eepromBytes"_s, QJsonArray::fromStringList(Ranges(bytes_))},
-                     {u"uncertain"_s, uncertain_}};
+                     {u"uncertain"_s, Uncertain()}};
     if (fuses_) {
         json[u"fuseByte"_s] = *fuses_;
     }
@@ -97,8 +98,11 @@ void ChipRecord::Note(char letter, int argument, Outcome outcome) {
     const bool sent = outcome != Outcome::NotSent;
     const bool acknowledged = outcome == Outcome::Ok;
     if (letter == 'P') {
+        DropPending();
         programming_ = programming_ || sent;
+        entered_ = acknowledged;
     } else if (letter == 'L') {
+        DropPending();
         programming_ = programming_ && !acknowledged;
     } else if (letter == 'A') {
         address_ = acknowledged ? std::optional(argument) : std::nullopt;
@@ -110,6 +114,7 @@ void ChipRecord::Note(char letter, int argument, Outcome outcome) {
 void ChipRecord::NoteOutcome(Outcome outcome) {
     // A closed port: it was open when the operation began.
     lineLost_ = outcome == Outcome::LineLost || outcome == Outcome::NotSent;
+    cutOff_ = cutOff_ || outcome == Outcome::LineLost;
     if (outcome == Outcome::Abandoned && !shuttingDown_) {
         stopped_ = unwinding_ = true;
     }
@@ -128,35 +133,71 @@ void ChipRecord::NoteOutcome(Outcome outcome) {
 /// the address was not known.
 void ChipRecord::NoteChange(char letter, int argument, bool acknowledged) {
     const bool writesMemory = letter == 'c' || letter == 'C' || letter == 'D';
-    const bool changes = writesMemory || letter == 'e' || letter == 'f' || letter == 'l';
-    if (changes && (!acknowledged || (writesMemory && !address_))) {
-        uncertain_ = true;
-        if (letter != 'D') {
-            address_.reset();
-        }
+    if (!writesMemory && letter != 'e' && letter != 'f' && letter != 'l') {
         return;
     }
-    switch (letter) {
+    if (!acknowledged || !entered_ || (writesMemory && !address_)) {
+        Doubt(letter);
+    } else if (letter == 'C') {
+        pending_.push_back({letter, (*address_)++});
+    } else if (letter != 'c') {
+        pending_.push_back({letter, letter == 'D' ? *address_ : argument});
+    }
+}
+
+/// A word that went nobody knows where may have spoilt one that was certain.
+void ChipRecord::Doubt(char letter) {
+    uncertain_ = true;
+    maybeErased_ = maybeErased_ || letter == 'e';
+    if (letter == 'D') {
+        bytes_.clear();
+    } else if (letter == 'c' || letter == 'C') {
+        words_.clear();
+        address_.reset();
+        std::erase_if(pending_, [](const Change& change) { return change.letter == 'C'; });
+    }
+}
+
+void ChipRecord::NoteProof(bool same) {
+    contactLost_ = contactLost_ || !same;
+    if (same && entered_) {
+        for (const Change& change : std::exchange(pending_, {})) {
+            Apply(change);
+        }
+    }
+}
+
+/// Programming mode was left, or entered anew, before the chip has answered.
+void ChipRecord::DropPending() {
+    for (const Change& change : std::exchange(pending_, {})) {
+        Doubt(change.letter);
+    }
+}
+
+void ChipRecord::Apply(const Change& change) {
+    switch (change.letter) {
         case 'C':
-            words_.insert((*address_)++);
+            if (maybeErased_) {
+                uncertain_ = true;
+            } else {
+                words_.insert(change.value);
+            }
             break;
         case 'D':
-            bytes_.insert(*address_);
+            bytes_.insert(change.value);
             break;
         case 'e':
             erased_ = true;
+            maybeErased_ = false;
             words_.clear();
             bytes_.clear();
             lock_.reset();
             break;
         case 'f':
-            fuses_ = argument;
-            break;
-        case 'l':
-            lock_ = argument;
+            fuses_ = change.value;
             break;
         default:
-            break;
+            lock_ = change.value;
     }
 }
 

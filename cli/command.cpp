@@ -18,6 +18,8 @@ std::span<const CliCommand> CliCommands() {
         u"flash|eeprom"_s);
     static const QCommandLineOption kKeepEeprom(u"keep-eeprom"_s,
                                                 u"EEPROM を先に読み、同じ内容を書き戻す。"_s);
+    static const QCommandLineOption kVerify(
+        u"verify"_s, u"最後に使うセルまでではなく、チップ全体を読み返して比べる。"_s, u"all"_s);
     static const QCommandLineOption kOverwrite(u"overwrite"_s, u"既にあるファイルを置き換える。"_s);
     static const QString kFiles = u"CODE [DATA]"_s;
     constexpr int kAny = std::numeric_limits<int>::max();
@@ -25,7 +27,7 @@ std::span<const CliCommand> CliCommands() {
     static const CliCommand kCommands[] = {
         {u"detect"_s, {}, 0, 0, u"ライタとチップを調べる。"_s, {}, Detect},
         {u"program"_s, kFiles, 1, 2, u"消去・書き込み・ベリファイをする（Program ボタン）。"_s,
-         {kForce, kOnly, kKeepEeprom, kBackup}, Program},
+         {kForce, kOnly, kKeepEeprom, kBackup, kVerify}, Program},
         {u"verify"_s, kFiles, 1, 2, u"チップ全体をファイルと比べる（Verify ボタン）。"_s,
          {kForce, kOnly}, Verify},
         {u"read"_s, kFiles, 1, 2, u"チップ全体を読んでファイルに書く（Read ボタン）。"_s,

@@ -72,7 +72,24 @@ class CommandLine {
         if (!arguments_.filter(QChar(QChar::ReplacementCharacter)).isEmpty()) {
             return Refuse(u"引数が UTF-8 ではありません。"_s);  // another name would come out
         }
+        if (const auto empty = Empty()) {
+            return Refuse(*empty);
+        }
         return command_ ? RunCommand() : Refuse(MissingCommand());
+    }
+
+    /// What was typed as nothing, mostly a shell's variable that is not set. It never means "none":
+    /// a chip would be erased with it.
+    std::optional<QString> Empty() const {
+        for (const QString& option : parser_.optionNames()) {
+            if (parser_.values(option).contains(QString())) {
+                return u"--%1 の値が空です。"_s.arg(option);
+            }
+        }
+        return parser_.positionalArguments().contains(QString())
+                   ? std::optional(
+                         u"空の引数があります。シェルの変数が空でないか確認してください。"_s)
+                   : std::nullopt;
     }
 
     /// The first word that is neither an option nor an option's value.

@@ -116,9 +116,6 @@ Result<OptionChoice> ReadBits(Session& session) {
                          {cause::WriterSilent, u"Lock/Fuse ビットを読めません。"_s})) {
         return *failed;
     }
-    if (const Status failed = access.RequirePart(false)) {
-        return *failed;
-    }
     QJsonObject json;
     for (const OptionRow& row : RowsOf(access.Device())) {
         json[row.name] = WordOf(row, options[row.list]);
@@ -178,7 +175,7 @@ Status ConfirmLocked(Session& session) {
     if (const Status failed = session.access.DetectChip()) {
         return failed;
     }
-    const bool locked = session.access.Reading().verdict == ChipVerdict::Locked;
+    const bool locked = session.access.Locked();
     session.output.Report(report::Options,
                           locked ? QJsonObject{{u"LOCK"_s, u"full"_s}} : QJsonObject());
     return locked ? Status{} : NotAccepted();
@@ -215,6 +212,9 @@ Status WriteByte(Session& session, LockFusePart part, const OptionChoice& wanted
 
 /// The fuses go first: once the lock bits are set, the chip refuses fuses.
 Status WriteBits(Session& session, const OptionChoice& choice) {
+    if (const Status failed = session.access.DetectPart(false)) {
+        return failed;
+    }
     std::optional<OptionChoice> before;
     if (IsReadable(session.access.Device())) {
         const auto reading = ReadBitsTwice(session);
@@ -222,8 +222,6 @@ Status WriteBits(Session& session, const OptionChoice& choice) {
             return reading.Failed();
         }
         before = *reading;
-    } else if (const Status failed = session.access.DetectPart(false)) {
-        return failed;
     }
     ShowChange(session, before, choice);
     OptionChoice wanted = before.value_or(OptionChoice{});
@@ -260,6 +258,9 @@ Status Fuses(Session& session, const Call& call) {
     }
     if (!call.arguments.isEmpty()) {
         return WriteBits(session, choice);
+    }
+    if (const Status failed = session.access.DetectPart(false)) {
+        return failed;
     }
     const auto reading = ReadBits(session);
     if (!reading) {

@@ -33,8 +33,9 @@ Status ProveChip(Session& session, const Precautions& precautions) {
         return failed;
     }
     const bool mustRead = precautions.kept || precautions.backup;
-    if (!mustRead && access.Reading().verdict == ChipVerdict::Locked) {
+    if (!mustRead && access.Locked()) {
         session.output.Remark(u"チップはロックされています。消去してロックを解除します。"_s);
+        session.bench.chip.tolerateMismatch = precautions.force;
         return {};
     }
     return access.RequireReadablePart(precautions.force);
@@ -53,31 +54,25 @@ ImageFiles BackupFiles(const QString& folder, const CurrentDevice& device) {
     return {.code = base + u".hex"_s, .data = base + u".eep"_s};
 }
 
-Status Backup(Session& session, const QString& folder) {
-    const SequenceResult result = session.access.Run(ReadSequence);
-    if (const Status failed = session.access.Judge(
-            result.read && result.read->Complete(),
-            {cause::WriterSilent, u"チップを読めません。チップには何も書いていません。"_s})) {
-        return failed;
-    }
+Status Backup(Session& session, const QString& folder, const MemoryImages& images) {
     const ImageFiles files = BackupFiles(folder, session.access.Device());
-    if (const Status failed = SaveImages(session, files, session.bench.state.images)) {
+    if (const Status failed = SaveImages(session, files, images)) {
         return failed;
     }
     session.output.Report(report::Backup, files.Json());
     return {};
 }
 
-/// What is to be written back is read twice: once it is erased, nothing else knows it.
-Status Keep(Session& session, Memories kept, MemoryImages& images) {
+/// What is to be kept or saved is read twice: once it is erased, nothing else knows it.
+Status ReadTwice(Session& session, Memories memories, MemoryImages& images) {
     MemoryImages again;
     for (MemoryImages* reading : {&images, &again}) {
-        if (const Status failed = session.access.ReadMemories(kept, *reading)) {
+        if (const Status failed = session.access.ReadMemories(memories, *reading)) {
             return failed;
         }
     }
     return session.access.Judge(
-        Compare(session.access.Device(), kept, images, again).isEmpty(),
+        Compare(session.access.Device(), memories, images, again).isEmpty(),
         {cause::Unstable, u"二度読んだ内容が違います。チップには何も書いていません。"_s});
 }
 
@@ -85,17 +80,27 @@ Status Prepare(Session& session, const Precautions& precautions, MemoryImages& i
     if (const Status failed = ProveChip(session, precautions)) {
         return failed;
     }
-    if (precautions.backup) {
-        if (const Status failed = Backup(session, *precautions.backup)) {
-            return failed;
-        }
+    if (!precautions.backup && !precautions.kept) {
+        return {};
     }
-    return precautions.kept ? Keep(session, *precautions.kept, images) : Status{};
+    MemoryImages chip;
+    const Memories read = precautions.backup ? Memories{} : *precautions.kept;
+    if (const Status failed = ReadTwice(session, read, chip)) {
+        return failed;
+    }
+    if (precautions.kept && precautions.kept->flash) {
+        images.flash = chip.flash;
+    }
+    if (precautions.kept && precautions.kept->eeprom) {
+        images.eeprom = chip.eeprom;
+    }
+    return precautions.backup ? Backup(session, *precautions.backup, chip) : Status{};
 }
 
-void TellPlan(Session& session, const WritePlan& plan) {
-    const double seconds = (session.Elapsed() + ProgramTime(plan, session.access.Device())).count();
-    session.output.Tell(u"消去して書き込みます: Flash %1 word, EEPROM %2 byte, 全体で約 %3 秒"_s
+void TellPlan(Session& session, const WritePlan& plan, const std::optional<Memories>& whole) {
+    const double seconds =
+        (session.Elapsed() + ProgramTime(plan, session.access.Device(), whole)).count();
+    session.output.Tell(u"消去して書き込みます: Flash %1 word, EEPROM %2 byte, 全体で %3 秒以上"_s
                             .arg(plan.flashWords)
                             .arg(plan.eepromBytes)
                             .arg(seconds, 0, 'f', 1));
@@ -104,22 +109,25 @@ void TellPlan(Session& session, const WritePlan& plan) {
                                                     {u"seconds"_s, seconds}});
 }
 
-/// The operation reads nothing back when there was nothing to write.
-Status ProveBlank(Session& session) {
+Status CompareWhole(Session& session, Memories memories, const MemoryImages& images) {
     MemoryImages chip;
-    if (const Status failed = session.access.ReadMemories({}, chip)) {
+    if (const Status failed = session.access.ReadMemories(memories, chip)) {
         return failed;
     }
-    return session.access.JudgeDifferences(Compare(session.access.Device(), {}, {}, chip));
+    return session.access.JudgeDifferences(
+        Compare(session.access.Device(), memories, images, chip));
 }
 
-Status WriteChip(Session& session, const MemoryImages& images) {
+/// `whole`: the memories that are compared to their end. The operation compares up to the last used
+/// cell, and reads nothing back when there was nothing to write.
+Status WriteChip(Session& session, const MemoryImages& images,
+                 const std::optional<Memories>& whole) {
     session.bench.state.images = images;
-    TellPlan(session, PlanFor(session.bench.state));
+    TellPlan(session, PlanFor(session.bench.state), whole);
     const SequenceResult result = session.access.Run(ProgramSequence);
     const bool erased = result.erase && result.erase->succeeded && result.program;
     if (erased && result.program->nothingToWrite) {
-        return ProveBlank(session);
+        return CompareWhole(session, {}, images);
     }
     const VerifyResult verify = erased ? result.program->verify : VerifyResult{};
     const bool confirmed = erased && result.program->flashWritten &&
@@ -129,7 +137,21 @@ Status WriteChip(Session& session, const MemoryImages& images) {
             confirmed, {cause::CommandRefused, u"書き込みを確認できませんでした。"_s})) {
         return failed;
     }
-    return session.access.JudgeDifferences(verify.differences);
+    if (const Status failed = session.access.JudgeDifferences(verify.differences)) {
+        return failed;
+    }
+    return whole ? CompareWhole(session, *whole, images) : Status{};
+}
+
+/// What is compared to its end. When the Flash keeps its content, only the EEPROM can show that the
+/// chip was erased.
+Result<std::optional<Memories>> ChooseWhole(const Call& call, const std::optional<Memories>& kept) {
+    if (const auto verify = call.Value("verify")) {
+        return verify == u"all"
+                   ? Result<std::optional<Memories>>(Memories{})
+                   : Failure{cause::WrongUse, u"--verify は all だけです: %1"_s.arg(*verify)};
+    }
+    return kept && kept->flash ? std::optional(Memories{.flash = false}) : std::nullopt;
 }
 
 /// The memory that keeps its content instead of taking a file's.
@@ -159,6 +181,10 @@ Status ProgramFiles(Session& session, const Call& call) {
         return kept.Failed();
     }
     precautions.kept = *kept;
+    const auto whole = ChooseWhole(call, *kept);
+    if (!whole) {
+        return whole.Failed();
+    }
     const auto loaded = LoadFiles(session, files, precautions.force);
     if (!loaded) {
         return loaded.Failed();
@@ -167,7 +193,7 @@ Status ProgramFiles(Session& session, const Call& call) {
     if (const Status failed = Prepare(session, precautions, images)) {
         return failed;
     }
-    if (const Status failed = WriteChip(session, images)) {
+    if (const Status failed = WriteChip(session, images, *whole)) {
         return failed;
     }
     return session.access.Judge(
@@ -190,12 +216,18 @@ Status Erase(Session& session, const Call& call) {
         return failed;
     }
     const double seconds = (session.Elapsed() + EraseTime()).count();
-    session.output.Tell(u"チップ全体を消去します: 全体で約 %1 秒"_s.arg(seconds, 0, 'f', 1));
+    session.output.Tell(u"チップ全体を消去します: 全体で %1 秒以上"_s.arg(seconds, 0, 'f', 1));
     session.output.Report(report::Plan, QJsonObject{{u"seconds"_s, seconds}});
+    const bool locked = session.access.Locked();
     const SequenceResult result = session.access.Run(EraseSequence);
     const bool erased = result.erase && result.erase->succeeded;
     session.output.Report(report::Erased, erased);
-    return session.access.Judge(erased, {cause::CommandRefused, u"消去を確認できませんでした。"_s});
+    if (const Status failed = session.access.Judge(
+            erased, {cause::CommandRefused, u"消去を確認できませんでした。"_s})) {
+        return failed;
+    }
+    // It tells its part only now.
+    return locked ? session.access.DetectPart(call.Has("force")) : Status{};
 }
 
 }  // namespace tolvex

@@ -43,6 +43,8 @@ inline constexpr Cause WriterSilent{"writerSilent", ExitStatus::Refused};
 inline constexpr Cause LineLost{"lineLost", ExitStatus::Refused};
 inline constexpr Cause CommandRefused{"commandRefused", ExitStatus::Refused};
 inline constexpr Cause EmptySocket{"emptySocket", ExitStatus::Refused};
+inline constexpr Cause NoContact{"noContact", ExitStatus::Refused};
+inline constexpr Cause ContactLost{"contactLost", ExitStatus::Refused};
 inline constexpr Cause Locked{"locked", ExitStatus::Refused};
 inline constexpr Cause WrongChip{"wrongChip", ExitStatus::Refused};
 inline constexpr Cause Differs{"differs", ExitStatus::Refused};

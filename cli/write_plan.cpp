@@ -27,6 +27,13 @@ Seconds OnWire(int bytes, int brackets) {
     return Seconds(bytes / 1920.0) + brackets * Seconds(0.1);
 }
 
+/// Of one memory.
+Seconds ReadTime(int words, int bytes = 0) {
+    const int address = words > 0 ? kAddress : 0;
+    return OnWire(
+        kBracket + kSignature + address + words * kReadWord + bytes * (kAddress + kReadByte), 1);
+}
+
 }  // namespace
 
 WritePlan PlanFor(const ProgramState& state) {
@@ -40,17 +47,28 @@ WritePlan PlanFor(const ProgramState& state) {
 }
 
 Seconds EraseTime() {
-    return OnWire(kDetect + kSignature + kBracket + kErase, 1);
+    return OnWire(kDetect + kBracket + 2 * kSignature + kErase, 1);
 }
 
-Seconds ProgramTime(const WritePlan& plan, const CurrentDevice& device) {
+Seconds ProgramTime(const WritePlan& plan, const CurrentDevice& device,
+                    const std::optional<Memories>& whole) {
     const bool blank = plan.flashWords == 0 && plan.eepromBytes == 0;
-    const int write = kAddress + plan.flashWords * kWriteWord +
-                      plan.eepromBytes * (kAddress + kWriteByte) + 3 * kBracket + kSignature;
-    const int words = blank ? device.flashWords : std::max(plan.flashWords, 1);
-    const int bytes = blank ? device.eepromBytes : std::max(plan.eepromExtent, 1);
-    const int read = kAddress + words * kReadWord + bytes * (kAddress + kReadByte) + 2 * kBracket;
-    return EraseTime() + (blank ? OnWire(read, 2) : OnWire(write + read, 5) + Seconds(1));
+    if (blank) {
+        return EraseTime() + ReadTime(device.flashWords) + ReadTime(0, device.eepromBytes);
+    }
+    const int check = kBracket + kSignature;
+    const int write = 2 * check + kAddress + plan.flashWords * kWriteWord +
+                      plan.eepromBytes * (kAddress + kWriteByte);
+    Seconds time = EraseTime() + OnWire(check + write, 3) + Seconds(1) +
+                   ReadTime(std::max(plan.flashWords, 1)) +
+                   ReadTime(0, std::max(plan.eepromExtent, 1));
+    if (whole && whole->flash) {
+        time += ReadTime(device.flashWords);
+    }
+    if (whole && whole->eeprom) {
+        time += ReadTime(0, device.eepromBytes);
+    }
+    return time;
 }
 
 }  // namespace tolvex

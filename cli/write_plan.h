@@ -2,6 +2,7 @@
 #pragma once
 
 #include <chrono>
+#include <optional>
 
 #include "base/program_state.h"
 
@@ -16,9 +17,11 @@ struct WritePlan {
 
 WritePlan PlanFor(const ProgramState& state);
 
-/// How long the chains of the toolbar take when the writer answers at once. With nothing to write,
-/// programming counts as an erase and a reading of the whole chip that proves it blank.
+/// How long the work takes at least: on the line, by a writer that answers at once. With nothing to
+/// write, programming counts as an erase and a reading of the whole chip that proves it blank.
+/// `whole`: the memories that are compared once more, to their end.
 std::chrono::duration<double> EraseTime();
-std::chrono::duration<double> ProgramTime(const WritePlan& plan, const CurrentDevice& device);
+std::chrono::duration<double> ProgramTime(const WritePlan& plan, const CurrentDevice& device,
+                                          const std::optional<Memories>& whole);
 
 }  // namespace tolvex

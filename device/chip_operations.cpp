@@ -11,11 +11,11 @@ namespace {
 
 enum class Memory { Flash, Eeprom };
 
-/// Leaves programming mode; then tells a failure, or rewrites the memory's listing and closes the
-/// dialog.
+/// Leaves programming mode, with proof; then tells a failure, or rewrites the memory's listing and
+/// closes the dialog.
 PhaseResult EndPhase(const ChipContext& context, Memory memory, const QString& statusText,
                      const QString& dialogText) {
-    context.commands.LeaveProgrammingMode();
+    LeaveWithProof(context);
     if (context.state.errorFlag.Failed()) {
         context.ui.SetStatusText(kMessagePanel, statusText, MessageKind::Failure);
         context.ui.ShowMessage(MessageKind::Failure, dialogText);
@@ -119,7 +119,9 @@ PhaseResult EraseChip(const ChipContext& context) {
     context.ui.ShowMessage(MessageKind::Progress, u"Eraseing Flash & EEPROM memory !"_s);
     context.state.errorFlag.Clear();
     context.commands.EnterProgrammingMode();
-    context.commands.ChipErase();
+    if (IsStillProven(context)) {
+        context.commands.ChipErase();
+    }
     return EndPhase(context, Memory::Eeprom, failed, failed);
 }
 

@@ -3,6 +3,7 @@
 
 #include <QByteArray>
 #include <QList>
+#include <functional>
 #include <optional>
 
 #include "device/catalogue.h"
@@ -17,7 +18,26 @@ struct ChipContext : LinkContext {
     ListingFiles& listings;
     /// A chip of another size than the device's is still told, but no longer refused.
     bool tolerateMismatch = false;
+    /// What the chip answered when it was proven; nothing = the operations go by the size alone and
+    /// ask once, as the window's do. A contact that breaks reads as 0xFF or 0x00, which looks like
+    /// data, and a board may acknowledge what no chip has heard. So where this is set they ask
+    /// again in every check and right before they leave programming mode, and another answer makes
+    /// the phase fail. A chip that was proven locked may show the device's part once it has been
+    /// erased, or any with `tolerateMismatch`.
+    std::optional<Signature> provenSignature = {};
+    /// Told of each such answer, and whether it is the proven chip's. May be empty.
+    std::function<void(const Signature& answer, bool same)> onProof = {};
 };
+
+/// What a chip answers that is locked against reading, whatever part it is.
+inline constexpr Signature kLockedSignature{0x02, 0x01, 0x00};
+
+/// In programming mode: asks for the signature where one was proven. False when the command failed
+/// or it is not the proven chip; the error flag is then set. `mayBeLocked`: the chip has just been
+/// told to lock itself.
+bool IsStillProven(const ChipContext& context, bool mayBeLocked = false);
+/// The same, and leaves programming mode.
+bool LeaveWithProof(const ChipContext& context, bool mayBeLocked = false);
 
 // In the results `listingsUpdated` is false when the operation ended early because a listing or the
 // verify report could not be written, which has no message of its own.
@@ -30,7 +50,8 @@ enum class ChipVerdict {
     CommandFailed,  ///< the signature fits, but programming mode was not entered or left
     Locked,
     EmptySocket,
-    Mismatch
+    Mismatch,
+    ContactLost  ///< not the chip that was proven
 };
 
 struct ChipReading {

@@ -38,7 +38,28 @@ ChipVerdict Reject(const ChipContext& context, ChipVerdict verdict, const QStrin
     return verdict;
 }
 
-ChipVerdict Judge(const ChipContext& context, std::uint8_t sizeCode, int flashWords) {
+/// Tells of the answer, and sets the error flag unless the proven chip gave it.
+bool Prove(const ChipContext& context, const Signature& signature, bool mayBeLocked) {
+    const Signature& proven = *context.provenSignature;
+    const bool unlocked =
+        proven == kLockedSignature && (signature == context.state.device.signature ||
+                                       (context.tolerateMismatch && PartOf(signature)));
+    const bool same =
+        signature == proven || unlocked || (mayBeLocked && signature == kLockedSignature);
+    if (!same) {
+        context.state.errorFlag.Set();
+    }
+    if (context.onProof) {
+        context.onProof(signature, same);
+    }
+    return same;
+}
+
+ChipVerdict Judge(const ChipContext& context, const Signature& signature, int flashWords) {
+    const std::uint8_t sizeCode = signature[1];
+    if (context.provenSignature && !Prove(context, signature, false)) {
+        return Reject(context, ChipVerdict::ContactLost, u"チップとの接触が失われました。"_s);
+    }
     if (sizeCode <= kHighestLockedCode) {
         context.state.options[OptionList::LockBit] = kLockEntryUnlocked;
         context.ui.ShowSettings();
@@ -50,7 +71,8 @@ ChipVerdict Judge(const ChipContext& context, std::uint8_t sizeCode, int flashWo
         return Reject(context, ChipVerdict::EmptySocket,
                       u"デバイスが、ソケットにセットされていません。"_s);
     }
-    if (flashWords == context.state.device.flashWords) {
+    if (context.provenSignature ? signature == context.state.device.signature
+                                : flashWords == context.state.device.flashWords) {
         return ChipVerdict::Accepted;
     }
     const QString mismatch =
@@ -65,11 +87,22 @@ ChipVerdict Judge(const ChipContext& context, std::uint8_t sizeCode, int flashWo
 
 }  // namespace
 
+bool IsStillProven(const ChipContext& context, bool mayBeLocked) {
+    Signature signature{};
+    return !context.provenSignature || (context.commands.ReadSignature(signature) == Outcome::Ok &&
+                                        Prove(context, signature, mayBeLocked));
+}
+
+bool LeaveWithProof(const ChipContext& context, bool mayBeLocked) {
+    const bool proven = IsStillProven(context, mayBeLocked);
+    return context.commands.LeaveProgrammingMode() == Outcome::Ok && proven;
+}
+
 ChipReading CheckSignature(const ChipContext& context) {
     ChipReading reading;
     context.ui.SetStatusText(kSignaturePanel, u"--:--:--"_s);
     if (const auto flashWords = ReadFlashWords(context, reading.signature)) {
-        reading.verdict = Judge(context, reading.signature[1], *flashWords);
+        reading.verdict = Judge(context, reading.signature, *flashWords);
     }
     return reading;
 }

@@ -16,21 +16,19 @@ using WriteCommand = Outcome (WriterCommands::*)(std::uint8_t);
 /// succeeded.
 std::optional<std::uint8_t> ReadByte(const ChipContext& context, ReadCommand command,
                                      std::uint8_t& byte) {
-    const Outcome outcomes[] = {context.commands.EnterProgrammingMode(),
-                                (context.commands.*command)(byte),
-                                context.commands.LeaveProgrammingMode()};
-    for (const Outcome outcome : outcomes) {
-        if (outcome != Outcome::Ok) {
-            return std::nullopt;
-        }
-    }
-    return byte;
+    const bool entered = context.commands.EnterProgrammingMode() == Outcome::Ok;
+    const bool read = (context.commands.*command)(byte) == Outcome::Ok;
+    const bool left = LeaveWithProof(context);
+    return entered && read && left ? std::optional(byte) : std::nullopt;
 }
 
-void WriteByte(const ChipContext& context, WriteCommand command, std::uint8_t byte) {
+void WriteByte(const ChipContext& context, WriteCommand command, std::uint8_t byte,
+               bool locks = false) {
     context.commands.EnterProgrammingMode();
-    (context.commands.*command)(byte);
-    context.commands.LeaveProgrammingMode();
+    if (IsStillProven(context)) {
+        (context.commands.*command)(byte);
+    }
+    LeaveWithProof(context, locks);
 }
 
 void ReadOptions(const ChipContext& context, LockFuseResult& result) {
@@ -69,7 +67,9 @@ void WriteOptions(const ChipContext& context, LockFusePart part) {
     }
     if (part != LockFusePart::Fuses) {
         state.lockByte = EncodeLock(options[OptionList::LockBit]);
-        WriteByte(context, &WriterCommands::WriteLockBits, state.lockByte);
+        // Its first entry keeps the chip from being read.
+        WriteByte(context, &WriterCommands::WriteLockBits, state.lockByte,
+                  options[OptionList::LockBit] == 0);
     }
 }
 

@@ -44,7 +44,7 @@ void CompareFlash(const ChipContext& context, int words, VerifyResult& result) {
             result.differences << Difference{true, word, image, chip};
         }
     }
-    context.commands.LeaveProgrammingMode();
+    LeaveWithProof(context);
     result.flashCompared = !context.state.errorFlag.Failed();
     if (!result.flashCompared) {
         context.ui.Tell(MessageKind::Failure, u"Flash メモリ ベリファイ失敗"_s);
@@ -65,7 +65,7 @@ void CompareEeprom(const ChipContext& context, int bytes, VerifyResult& result) 
             result.differences << Difference{false, address, image, chip};
         }
     }
-    context.commands.LeaveProgrammingMode();
+    LeaveWithProof(context);
     result.eepromCompared = !context.state.errorFlag.Failed();
 }
 

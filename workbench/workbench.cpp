@@ -43,11 +43,17 @@ SequenceResult ProgramSequence(Workbench& bench) {
         return result;
     }
     // Tells the user about the chip as it was found. The erase runs all the same: it is what frees
-    // a locked chip.
-    result.chip = CheckSignature(bench.chip);
+    // a locked chip. Outside programming mode many a chip does not answer; a proven one is known.
+    if (!bench.chip.provenSignature) {
+        result.chip = CheckSignature(bench.chip);
+    }
     result.erase = EraseChip(bench.chip);
     if (!result.erase->listingsUpdated) {
         Finish(bench, result, false, finished);
+        return result;
+    }
+    // Nothing is written over what may still be there, where proofs are asked for.
+    if (bench.chip.provenSignature && !result.erase->succeeded) {
         return result;
     }
     result.program = ProgramChip(bench.chip);
@@ -81,7 +87,9 @@ SequenceResult EraseSequence(Workbench& bench) {
     if (!result.detection) {
         return result;
     }
-    result.chip = CheckSignature(bench.chip);
+    if (!bench.chip.provenSignature) {
+        result.chip = CheckSignature(bench.chip);
+    }
     result.erase = EraseChip(bench.chip);
     if (result.erase->listingsUpdated && !result.erase->succeeded) {
         return result;

@@ -5,6 +5,7 @@
 
 #include <QBuffer>
 #include <QJsonDocument>
+#include <QRegularExpression>
 #include <numeric>
 
 #include "cli/command_line.h"
@@ -57,7 +58,8 @@ class CliBench : public Surroundings {
         error_.close();
         return status;
     }
-    /// A line as it is typed: @ stands for the bench's folder, ~ for a blank inside a word.
+    /// A line as it is typed: @ stands for the bench's folder, ~ for a blank inside a word, "" for
+    /// an empty one.
     ExitStatus Run(const char* line) { return Run(Words(line)); }
     /// The same with --json: exit status and error code, "0" or "1 locked".
     std::string Outcome(const std::string& line) {
@@ -79,7 +81,9 @@ class CliBench : public Surroundings {
     }
     QStringList Words(const char* line) const {
         QStringList words = QString::fromUtf8(line).split(u' ', Qt::SkipEmptyParts);
-        return words.replaceInStrings(u"@"_s, Path({}) + u'/').replaceInStrings(u"~"_s, u" "_s);
+        return words.replaceInStrings(u"@"_s, Path({}) + u'/')
+            .replaceInStrings(u"~"_s, u" "_s)
+            .replaceInStrings(u"\"\""_s, QString());
     }
 
     QString Out() const { return QString::fromUtf8(out_.data()); }
@@ -119,6 +123,19 @@ using Fault = std::function<void(CliBench&)>;
 /// Spoils the reply to a letter, at one of its occurrences or (0) at all.
 inline Fault Spoil(char letter, FaultKind kind, int occurrence = 0) {
     return [=](CliBench& b) { b.board.SetLetterFault(letter, kind, occurrence); };
+}
+/// The wires to the chip break behind the first command with the letter.
+inline Fault Break(Contact contact, char letter) {
+    return [=](CliBench& b) {
+        b.signal = [=, &b] {
+            if (!b.port.Wire()
+                     .filter(QRegularExpression(u'^' + QChar::fromLatin1(letter)))
+                     .isEmpty()) {
+                b.board.SetContact(contact);
+            }
+            return 0;
+        };
+    };
 }
 /// Puts another chip, or none, into the socket.
 inline Fault Insert(const char* part) {

@@ -40,6 +40,25 @@ TEST(CommandLine, IsExplainedWholeEverywhere) {
     }
 }
 
+/// A shell's variable that is not set never means "none".
+TEST(CommandLine, RefusesWhatIsEmpty) {
+    for (const CliCommand& command : CliCommands()) {
+        QStringList lines = {u"\"\""_s,          u"a.hex \"\""_s,   u"--port \"\""_s,
+                             u"--device \"\""_s, u"--trace \"\""_s, u"--trace="_s};
+        for (const QCommandLineOption& option : command.options) {
+            if (!option.valueName().isEmpty()) {
+                lines << u"a.hex --%1 \"\""_s.arg(option.names().first());
+            }
+        }
+        for (const QString& line : lines) {
+            CliBench b;
+            EXPECT_EQ(b.Outcome((command.name + u' ' + line).toStdString()), "2 wrongUse")
+                << line.toStdString();
+            EXPECT_TRUE(b.port.Calls().isEmpty());
+        }
+    }
+}
+
 /// An option goes before the environment, and that before what is stored.
 TEST(CommandLine, ChoosesPortAndDevice) {
     // Options, TOLVEX_PORT and TOLVEX_DEVICE; the number that is opened, the one that is told (0

@@ -18,7 +18,7 @@ TEST(ProgramCommand, ErasesProgramsAndVerifies) {
     EXPECT_EQ(b.Run("program @a.hex"), ExitStatus::Done) << b.Err().toStdString();
     const QRegularExpression told(
         u"^EEPROM のファイル: .*/a.eep\nｺﾏﾝﾄﾞ送信[^$]*\n"
-        "消去して書き込みます: Flash 3 word, EEPROM 2 byte, 全体で約 1.8 秒\n[^$]*\n"
+        "消去して書き込みます: Flash 3 word, EEPROM 2 byte, 全体で 1.8 秒以上\n[^$]*\n"
         "ベリファイ　FLASH : OK / EEPROM : OK\nプログラム終了しました。\n$"_s);
     EXPECT_TRUE(told.match(b.Out()).hasMatch()) << b.Out().toStdString();
     EXPECT_EQ(b.Err().count(u"Flash Program Memory Programming !"_s), 1) << "a line a phase";
@@ -33,6 +33,9 @@ TEST(Commands, RefuseWhatIsWrong) {
     const std::tuple<Fault, QByteArray, const char*> cases[] = {
         // clang-format off
         {Insert("AT90S2323"), every + "erase; program @a.hex; erase --backup @bk", "1 wrongChip"},
+        {Break(Contact::Low, 'v'), every + "erase; program @a.hex; lock full", "1 noContact"},
+        {Break(Contact::High, 'L'), "read @out.hex; read @out.hex --only eeprom; verify @blank.hex; program @a.hex --keep-eeprom", "1 contactLost"},
+        {Break(Contact::Low, 'L'), "read @out.hex; program @a.hex --backup @bk", "1 contactLost"},
         {Insert("none"), every + "erase; program @a.hex", "1 emptySocket"},
         {Lock(0xF9), every + "program @a.hex --backup @bk", "1 locked"},
         {kBusy, every + "erase; program @a.hex; lock full", "3 portBusy"},
@@ -54,6 +57,7 @@ TEST(Commands, RefuseWhatIsWrong) {
         for (const QByteArray& line : lines.split(';')) {
             SCOPED_TRACE((line + ": " + outcome).toStdString());
             CliBench b;
+            b.File(u"blank.hex"_s, HexRecord(0, "\xFF") + kHexEnd);
             b.File(u"sum.hex"_s, ":0100000001FF\r\n" + kHexEnd);
             b.File(u"lower.hex"_s, HexRecord(0, kCode) + ":01000600ab4e\r\n" + kHexEnd);
             b.Fill();
@@ -67,6 +71,37 @@ TEST(Commands, RefuseWhatIsWrong) {
             EXPECT_FALSE(b.port.Wire().contains(u"e"_s) || QFile::exists(b.Path(u"out.hex"_s)));
             EXPECT_TRUE(QDir(b.Path(u"bk"_s)).isEmpty());
         }
+    }
+}
+
+/// What is told as written was acknowledged, and the proven chip has answered after it.
+TEST(ProgramCommand, TellsWhatIsCertain) {
+    const std::string none =
+        R"({"eepromBytes":[],"erased":false,"flashWords":[],"uncertain":true})";
+    const std::string erased =
+        R"({"eepromBytes":[],"erased":true,"flashWords":[],"uncertain":false})";
+    const std::string some = R"({"eepromBytes":[],"erased":true,"flashWords":[],"uncertain":true})";
+    const std::tuple<Fault, const char*, std::string, std::string> cases[] = {
+        {Spoil('P', Wrong, 2), "erase", "1 commandRefused", none},
+        {Break(Contact::High, 'e'), "erase", "1 contactLost", none},
+        {Break(Contact::Low, 'l'), "lock full", "1 contactLost", none},
+        {Break(Contact::High, 'l'), "lock none", "1 contactLost", none},
+        {Break(Contact::High, 'C'), "program @a.hex", "1 contactLost", some},
+        {Spoil('A', Silent, 1), "program @a.hex", "1 writerSilent",
+         R"({"eepromBytes":["0000-0001"],"erased":true,"flashWords":[],"uncertain":true})"},
+        {Lock(0xF9), "program @a.hex --device AT90S2323", "1 wrongChip", none},
+        {Lock(0xF9), "erase --device AT90S2323", "1 wrongChip", none},
+        {Lock(0xF9), "erase", "0", erased},
+    };
+    for (const auto& [fault, line, outcome, written] : cases) {
+        SCOPED_TRACE(line + (": " + outcome));
+        CliBench b;
+        b.Fill();
+        b.board.AcknowledgeBlindly();
+        fault(b);
+        EXPECT_EQ(b.Outcome(line), outcome) << b.Err().toStdString();
+        EXPECT_EQ(Compact(b.Json()["written"_L1].toObject()).toStdString(), written);
+        EXPECT_EQ(b.Err().contains(u"プロテクト"_s), false);
     }
 }
 
@@ -93,8 +128,8 @@ TEST(ProgramCommand, ForceIsNoProof) {
 }
 
 TEST(ProgramCommand, ReadsAFileOnceAndKnowsHowLongItTakes) {
-    for (const char* line : {"program @a.hex --keep-eeprom", "program @a.hex --only flash",
-                             "program @a.eep --only eeprom"}) {
+    for (const char* line : {"program @a.hex --keep-eeprom --verify all",
+                             "program @a.hex --only flash", "program @a.eep --only eeprom"}) {
         SCOPED_TRACE(line);
         CliBench b;
         b.Fill();
