@@ -19,7 +19,10 @@ set(CPACK_STRIP_FILES ON)
 
 if(WIN32)
   set(CPACK_GENERATOR NSIS ZIP)
-  set(CPACK_PACKAGE_EXECUTABLES tolvex Tolvex)
+  set(CPACK_PACKAGE_FILE_NAME tolvex-${PROJECT_VERSION}-windows)
+  # The installer's script is win32/NSIS.template.in; CPack's own asks for administrator's rights.
+  list(APPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_SOURCE_DIR}/win32)
+  set(CPACK_NSIS_MUI_ICON ${CMAKE_CURRENT_SOURCE_DIR}/win32/tolvex.ico)
 elseif(APPLE)
   set(CPACK_GENERATOR DragNDrop)
 else()
