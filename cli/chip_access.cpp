@@ -21,7 +21,7 @@ Status ChipAccess::RequirePort() const {
     if (!p_.port) {
         return Failure{cause::NoPort, u"ポートが選ばれていません。--port で指定してください。"_s};
     }
-    return {};
+    return p_.openTrace();
 }
 
 bool ChipAccess::FindWriter() {
@@ -186,9 +186,12 @@ Status ChipAccess::ReadMemories(Memories memories, MemoryImages& images) {
 
 Failure ChipAccess::OpeningFailure() const {
     const PortFacts facts = p_.around.inspectPort(p_.port->path);
-    const Cause present = facts.permitted ? cause::PortBusy : cause::PortForbidden;
-    return {facts.exists ? present : cause::PortMissing,
-            u"ポート %1 を開けません: %2"_s.arg(p_.port->Name(), p_.around.portError())};
+    const Cause opened = p_.around.portBusy() ? cause::PortBusy : cause::NoSerialPort;
+    const Cause why = !facts.exists      ? cause::PortMissing
+                      : !facts.serial    ? cause::NoSerialPort
+                      : !facts.permitted ? cause::PortForbidden
+                                         : opened;
+    return {why, u"ポート %1 を開けません: %2"_s.arg(p_.port->Name(), p_.around.portError())};
 }
 
 Status ChipAccess::Judge(bool success, const Failure& otherwise) {

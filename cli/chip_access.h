@@ -18,6 +18,7 @@ class ChipAccess {
         ChipRecord& record;
         Workbench& bench;
         Output& output;
+        std::function<Status()> openTrace;
     };
     /// All of it is borrowed.
     explicit ChipAccess(const Parts& parts) : p_(parts) {}
@@ -29,6 +30,7 @@ class ChipAccess {
     /// "1E:91:01", as last read; nothing before.
     std::optional<QString> Signature() const;
 
+    /// A port was chosen; also opens the trace, now that the arguments are proven.
     Status RequirePort() const;
     /// Nothing is required of the writer: false when none answers.
     bool FindWriter();

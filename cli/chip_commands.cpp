@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The commands that look at the chip and change nothing in it.
-#include <QFileInfo>
-
 #include "cli/chip_memories.h"
 #include "cli/command.h"
 #include "cli/image_files.h"
@@ -100,11 +98,9 @@ Status Read(Session& session, const Call& call) {
     if (!files) {
         return files.Failed();
     }
-    for (const auto& path : {files->code, files->data}) {
-        if (path && QFileInfo(*path).isFile() && !call.Has("overwrite")) {
-            return Failure{cause::FileExists,
-                           u"ファイルが既にあります。--overwrite で置き換えます: %1"_s.arg(*path)};
-        }
+    const bool replace = call.Has("overwrite");
+    if (const Status failed = RequirePlaces(*files, replace)) {
+        return failed;
     }
     if (const Status failed = session.access.RequirePort()) {
         return failed;
@@ -114,7 +110,7 @@ Status Read(Session& session, const Call& call) {
         return failed;
     }
     session.output.Report(report::Files, files->Json());
-    return SaveImages(session, *files, images);
+    return SaveImages(session, *files, images, replace);
 }
 
 }  // namespace tolvex

@@ -20,7 +20,8 @@ std::span<const CliCommand> CliCommands() {
                                                 u"EEPROM を先に読み、同じ内容を書き戻す。"_s);
     static const QCommandLineOption kVerify(
         u"verify"_s, u"最後に使うセルまでではなく、チップ全体を読み返して比べる。"_s, u"all"_s);
-    static const QCommandLineOption kOverwrite(u"overwrite"_s, u"既にあるファイルを置き換える。"_s);
+    static const QCommandLineOption kAllPorts(u"all"_s,
+                                              u"ないポートも含めて 20 個とも表示する。"_s);
     static const QString kFiles = u"CODE [DATA]"_s;
     constexpr int kAny = std::numeric_limits<int>::max();
     // clang-format off
@@ -31,14 +32,14 @@ std::span<const CliCommand> CliCommands() {
         {u"verify"_s, kFiles, 1, 2, u"チップ全体をファイルと比べる（Verify ボタン）。"_s,
          {kForce, kOnly}, Verify},
         {u"read"_s, kFiles, 1, 2, u"チップ全体を読んでファイルに書く（Read ボタン）。"_s,
-         {kForce, kOnly, kOverwrite}, Read},
+         {kForce, kOnly}, Read},
         {u"erase"_s, {}, 0, 0, u"Flash・EEPROM・ロックビットを消去する（Erase ボタン）。"_s,
          {kForce, kBackup}, Erase},
         {u"fuses"_s, u"[NAME=VALUE…]"_s, 0, kAny, u"Lock/Fuse ビットを読む、または書く。"_s, {}, Fuses},
         {u"lock"_s, u"MODE"_s, 1, 1,
          u"ロックビットを書く: full (書込み & ベリファイ 禁止)、write (書込み禁止)、none。"_s, {}, Lock},
         {u"check"_s, u"FILE…"_s, 1, kAny, u"HEX ファイルを厳密に調べる。"_s, {}, Check},
-        {u"ports"_s, {}, 0, 0, u"COM ポートの一覧を表示する。"_s, {}, ListPorts},
+        {u"ports"_s, {}, 0, 0, u"COM ポートの一覧を表示する。"_s, {kAllPorts}, ListPorts},
         {u"devices"_s, {}, 0, 0, u"デバイスの一覧を表示する。"_s, {}, ListDevices},
         {u"doctor"_s, {}, 0, 0, u"ポートが使えない原因と、直すコマンドを示す。"_s, {}, Doctor},
         {u"build-writer"_s, u"[HEX]"_s, 0, 1,

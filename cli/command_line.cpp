@@ -5,6 +5,7 @@
 
 #include "base/product.h"
 #include "cli/command.h"
+#include "cli/image_files.h"
 
 namespace tolvex {
 
@@ -25,6 +26,7 @@ const QList<QCommandLineOption>& CommonOptionList() {
          u"NAME"_s},
         {u"json"_s, u"結果を JSON で出力する。"_s},
         {u"trace"_s, u"シリアル通信の全バイトを FILE に記録する。"_s, u"FILE"_s},
+        {u"overwrite"_s, u"read の出力と --trace で、既にあるファイルを置き換える。"_s},
         {u"quiet"_s, u"経過を表示しない。原因と相違は表示する。"_s},
         {{u"h"_s, u"help"_s}, u"この説明を表示する。"_s},
         {{u"v"_s, u"version"_s}, u"バージョンを表示する。"_s},
@@ -150,9 +152,18 @@ class CommandLine {
             return Refuse(options.Failed().text);
         }
         output_.SetOptions(options->output);
+        if (options->trace && IsNamed(*options->trace, words)) {
+            return Refuse(u"--trace のファイルが、ほかの引数と同じです: %1"_s.arg(*options->trace));
+        }
         Session session(around_, *options, output_);
-        const Status untraced = session.OpenTrace(options->trace);
-        return session.Finish(untraced ? untraced : command_->run(session, {words, parser_}));
+        return session.Finish(command_->run(session, {words, parser_}));
+    }
+
+    /// The trace would empty a file that the command reads or writes.
+    static bool IsNamed(const QString& trace, const QStringList& words) {
+        return std::ranges::any_of(words, [&trace](const QString& word) {
+            return IsSameFile(trace, word) || IsSameFile(trace, DataBeside(word).value_or(word));
+        });
     }
 
     struct Setting {
@@ -177,7 +188,12 @@ class CommandLine {
         if (parser_.isSet(u"trace"_s)) {
             options.trace = parser_.value(u"trace"_s);
         }
-        if (const auto port = Find("port", kPortVariable)) {
+        options.overwrite = parser_.isSet(u"overwrite"_s);
+        // The lists and the check need no port, and a wrong one in the environment is no reason to
+        // refuse them. A path would stand for a number that the list has to show as it is.
+        const bool needsPort =
+            command_->run != Check && command_->run != ListPorts && command_->run != ListDevices;
+        if (const auto port = needsPort ? Find("port", kPortVariable) : std::nullopt) {
             options.port = around_.comPorts.Choose(port->value);
             if (!options.port) {
                 return Wrong(u"%1: ポートは COM1 から COM20 か、デバイスのパスです: %2"_s.arg(

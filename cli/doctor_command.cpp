@@ -46,7 +46,7 @@ Failure StartedLate(const QString& path) {
     return {cause::StartedLate,
             u"ポートを開いたときにボードがリセットされ、起動が遅れました。"
             "ボードの RESET と GND の間に 10 µF のコンデンサを入れてください。"_s,
-            u"tolvex-cli --port %1 detect"_s.arg(path)};
+            u"tolvex-cli --port %1 detect"_s.arg(Quoted(path))};
 }
 
 Failure Silent(const QString& path) {
@@ -54,7 +54,38 @@ Failure Silent(const QString& path) {
         cause::WriterSilent,
         u"ポートは開けますが、ライタが応答しません。電源とケーブルを確認してください。"
         "自作のライタなら、ファームウエアを書き込んだか、RESET に 10 µF のコンデンサがあるかも確認してください。"_s,
-        u"tolvex-cli --port %1 --trace trace.txt detect"_s.arg(path)};
+        u"tolvex-cli --port %1 --trace trace.txt detect"_s.arg(Quoted(path))};
+}
+
+/// It answers, but not as it should: neither silence nor a late start.
+Failure Refusing(const QString& path) {
+    return {cause::CommandRefused,
+            u"ライタは応答しますが、コマンドを受け付けません。"
+            "ライタの種類と、もう一度試したときの通信の記録を確認してください。"_s,
+            u"tolvex-cli --port %1 --trace trace.txt detect"_s.arg(Quoted(path))};
+}
+
+Failure NoSerialPort(const QString& path, const QString& reason) {
+    return {cause::NoSerialPort,
+            u"%1 はシリアルポートではないか、使えません (%2)。"_s.arg(path, reason),
+            u"tolvex-cli ports"_s};
+}
+
+/// The writer, at the second attempt where one reply was wrong or none came to the first question.
+Status FindWriter(Session& session, const QString& path) {
+    ChipAccess& access = session.access;
+    if (access.FindWriter()) {
+        return {};
+    }
+    const bool startedLate =
+        access.Detection().outcome == Outcome::NoReply && access.Detection().identifier.isEmpty();
+    if (startedLate) {
+        session.bench.connection.WaitSeconds(kBoardStart);
+    }
+    if (access.FindWriter()) {
+        return startedLate ? Status(StartedLate(path)) : Status{};
+    }
+    return access.Detection().outcome == Outcome::WrongReply ? Refusing(path) : Silent(path);
 }
 
 Status Examine(Session& session) {
@@ -63,16 +94,20 @@ Status Examine(Session& session) {
     if (!facts.exists) {
         return FixedBy(cause::PortMissing, MissingPort(session.Around().comPorts, number));
     }
+    if (!facts.serial) {
+        return NoSerialPort(path, u"フォルダか普通のファイルです"_s);
+    }
     if (!facts.permitted) {
         return FixedBy(cause::PortForbidden, ForbiddenPort(path, facts));
     }
-    const bool found = session.access.FindWriter();
+    const Status lost = FindWriter(session, path);
     if (session.access.OpenFailed()) {
-        return FixedBy(cause::PortBusy, BusyPort(path, facts, session.Around().portError()));
+        const QString reason = session.Around().portError();
+        return session.Around().portBusy() ? FixedBy(cause::PortBusy, BusyPort(path, facts, reason))
+                                           : NoSerialPort(path, reason);
     }
-    if (!found) {
-        session.bench.connection.WaitSeconds(kBoardStart);
-        return session.access.FindWriter() ? StartedLate(path) : Silent(path);
+    if (lost) {
+        return lost;
     }
     const auto time = RoundTrip(session);
     if (!time) {

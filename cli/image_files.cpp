@@ -6,6 +6,7 @@
 #include <QJsonArray>
 #include <QSaveFile>
 #include <algorithm>
+#include <filesystem>
 #include <vector>
 
 #include "image/hex_reader.h"
@@ -21,44 +22,26 @@ constexpr QStringView kStandard = u"-";
 /// Of a memory of 64 KiB, even with a byte a line, a HEX file has less.
 constexpr qsizetype kLargestFile = 16 << 20;
 
-/// Nothing is beside the standard streams.
-std::optional<QString> DataBeside(const QString& code) {
-    if (code == kStandard) {
-        return std::nullopt;
+/// Why the system does not give the file.
+QString WhyNot(const QString& path, bool tooLarge) {
+    const QFileInfo file(path);
+    if (tooLarge) {
+        return u"大きすぎます"_s;
     }
-    const QString suffix = QFileInfo(code).suffix();
-    return code.chopped(suffix.isEmpty() ? 0 : suffix.size() + 1) + u".eep"_s;
+    if (!file.exists()) {
+        return file.isSymLink() ? u"リンクの先がありません"_s : u"ありません"_s;
+    }
+    return file.isDir()         ? u"フォルダです"_s
+           : !file.isReadable() ? u"権限がありません"_s
+                                : u"読み取りエラー"_s;
 }
 
-bool SameFile(const QString& one, const QString& other) {
-    const QFileInfo first(one);
-    const QFileInfo second(other);
-    // To Qt all files that don't exist are the same one.
-    return first.exists() || second.exists()
-               ? first == second
-               : first.absoluteFilePath() == second.absoluteFilePath();
-}
-
-/// The whole content; nothing when it can't be read or is too large.
-std::optional<QByteArray> Content(const QString& path) {
-    QFile file;
-    QByteArray text;
-    if (!OpenInput(file, path)) {
-        return std::nullopt;
-    }
-    for (QByteArray part = file.read(kLargestFile); !part.isEmpty() && text.size() <= kLargestFile;
-         part = file.read(kLargestFile)) {
-        text += part;
-    }
-    const bool whole = file.error() == QFileDevice::NoError && text.size() <= kLargestFile;
-    return whole ? std::optional(text) : std::nullopt;
-}
-
-/// Whether the reader would take characters for something that does not stand there.
+/// Whether the reader would take characters for something that does not stand there, or bytes from
+/// far above to address 0.
 bool Misread(const HexReport& report) {
     return std::ranges::any_of(report.findings, [](const HexFinding& finding) {
         return finding.fault == HexFault::LowerCase || finding.fault == HexFault::Digit ||
-               finding.fault == HexFault::Length;
+               finding.fault == HexFault::Length || finding.fault == HexFault::BaseAddress;
     });
 }
 
@@ -68,6 +51,9 @@ Status JudgeFindings(Session& session, const QString& path, const HexReport& rep
     for (const HexFinding& finding : report.findings) {
         lines << u"%1: %2"_s.arg(path, HexFindingText(finding));
         findings << HexFindingJson(finding);
+    }
+    if (const auto cure = CureOf(report)) {
+        lines << *cure;
     }
     session.output.Report(report::Findings, findings);
     const QString text = u"HEX ファイルに誤りがあります。\n"_s + lines.join(u'\n');
@@ -82,11 +68,12 @@ Status JudgeFindings(Session& session, const QString& path, const HexReport& rep
 template <typename Image>
 Status LoadFile(Session& session, const QString& path, int memoryBytes, bool force, Image& image,
                 HexReadResult (*read)(QIODevice&, Image&, ErrorFlag&), bool& lossless) {
-    auto text = Content(path);
+    const auto text = ReadInput(path);
     if (!text) {
-        return Failure{cause::FileNotReadable, u"ファイルを読めません: %1"_s.arg(path)};
+        return text.Failed();
     }
-    QBuffer buffer(&*text);
+    QBuffer buffer;
+    buffer.setData(*text);
     buffer.open(QIODevice::ReadOnly);
     const HexReport report = CheckHex(buffer, memoryBytes);
     ErrorFlag flag;
@@ -107,12 +94,77 @@ std::unique_ptr<QFileDevice> OpenOutput(const QString& path) {
     return file->open(QIODevice::WriteOnly) ? std::move(file) : nullptr;
 }
 
+/// What stood there before; nothing = no file did.
+void PutBack(const std::vector<std::pair<QString, std::optional<QByteArray>>>& files) {
+    for (const auto& [path, text] : files) {
+        if (!QFileInfo(path).isFile()) {
+            continue;
+        }
+        QSaveFile file(path);
+        if (!text) {
+            QFile::remove(path);
+        } else if (file.open(QIODevice::WriteOnly) && file.write(*text) == text->size()) {
+            file.commit();
+        }
+    }
+}
+
+Failure Exists(const QString& path) {
+    return {cause::FileExists,
+            u"ファイルが既にあります。--overwrite で置き換えます: %1"_s.arg(path)};
+}
+
 bool Commit(QFileDevice& file) {
     auto* const safe = qobject_cast<QSaveFile*>(&file);
     return safe ? safe->commit() : file.flush();
 }
 
 }  // namespace
+
+std::optional<QString> DataBeside(const QString& code) {
+    if (code == kStandard) {
+        return std::nullopt;
+    }
+    const QString suffix = QFileInfo(code).suffix();
+    return FindDataFile(code.chopped(suffix.isEmpty() ? 0 : suffix.size() + 1) + u".eep"_s);
+}
+
+bool IsSameFile(const QString& one, const QString& other) {
+    std::error_code none;
+    return QFileInfo(one).absoluteFilePath() == QFileInfo(other).absoluteFilePath() ||
+           std::filesystem::equivalent(QFile::encodeName(one).toStdString(),
+                                       QFile::encodeName(other).toStdString(), none);
+}
+
+Result<QByteArray> ReadInput(const QString& path) {
+    QFile file;
+    QByteArray text;
+    const bool opened = OpenInput(file, path);
+    while (opened && text.size() <= kLargestFile) {
+        const QByteArray part = file.read(kLargestFile);
+        if (part.isEmpty()) {
+            break;
+        }
+        text += part;
+    }
+    const bool tooLarge = text.size() > kLargestFile;
+    if (!opened || tooLarge || file.error() != QFileDevice::NoError) {
+        return Failure{cause::FileNotReadable,
+                       u"ファイルを読めません (%1): %2"_s.arg(WhyNot(path, tooLarge), path)};
+    }
+    return text;
+}
+
+std::optional<QString> CureOf(const HexReport& report) {
+    const bool above = std::ranges::any_of(report.findings, [](const HexFinding& finding) {
+        return finding.fault == HexFault::BaseAddress;
+    });
+    return above ? std::optional(
+                       u"EEPROM などのデータが混ざっています。avr-objcopy に、コードのファイルでは "
+                       "-R .eeprom を、EEPROM のファイルでは -j .eeprom --change-section-lma "
+                       ".eeprom=0 を付けて作り直してください。"_s)
+                 : std::nullopt;
+}
 
 Result<ImageFiles> ChooseImageFiles(Session& session, const Call& call, FileUse use) {
     const QString first = call.arguments[0];
@@ -131,7 +183,7 @@ Result<ImageFiles> ChooseImageFiles(Session& session, const Call& call, FileUse 
                        u"EEPROM のファイルです。--only eeprom を指定してください: %1"_s.arg(first)};
     }
     if (call.arguments.size() > 1) {
-        if (SameFile(first, call.arguments[1])) {
+        if (IsSameFile(first, call.arguments[1])) {
             return Failure{cause::WrongUse, u"CODE と DATA が同じファイルです: %1"_s.arg(first)};
         }
         return ImageFiles{.code = first, .data = call.arguments[1]};
@@ -142,11 +194,15 @@ Result<ImageFiles> ChooseImageFiles(Session& session, const Call& call, FileUse 
             cause::WrongUse,
             u"標準出力には一つのメモリだけを書けます。--only か DATA を指定してください。"_s};
     }
-    if (use == FileUse::Read && files.data && !QFileInfo::exists(*files.data)) {
+    // A dangling link counts as there: reading it fails, and nothing is taken for blank.
+    if (use == FileUse::Read && files.data && !QFileInfo::exists(*files.data) &&
+        !QFileInfo(*files.data).isSymLink()) {
         files.data.reset();
     }
-    if (files.data && !call.Has("keep-eeprom")) {
-        session.output.Tell(u"EEPROM のファイル: %1"_s.arg(*files.data));
+    if (!call.Has("keep-eeprom")) {
+        session.output.Tell(
+            files.data ? u"EEPROM のファイル: %1"_s.arg(*files.data)
+                       : u"EEPROM のファイルはありません。EEPROM は空（FF）として扱います。"_s);
     }
     return files;
 }
@@ -172,15 +228,37 @@ Result<LoadedFiles> LoadFiles(Session& session, const ImageFiles& files, bool fo
     return loaded;
 }
 
-Status SaveImages(Session& session, const ImageFiles& files, const MemoryImages& images) {
+Status RequirePlaces(const ImageFiles& files, bool replace) {
+    for (const auto& path : {files.code, files.data}) {
+        const QFileInfo file(path.value_or(kStandard.toString()));
+        const QFileInfo folder(file.absolutePath());
+        if (path && file.isFile() && !replace) {
+            return Exists(*path);
+        }
+        const bool stream = path == kStandard || (file.exists() && !file.isFile() && !file.isDir());
+        if (path && !stream && (file.isDir() || !folder.isDir() || !folder.isWritable())) {
+            const QString why = file.isDir()      ? u"フォルダです"_s
+                                : !folder.isDir() ? u"フォルダがありません"_s
+                                                  : u"フォルダに書く権限がありません"_s;
+            return Failure{cause::FileNotWritten,
+                           u"ファイルを書けません (%1): %2"_s.arg(why, *path)};
+        }
+    }
+    return {};
+}
+
+Status SaveImages(Session& session, const ImageFiles& files, const MemoryImages& images,
+                  bool replace) {
     const CurrentDevice& device = session.access.Device();
     const std::pair<std::optional<QString>, QByteArray> outputs[] = {
         {files.code, CodeHexText(images.flash, device.flashWords)},
         {files.data, DataHexText(images.eeprom, device.eepromBytes)}};
     std::vector<std::unique_ptr<QFileDevice>> open;
     QStringList written;
-    const auto failure = [](const QString& path) {
-        return Failure{cause::FileNotWritten, u"ファイルを書けません: %1"_s.arg(path)};
+    const auto failure = [](const QFileDevice* file, const QString& path) {
+        return Failure{cause::FileNotWritten,
+                       u"ファイルを書けません (%1): %2"_s.arg(
+                           file ? file->errorString() : u"開けません"_s, path)};
     };
     for (const auto& [path, text] : outputs) {
         if (path == kStandard) {
@@ -188,14 +266,27 @@ Status SaveImages(Session& session, const ImageFiles& files, const MemoryImages&
         } else if (path) {
             open.push_back(OpenOutput(*path));
             if (!open.back() || open.back()->write(text) != text.size() || !open.back()->flush()) {
-                return failure(*path);
+                return failure(open.back().get(), *path);
             }
             written << *path;
         }
     }
+    // The files are a pair: when one can't be put in its place, those before it go back.
+    std::vector<std::pair<QString, std::optional<QByteArray>>> before;
     for (const auto& file : open) {
+        const QString path = file->fileName();
+        QFile old(path);
+        const bool existed = QFileInfo(path).isFile() && old.open(QIODevice::ReadOnly);
+        if (existed && !replace) {
+            PutBack(before);
+            return Exists(path);
+        }
+        before.emplace_back(path, existed ? std::optional(old.readAll()) : std::nullopt);
+        old.close();
         if (!Commit(*file)) {
-            return failure(file->fileName());
+            before.pop_back();
+            PutBack(before);
+            return failure(file.get(), path);
         }
     }
     if (!written.isEmpty()) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The commands that need no writer.
+#include <QBuffer>
 #include <QJsonArray>
 
 #include "cli/command.h"
@@ -30,14 +31,17 @@ QString State(const ComPort& port, const PortFacts& facts) {
     return port.present ? permission : permission + u" (未接続)"_s;
 }
 
+constexpr int kAnyMemory = 0x10000;  ///< bytes; the form alone is looked at
+
 HexReport CheckFile(const QString& path, int memoryBytes) {
-    QFile file;
-    if (!OpenInput(file, path)) {
+    const auto text = ReadInput(path);
+    if (!text) {
         return {};
     }
-    HexReport report = CheckHex(file, memoryBytes);
-    report.readable = file.error() == QFileDevice::NoError;
-    return report;
+    QBuffer buffer;
+    buffer.setData(*text);
+    buffer.open(QIODevice::ReadOnly);
+    return CheckHex(buffer, memoryBytes);
 }
 
 }  // namespace
@@ -49,7 +53,8 @@ Status Check(Session& session, const Call& call) {
     bool clean = true;
     for (const QString& path : call.arguments) {
         const bool data = IsDataFileName(path);
-        const int size = data ? device.eepromBytes : 2 * device.flashWords;
+        const int memory = data ? device.eepromBytes : 2 * device.flashWords;
+        const int size = session.DeviceChosen() ? memory : kAnyMemory;
         const HexReport report = CheckFile(path, size);
         readable = readable && report.readable;
         clean = clean && report.Clean();
@@ -58,11 +63,16 @@ Status Check(Session& session, const Call& call) {
             session.output.Print(u"%1: %2"_s.arg(path, HexFindingText(finding)));
             findings << HexFindingJson(finding);
         }
+        const QString bytes = QString::number(report.bytes);
         if (!report.readable) {
             session.output.Print(u"%1: 読めません。"_s.arg(path));
+        } else if (report.Clean() && session.DeviceChosen()) {
+            session.output.Print(u"%1: OK (%2 byte / %3 %4 byte)"_s.arg(
+                path, bytes, PartNumber(device.name), QString::number(size)));
         } else if (report.Clean()) {
-            session.output.Print(u"%1: OK (%2 byte / %3 byte)"_s.arg(
-                path, QString::number(report.bytes), QString::number(size)));
+            session.output.Print(u"%1: OK (%2 byte、デバイスは未指定)"_s.arg(path, bytes));
+        } else if (const auto cure = CureOf(report)) {
+            session.output.Print(*cure);
         }
         files << QJsonObject{{u"file"_s, path},
                              {u"readable"_s, report.readable},
@@ -80,10 +90,13 @@ Status Check(Session& session, const Call& call) {
     return {};
 }
 
-Status ListPorts(Session& session, const Call&) {
+Status ListPorts(Session& session, const Call& call) {
     QJsonArray ports;
     for (const ComPort& port : session.Around().comPorts.All()) {
         const PortFacts facts = session.Around().inspectPort(port.devicePath);
+        if (!facts.exists && !port.present && !call.Has("all")) {
+            continue;
+        }
         session.output.Print(u"%1 %2 %3 %4"_s
                                  .arg(u"COM%1"_s.arg(port.number).leftJustified(5),
                                       port.devicePath.leftJustified(14), State(port, facts),

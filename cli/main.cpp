@@ -41,6 +41,7 @@ int main(int argc, char** argv) {
     QtSerialPort port(comPorts);
     EventLoopClock clock;
     return static_cast<int>(RunCommandLine(
-        QCoreApplication::arguments(), {port, [&port] { return port.LastError(); }, clock, settings,
-                                        comPorts, console, SignalAfterStart, InspectPort}));
+        QCoreApplication::arguments(),
+        {port, [&port] { return port.LastError(); }, [&port] { return port.IsBusy(); }, clock,
+         settings, comPorts, console, SignalAfterStart, InspectPort}));
 }

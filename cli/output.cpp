@@ -7,12 +7,27 @@ namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// A file's name may hold control characters, which would steer the terminal.
+QString Visible(const QString& text) {
+    QString shown;
+    for (const QChar c : text) {
+        const bool steers = c.category() == QChar::Other_Control && c != u'\n';
+        shown += steers ? u"\\x"_s + QString::number(c.unicode(), 16).rightJustified(2, u'0')
+                        : QString(c);
+    }
+    return shown;
+}
+
+}  // namespace
+
 void Output::Print(const QString& line) {
     if (options_.isFile) {
         Remark(line);
     } else if (!options_.json) {
         EndProgress();
-        console_.Print(line);
+        console_.Print(Visible(line));
     }
 }
 
@@ -24,7 +39,7 @@ void Output::Tell(const QString& line) {
 
 void Output::Remark(const QString& line) {
     EndProgress();
-    console_.Complain(line);
+    console_.Complain(Visible(line));
 }
 
 void Output::TellMessage(const QString& text, bool failure) {

@@ -56,7 +56,7 @@ ImageFiles BackupFiles(const QString& folder, const CurrentDevice& device) {
 
 Status Backup(Session& session, const QString& folder, const MemoryImages& images) {
     const ImageFiles files = BackupFiles(folder, session.access.Device());
-    if (const Status failed = SaveImages(session, files, images)) {
+    if (const Status failed = SaveImages(session, files, images, false)) {
         return failed;
     }
     session.output.Report(report::Backup, files.Json());

@@ -37,6 +37,7 @@ inline constexpr Cause BadFile{"badFile", ExitStatus::WrongUse};
 inline constexpr Cause FileExists{"fileExists", ExitStatus::WrongUse};
 inline constexpr Cause FileNotWritten{"fileNotWritten", ExitStatus::WrongUse};
 inline constexpr Cause PortMissing{"portMissing", ExitStatus::NoPort};
+inline constexpr Cause NoSerialPort{"noSerialPort", ExitStatus::NoPort};
 inline constexpr Cause PortForbidden{"portForbidden", ExitStatus::NoPort};
 inline constexpr Cause PortBusy{"portBusy", ExitStatus::NoPort};
 inline constexpr Cause WriterSilent{"writerSilent", ExitStatus::Refused};

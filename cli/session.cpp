@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "cli/session.h"
 
+#include <QFileInfo>
 #include <QJsonArray>
 
 namespace tolvex {
@@ -34,6 +35,11 @@ Session::Session(const CliSurroundings& around, const CommonOptions& options, Ou
     : around_(around),
       settings_(SettingsFor(around.settings, options)),
       port_(PortOf(settings_, around.comPorts, options.port && options.port->byPath)),
+      deviceChosen_(
+          options.device ||
+          !around.settings.GetSetting(QString::fromLatin1(keys::Device.name), {}).isEmpty()),
+      trace_(options.trace),
+      replaceTrace_(options.overwrite),
       line_(around.port, around.clock),
       clock_(around.clock, line_, around.signal),
       start_(clock_.Now()),
@@ -46,8 +52,12 @@ Session::Session(const CliSurroundings& around, const CommonOptions& options, Ou
              .folders = folders_,
              .ui = ui_,
              .hooks = record_.Hooks()}),
-      access(
-          {.around = around_, .port = port_, .record = record_, .bench = bench, .output = output}) {
+      access({.around = around_,
+              .port = port_,
+              .record = record_,
+              .bench = bench,
+              .output = output,
+              .openTrace = [this] { return OpenTrace(); }}) {
     FillDeviceLists(bench.chip);
     output.Report(report::Device, PartNumber(access.Device().name));
     if (port_) {
@@ -59,9 +69,16 @@ Session::Session(const CliSurroundings& around, const CommonOptions& options, Ou
     }
 }
 
-Status Session::OpenTrace(const std::optional<QString>& path) {
-    if (path && !line_.TraceTo(*path)) {
-        return Failure{cause::FileNotWritten, u"ファイルを書けません: %1"_s.arg(*path)};
+Status Session::OpenTrace() {
+    if (!trace_ || !line_.TracePath().isEmpty()) {
+        return {};
+    }
+    if (QFileInfo(*trace_).isFile() && !replaceTrace_) {
+        return Failure{cause::FileExists,
+                       u"ファイルが既にあります。--overwrite で置き換えます: %1"_s.arg(*trace_)};
+    }
+    if (!line_.TraceTo(*trace_)) {
+        return Failure{cause::FileNotWritten, u"ファイルを書けません: %1"_s.arg(*trace_)};
     }
     return {};
 }
@@ -113,8 +130,12 @@ void Session::LeaveWriter() {
     output.EndProgress();
     record_.AllowShutdownCommands();
     clock_.AllowShutdownCommands();
-    if (line_.IsOpen() && record_.InProgrammingMode() &&
-        bench.commands.LeaveProgrammingMode() != Outcome::Ok) {
+    // A detection that failed has closed the port.
+    if (record_.InProgrammingMode() && !record_.LineLost() &&
+        (line_.IsOpen() || bench.connection.OpenPort())) {
+        bench.commands.LeaveProgrammingMode();
+    }
+    if (record_.InProgrammingMode()) {
         output.Remark(
             u"ライタがプログラミングモードのままかもしれません。電源を入れ直してください。"_s);
     }

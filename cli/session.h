@@ -13,6 +13,7 @@ struct CommonOptions {
     std::optional<PortChoice> port = {};  ///< nothing = the stored one
     std::optional<int> device = {};       ///< entry of the device list; nothing = the stored one
     std::optional<QString> trace = {};    ///< a file
+    bool overwrite = false;               ///< files that exist are replaced
     OutputOptions output = {};
 };
 
@@ -27,16 +28,18 @@ class Session {
     const std::optional<ChosenPort>& Port() const { return port_; }
     /// A signal has ended the run.
     bool Stopped() const { return record_.Stopped(); }
+    /// The device was named or is stored; otherwise it is the first of the list.
+    bool DeviceChosen() const { return deviceChosen_; }
     EventClock::Instant Now() const { return clock_.Now(); }
     /// Since the run began.
     std::chrono::duration<double> Elapsed() const { return clock_.Now() - start_; }
 
-    /// Records the line from now on if that was asked for.
-    Status OpenTrace(const std::optional<QString>& path);
     /// Leaves the writer as it should be, tells how the command ended, and gives the exit status.
     ExitStatus Finish(const Status& failed);
 
   private:
+    /// Records the line from now on if that was asked for.
+    Status OpenTrace();
     void LeaveWriter();
     void ReportFindings();
 
@@ -44,6 +47,9 @@ class Session {
     AppDir folders_;  ///< none: nothing is listed
     FixedSettings settings_;
     std::optional<ChosenPort> port_;
+    bool deviceChosen_;
+    std::optional<QString> trace_;
+    bool replaceTrace_;
     TracedPort line_;
     StoppableClock clock_;
     EventClock::Instant start_;

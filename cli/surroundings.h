@@ -16,6 +16,7 @@ namespace tolvex {
 struct CliSurroundings {
     SerialPort& port;
     std::function<QString()> portError;  ///< why the last opening failed
+    std::function<bool()> portBusy;      ///< it failed because another program has the port
     EventClock& clock;
     const Settings& settings;  ///< the stored ones
     ComPorts& comPorts;

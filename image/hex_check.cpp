@@ -75,6 +75,10 @@ class HexChecker {
         }
         if (const auto fault = Spell(line)) {
             stopped_ = stopped_ || *fault == HexFault::NoColon;
+            if (line.toUpper() == ":00000001FF") {
+                ended_ = true;
+                endLine_ = line_;
+            }
             Find(*fault);
             return;
         }

@@ -15,6 +15,7 @@ enum class UdevRule { NotForDevice, Missing, Installed };
 /// What the system knows of a serial device without opening it.
 struct PortFacts {
     bool exists = false;
+    bool serial = true;                    ///< may be a serial device: no folder, no plain file
     bool permitted = false;                ///< may be read and written
     std::optional<QString> group{};        ///< that owns the device
     bool member = false;                   ///< of that group, from the next login on

@@ -48,6 +48,7 @@ PortFacts InspectPort(const QString& path) {
     PortFacts facts;
     facts.exists = !path.isEmpty() && device.exists();
     if (facts.exists) {
+        facts.serial = !device.isFile() && !device.isDir();
         facts.permitted = device.isReadable() && device.isWritable();
         if (const QString group = device.group(); !group.isEmpty()) {
             facts.group = group;

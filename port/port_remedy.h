@@ -12,6 +12,9 @@ struct PortRemedy {
     QString command;  ///< only what is needed
 };
 
+/// `text` as one word of a command that is printed to be pasted.
+QString Quoted(const QString& text);
+
 /// The device of port `number` does not exist. If another adapter is attached, the remedy gives its
 /// device that number.
 PortRemedy MissingPort(const ComPorts& ports, int number);

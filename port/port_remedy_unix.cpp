@@ -2,6 +2,7 @@
 #include "port/port_remedy.h"
 
 #include <QFileInfo>
+#include <QRegularExpression>
 
 namespace tolvex {
 
@@ -30,15 +31,23 @@ QString UdevText(UdevRule rule) {
 
 }  // namespace
 
+QString Quoted(const QString& text) {
+    static const QRegularExpression plain(u"^[A-Za-z0-9_./:@%+=,-]+$"_s);
+    if (plain.match(text).hasMatch()) {
+        return text;
+    }
+    return u'\'' + QString(text).replace(u'\'', u"'\\''"_s) + u'\'';
+}
+
 PortRemedy MissingPort(const ComPorts& ports, int number) {
     const QString path = ports.DevicePath(number);
     for (const ComPort& other : ports.All()) {
         if (ports.LinkFolder() && other.present && other.devicePath != path &&
             !IsBoardPort(other.devicePath)) {
             return {u"%1 はありません。%2 があります。"_s.arg(path, other.devicePath),
-                    u"mkdir -p '%1' && ln -sfn %2 '%1/com%3'"_s
-                        .arg(*ports.LinkFolder(), other.devicePath)
-                        .arg(number)};
+                    u"mkdir -p %1 && ln -sfn %2 %3"_s.arg(
+                        Quoted(*ports.LinkFolder()), Quoted(other.devicePath),
+                        Quoted(*ports.LinkFolder() + u"/com"_s + QString::number(number)))};
         }
     }
     return {u"%1 はありません。アダプタを挿し直し、認識されたか調べてください。"_s.arg(path),
@@ -48,40 +57,46 @@ PortRemedy MissingPort(const ComPorts& ports, int number) {
 PortRemedy ForbiddenPort(const QString& path, const PortFacts& facts) {
     const QString text = u"%1 を使う権限がありません。"_s.arg(path);
     if (!facts.group || facts.group == u"root"_s) {
-        return {text, u"sudo chmod a+rw %1"_s.arg(path)};
+        return {text, u"sudo chmod a+rw %1"_s.arg(Quoted(path))};
     }
     if (facts.member) {
         return {
             text + u"グループ %1 には登録済みです。ログインし直してください。"_s.arg(*facts.group),
-            u"newgrp %1"_s.arg(*facts.group)};
+            u"newgrp %1"_s.arg(Quoted(*facts.group))};
     }
     return {text + UdevText(facts.udevRule) + u"次のコマンドを実行し、ログインし直してください。"_s,
-            u"sudo usermod -aG %1 $USER"_s.arg(*facts.group)};
+            u"sudo usermod -aG %1 $USER"_s.arg(Quoted(*facts.group))};
 }
 
 PortRemedy BusyPort(const QString& path, const PortFacts& facts, const QString& reason) {
     if (facts.holder) {
         const auto& [program, process] = *facts.holder;
-        return {u"%1 は %2 (PID %3) が使っています。"_s.arg(path, program).arg(process),
-                u"kill %1"_s.arg(process)};
+        return {
+            u"%1 は %2 (PID %3) が使っています。そのプログラムを終了してください。"
+            "できなければ次のコマンドで止められますが、そこで保存していない内容は失われます。"_s
+                .arg(path, program, QString::number(process)),
+            u"kill %1"_s.arg(process)};
     }
-    return {u"%1 を開けません: %2"_s.arg(path, reason), u"sudo fuser -k %1"_s.arg(path)};
+    return {u"%1 をほかのプログラムが使っています (%2)。次のコマンドで調べられます。"_s.arg(path,
+                                                                                            reason),
+            u"sudo fuser -v %1"_s.arg(Quoted(path))};
 }
 
 PortRemedy SlowPort(const QString& path) {
     const QString name =
         QFileInfo(QFileInfo(path).exists() ? QFileInfo(path).canonicalFilePath() : path).fileName();
-    return {u"応答が遅すぎます。アダプタの待ち時間を短くしてください。"_s,
-            name.startsWith(u"ttyUSB"_s)
-                ? u"echo 1 | sudo tee /sys/bus/usb-serial/devices/%1/latency_timer"_s.arg(name)
-                : u"sudo setserial %1 low_latency"_s.arg(path)};
+    return {
+        u"応答が遅すぎます。アダプタの待ち時間を短くしてください。"_s,
+        name.startsWith(u"ttyUSB"_s)
+            ? u"echo 1 | sudo tee /sys/bus/usb-serial/devices/%1/latency_timer"_s.arg(Quoted(name))
+            : u"sudo setserial %1 low_latency"_s.arg(Quoted(path))};
 }
 
 PortRemedy LockedPort(const QString& lockFile) {
     return {
         u"終了したプログラムのロックファイルが残っています。ここでは無視しますが、"
         "ほかのプログラムは開けません。"_s,
-        u"sudo rm %1"_s.arg(lockFile)};
+        u"sudo rm %1"_s.arg(Quoted(lockFile))};
 }
 
 }  // namespace tolvex

@@ -11,6 +11,10 @@ const QString kDeviceManager = u"devmgmt.msc"_s;
 
 }  // namespace
 
+QString Quoted(const QString& text) {
+    return text.contains(u' ') ? u'"' + text + u'"' : text;
+}
+
 PortRemedy MissingPort(const ComPorts& ports, int number) {
     const QString path = ports.DevicePath(number);
     for (const ComPort& other : ports.All()) {

@@ -77,12 +77,16 @@ void QtSerialPort::ApplySettings() {
 bool QtSerialPort::Open() {
     Close();
     ApplySettings();
+    busy_ = false;
     if (!port_->open(QIODevice::ReadWrite) && !OpenPastStaleLockFile(*port_)) {
         SetLastError(port_->errorString());
+        // Qt's word for a busy device, for a lock file, and for a device without permission.
+        busy_ = port_->error() == QSerialPort::PermissionError;
         return false;
     }
     if (!LockDevice(port_->handle())) {
         SetLastError(u"another program holds the device"_s);
+        busy_ = true;
         port_->close();
         return false;
     }

@@ -37,6 +37,8 @@ class QtSerialPort : public SerialPort {
 
     /// What failed last, for logs: device path and the system's reason. Empty before any failure.
     QString LastError() const { return lastError_; }
+    /// The last opening failed because another program has the device or its lock.
+    bool IsBusy() const { return busy_; }
 
   private:
     void ApplySettings();
@@ -58,6 +60,7 @@ class QtSerialPort : public SerialPort {
     QByteArray input_;
     bool open_ = false;  ///< false as soon as the line is lost; the device is closed a bit later
     QString lastError_;
+    bool busy_ = false;
 };
 
 }  // namespace tolvex

@@ -50,10 +50,10 @@ class CliBench : public Surroundings {
         out_.open(QIODevice::WriteOnly);
         error_.open(QIODevice::WriteOnly);
         Console console(out_, error_, [this] { return columns; });
-        const ExitStatus status =
-            RunCommandLine(QStringList{u"tolvex-cli"_s} + arguments,
-                           {port, [] { return u"busy"_s; }, clock, settings, comPorts, console,
-                            signal, [this](const QString&) { return facts; }});
+        const ExitStatus status = RunCommandLine(
+            QStringList{u"tolvex-cli"_s} + arguments,
+            {port, [] { return u"busy"_s; }, [this] { return busy; }, clock, settings, comPorts,
+             console, signal, [this](const QString&) { return facts; }});
         out_.close();
         error_.close();
         return status;
@@ -108,6 +108,7 @@ class CliBench : public Surroundings {
     /// Also the place to meddle with the board while a command runs.
     std::function<int()> signal = [] { return 0; };
     PortFacts facts{.exists = true, .permitted = true};
+    bool busy = true;  ///< why a port can't be opened
 
   private:
     QBuffer out_, error_;

@@ -23,7 +23,12 @@ TEST(DoctorCommand, FindsTheCauseAndTheCommandThatFixesIt) {
                false),
          "0", "sudo rm /var/lock/LCK..ttyACM7"},
         {Facts(held), "3 portBusy", "kill 4711"},
-        {kBusy, "3 portBusy", "sudo fuser -k /dev/ttyACM7"},
+        {kBusy, "3 portBusy", "sudo fuser -v /dev/ttyACM7"},
+        {Facts({.exists = true, .serial = false}), "3 noSerialPort", "tolvex-cli ports"},
+        {[](CliBench& b) { kBusy(b), b.busy = false; }, "3 noSerialPort", "tolvex-cli ports"},
+        {Spoil('T', FaultKind::Wrong, 1), "0", ""},
+        {Spoil('T', FaultKind::Wrong), "1 commandRefused",
+         "tolvex-cli --port /dev/ttyACM7 --trace trace.txt detect"},
         {[](CliBench& b) { b.board.SetFaultFrom(9, FaultKind::Silent); }, "1 writerSilent",
          "tolvex-cli --port /dev/ttyACM7 --trace trace.txt detect"},
     };
@@ -39,6 +44,14 @@ TEST(DoctorCommand, FindsTheCauseAndTheCommandThatFixesIt) {
     }
 }
 
+TEST(DoctorCommand, QuotesWhatIsPasted) {
+    CliBench b;
+    Facts({.exists = true})(b);
+    EXPECT_EQ(b.Run({u"doctor"_s, u"--port"_s, u"/tmp/a b;id %2'"_s}), ExitStatus::NoPort);
+    EXPECT_TRUE(b.Out().contains(u"sudo chmod a+rw '/tmp/a b;id %2'\\'''\n"_s))
+        << b.Out().toStdString();
+}
+
 TEST(DoctorCommand, OffersADeviceThatIsThereInPlaceOfTheMissingOne) {
     CliBench b;
     ASSERT_TRUE(QDir(b.Path({})).mkdir(u"ports"_s));
@@ -47,7 +60,7 @@ TEST(DoctorCommand, OffersADeviceThatIsThereInPlaceOfTheMissingOne) {
     b.facts.exists = false;
     EXPECT_EQ(b.Outcome("doctor --port COM20"), "3 portMissing");
     EXPECT_EQ(b.Json()["fix"_L1].toString(),
-              u"mkdir -p '%1' && ln -sfn %2 '%1/com20'"_s.arg(b.Path(u"ports"_s), link));
+              u"mkdir -p %1 && ln -sfn %2 %1/com20"_s.arg(b.Path(u"ports"_s), link));
 }
 
 /// One that starts late, which isn't a silent one, and an adapter that holds bytes back.

@@ -22,6 +22,11 @@ TEST(ProgramCommand, ErasesProgramsAndVerifies) {
         "ベリファイ　FLASH : OK / EEPROM : OK\nプログラム終了しました。\n$"_s);
     EXPECT_TRUE(told.match(b.Out()).hasMatch()) << b.Out().toStdString();
     EXPECT_EQ(b.Err().count(u"Flash Program Memory Programming !"_s), 1) << "a line a phase";
+    b.File(u"UP.HEX"_s, HexRecord(0, kCode) + kHexEnd);
+    b.File(u"UP.EEP"_s, HexRecord(0, kData) + kHexEnd);
+    EXPECT_EQ(b.Outcome("verify @UP.HEX"), "0") << "the same rule as in the windows";
+    QFile::remove(b.Path(u"UP.HEX"_s));
+    QFile::remove(b.Path(u"UP.EEP"_s));
     EXPECT_EQ(b.settings.values, stored) << "the tool never writes the settings";
     EXPECT_EQ(QDir(b.Path({})).entryList(QDir::Files), files) << "nor any listings";
 }
@@ -47,6 +52,9 @@ TEST(Commands, RefuseWhatIsWrong) {
         {kNothing, "program @sum.hex; program @sum.hex --force; program @lower.hex --force", "2 badFile"},
         {kNothing, "program @a.hex --backup @sum.hex/x; --trace @no/trace detect; read @no/x.hex", "2 fileNotWritten"},
         {kNothing, "program @a.hex @a.eep --keep-eeprom; program @a.eep; program @a.hex @a.hex", "2 wrongUse"},
+        {kNothing, "program @base.hex --force", "2 badFile"},
+        {kNothing, "detect --trace @a.hex; read @out.hex --trace @sum.hex", "2 fileExists"},
+        {kNothing, "program @a.hex --trace @a.eep --overwrite; check @a.hex --trace @a.hex --overwrite", "2 wrongUse"},
         {kNothing, "program @a.hex --only lock; program @a.hex @a.eep --only flash", "2 wrongUse"},
         {kNothing, "; check caf\xE9.hex; burn; program; program a b c; detect x; detect --force; read -", "2 wrongUse"},
         {kNothing, "--port COM0 detect; --port 21 detect; --device AT90 detect", "2 wrongUse"},
@@ -58,6 +66,8 @@ TEST(Commands, RefuseWhatIsWrong) {
             SCOPED_TRACE((line + ": " + outcome).toStdString());
             CliBench b;
             b.File(u"blank.hex"_s, HexRecord(0, "\xFF") + kHexEnd);
+            b.File(u"base.hex"_s,
+                   HexRecord(0, kCode) + ":02000004008179\r\n" + HexRecord(0, kData) + kHexEnd);
             b.File(u"sum.hex"_s, ":0100000001FF\r\n" + kHexEnd);
             b.File(u"lower.hex"_s, HexRecord(0, kCode) + ":01000600ab4e\r\n" + kHexEnd);
             b.Fill();
