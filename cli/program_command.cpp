@@ -8,6 +8,7 @@
 #include "cli/command.h"
 #include "cli/image_files.h"
 #include "cli/write_plan.h"
+#include "device/fuse_encoding.h"
 
 namespace tolvex {
 
@@ -21,6 +22,34 @@ struct Precautions {
     std::optional<QString> backup = {};  ///< a folder
     std::optional<Memories> kept = {};   ///< are written back as they were
 };
+
+constexpr int kUnlocked = 2;  ///< the entry of the lock list
+
+/// The erase takes a lock against writing with it, which whoever changes one memory may not expect.
+/// The lock of chips without fuses can't be read.
+Status TellLock(Session& session) {
+    const ChipContext& chip = session.bench.chip;
+    const FuseGroup group = chip.state.device.fuseGroup;
+    if (group == FuseGroup::LockOnly) {
+        return {};
+    }
+    std::uint8_t bits = 0xFF;
+    const bool entered = chip.commands.EnterProgrammingMode() == Outcome::Ok;
+    const bool read = chip.commands.ReadLockFuseBits(bits) == Outcome::Ok;
+    if (const Status failed =
+            session.access.Judge(LeaveWithProof(chip) && entered && read,
+                                 {cause::WriterSilent, u"ロックビットを読めません。"_s})) {
+        return failed;
+    }
+    OptionChoice lock;
+    DecodeLock(group, bits, lock);
+    if (lock[OptionList::LockBit] != kUnlocked) {
+        session.output.Remark(
+            u"チップは書き込み禁止にロックされています。消去でロックは外れます。"
+            "必要なら後で tolvex-cli lock write を実行してください。"_s);
+    }
+    return {};
+}
 
 /// A writer, and a chip that may be changed.
 Status ProveChip(Session& session, const Precautions& precautions) {
@@ -38,7 +67,10 @@ Status ProveChip(Session& session, const Precautions& precautions) {
         session.bench.chip.tolerateMismatch = precautions.force;
         return {};
     }
-    return access.RequireReadablePart(precautions.force);
+    if (const Status failed = access.RequireReadablePart(precautions.force)) {
+        return failed;
+    }
+    return precautions.kept ? TellLock(session) : Status{};
 }
 
 /// Two files in `folder` with the date in their names; none is replaced.

@@ -115,6 +115,15 @@ TEST(ProgramCommand, TellsWhatIsCertain) {
     }
 }
 
+TEST(ProgramCommand, TellsThatTheEraseTakesALockAway) {
+    for (const int lock : {0xFD, 0xFF}) {
+        CliBench b(3);
+        Lock(static_cast<std::uint8_t>(lock))(b);
+        EXPECT_EQ(b.Outcome("program @a.eep --only eeprom"), "0") << b.Err().toStdString();
+        EXPECT_EQ(b.Err().contains(u"lock write"_s), lock == 0xFD);
+    }
+}
+
 TEST(ProgramCommand, ForceIsNoProof) {
     const std::pair<QByteArray, const char*> cases[] = {
         // what stands behind a good record
