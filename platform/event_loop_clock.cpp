@@ -5,10 +5,20 @@
 #include <QCoreApplication>
 #include <QTimer>
 #include <algorithm>
+#include <utility>
 
 namespace tolvex {
 
 using namespace std::chrono_literals;
+
+namespace {
+
+/// A rest ends after this time at the latest; so it is known how long it may have lasted.
+constexpr EventClock::Instant kLongestRest = 100ms;
+/// By how much a busy machine may overrun a rest.
+constexpr EventClock::Instant kLate = 100ms;
+
+}  // namespace
 
 EventLoopClock::EventLoopClock() {
     timer_.start();
@@ -31,27 +41,36 @@ void EventLoopClock::End() {
 }
 
 EventClock::Instant EventLoopClock::Now() const {
-    return std::chrono::duration_cast<Instant>(std::chrono::nanoseconds(timer_.nsecsElapsed()));
+    const Instant now =
+        std::chrono::duration_cast<Instant>(std::chrono::nanoseconds(timer_.nsecsElapsed()));
+    if (const Instant gap = now - seen_; depth_ > 0 && gap > rest_ + kLate) {
+        stood_ += gap - rest_;
+    }
+    seen_ = now;
+    return now - stood_;
 }
 
 void EventLoopClock::Yield(Instant deadline) {
     if (ended_) {
         return;
     }
+    const Instant rest = std::clamp<Instant>(deadline - Now(), 0us, kLongestRest);
+    const Instant outerRest = std::exchange(rest_, rest);
     ++depth_;
-    const Instant left = deadline - Now();
-    if (left > 0us) {
+    if (rest > 0us) {
         // Rounded up to the timer's millisecond: rounded down, the last fraction would be spent in
         // passes without rest. The timer belongs to this yield alone, because yields nest.
         QTimer wakeUp;
         wakeUp.setTimerType(Qt::PreciseTimer);
         wakeUp.setSingleShot(true);
-        wakeUp.start(std::chrono::ceil<std::chrono::milliseconds>(std::min<Instant>(left, 1h)));
+        wakeUp.start(std::chrono::ceil<std::chrono::milliseconds>(rest));
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     } else {
         QCoreApplication::processEvents();
     }
+    Now();  // notices a gap
     resumedDepth_ = --depth_;
+    rest_ = outerRest;
 }
 
 }  // namespace tolvex

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QThread>
 #include <QTimer>
 
 namespace tolvex {
@@ -27,6 +28,21 @@ TEST(EventLoopClock, DeadlinesAreKeptWithoutSpinning) {
         }
         EXPECT_TRUE(kept) << wait.count() << " us";
     }
+}
+
+TEST(EventLoopClock, StandsWhileTheProcessDoesNotRun) {
+    EventLoopClock clock;
+    const EventClock::Instant begin = clock.Now();
+    // Nested, because the handler waits itself: that counts, once.
+    QTimer::singleShot(0, [&] {
+        QTimer::singleShot(0, [] { QThread::msleep(600); });
+        for (const auto end = clock.Now() + 50ms; clock.Now() < end;) {
+            clock.Yield(end);
+        }
+        EXPECT_GE(clock.Now() - begin, 50ms);
+    });
+    clock.Yield(begin + 5s);
+    EXPECT_LT(clock.Now() - begin, 500ms);
 }
 
 TEST(EventLoopClock, TheEndReleasesEveryWaitAndDeliversNothingMore) {
