@@ -134,11 +134,13 @@ void FileCommands::mnuFileSaveAsData_Click() {
            {.flash = false, .eeprom = true});
 }
 
-/// The path the dialog ended with: after a cancel that is its initial name.
+/// The path the dialog ended with: after a cancel that is its initial name. A pattern such as
+/// "*.eep" is no path.
 QString FileCommands::AskOpen(FileDialogRequest request) {
     request.directory = context_.settings.GetSetting(QString::fromLatin1(keys::OpenDir), QString());
     Remember(context_.ui.AskOpenFile(request), request.initialName);
-    return dialogPath_;
+    const bool isPattern = dialogBareName_.contains(u'*') || dialogBareName_.contains(u'?');
+    return isPattern ? QString() : dialogPath_;
 }
 
 void FileCommands::SaveAs(FileDialogRequest request, Memories memories) {

@@ -159,6 +159,8 @@ TEST(FileCommands, OpeningLeavesBehind) {
         {{{&F::mnuFileOpenCode_Click, {hex}}, {&F::mnuReLoad_Click}}, allShown, u"Program : blink.hex|EEPROM memory : Not found EEP file|blink.hex||940C-FF|FF-FF|stored"_s},
         {{{&F::mnuFileOpen_Click, {hex}}, {&F::mnuFileOpenCode_Click}, {&F::mnuReLoad_Click}}, {kFlashShown}, u"Program : blink.hex|EEPROM : blink.eep|blink.hex|blink.eep|940C-FF|77-77|never"_s},
         {{{&F::mnuFileOpen_Click, {hex}}, {&F::mnuFileOpen_Click}}, allShown, u"Program : blink.hex|EEPROM : blink.eep|blink.hex|blink.eep|940C-FF|48-FF|stored"_s},
+        // A pattern, with which another dialog was cancelled, is no file name.
+        {{{&F::mnuFileOpen_Click, {hex}}, {&F::mnuFileSaveAsData_Click}, {&F::mnuFileOpen_Click}}, {kFlashShown}, u"Program : blink.hex|EEPROM : blink.eep|blink.hex|blink.eep|940C-FF|77-77|never"_s},
         // Dropped; the directory ends before the first bare name.
         {{{kDrop, {deep}}}, allShown, u"Program : a.hex/sub/a.hex|EEPROM memory : Not found EEP file|a.hex/sub/a.hex|a.hex/sub/a.eep|940C-FF|FF-FF|stored"_s},
         {{{kDrop, {u"B.EEP"_s, u"folder.hex"_s}}}, {kEepromShown}, u"|EEPROM : B.EEP||B.EEP|7777-77|48-FF|never"_s},
