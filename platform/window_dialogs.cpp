@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/window_dialogs.h"
 
+#include <QAbstractItemView>
+#include <QAccessible>
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
@@ -17,6 +19,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// What assistive tools hold of the cells of a dialog's views goes before the views' model does; Qt
+/// would keep it, and end in a crash when the program is closed.
+void ForgetCells(QDialog& dialog) {
+    for (QAbstractItemView* view : dialog.findChildren<QAbstractItemView*>()) {
+        if (QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(view)) {
+            QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(interface));
+        }
+    }
+}
+
 /// Shows a dialog and says whether it was accepted. The dialog is gone afterwards, also when the
 /// program closed its parent (and it with the parent) meanwhile; `read` runs before that, and not
 /// at all in that case.
@@ -28,6 +40,7 @@ bool Ask(Dialog* dialog, Read read) {
         return false;
     }
     const bool accepted = read(*dialog);
+    ForgetCells(*dialog);
     delete dialog;
     return accepted;
 }

@@ -3,13 +3,16 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
 
 #include "tests/support/real_files.h"
@@ -56,6 +59,7 @@ TEST(WindowDialogs, FileDialogsShowTheRequestAndReturnWholeNames) {
         request.initialName = name;
         WhenShown([&, where = start, what = shown](QFileDialog& dialog) {
             EXPECT_EQ(dialog.windowTitle(), request.title);
+            EXPECT_EQ(dialog.nameFilters(), NameFilters(filter));
             EXPECT_EQ(dialog.directory().path(), where);
             EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), what);
             QMetaObject::invokeMethod(&dialog, "accept");
@@ -84,6 +88,30 @@ TEST(WindowDialogs, FileDialogsShowTheRequestAndReturnWholeNames) {
         EXPECT_EQ(answer.path, folder.filePath(c.bareName)) << c.what;
         EXPECT_EQ(answer.bareName, c.bareName) << c.what;
     }
+}
+
+TEST(WindowDialogs, AssistiveToolsKeepNoCellLongerThanItsModel) {
+    const QTemporaryDir folder;
+    testing::PutFile(folder.filePath(u"a.hex"_s), "");
+    QList<QAccessible::Id> cells, left;
+    WhenShown([&](QFileDialog& dialog) {
+        auto* list = dialog.findChild<QListView*>(u"listView"_s);
+        EXPECT_TRUE(QTest::qWaitFor([list] { return list->model()->rowCount(list->rootIndex()); }));
+        QAccessibleInterface* view = QAccessible::queryAccessibleInterface(list);
+        for (int i = 0; i < view->childCount(); ++i) {
+            cells << QAccessible::uniqueId(view->child(i));
+        }
+        QObject::connect(list->model(), &QObject::destroyed, qApp, [&] {
+            for (const QAccessible::Id cell : cells) {
+                left << (QAccessible::accessibleInterface(cell) ? cell : 0);
+            }
+        });
+    });
+    WindowDialogs([] {
+        return nullptr;
+    }).AskOpenFile({u"title"_s, folder.path(), u"All Files|*.*|"_s});
+    EXPECT_EQ(left, QList<QAccessible::Id>(cells.size(), 0));
+    EXPECT_FALSE(cells.isEmpty());
 }
 
 TEST(WindowDialogs, BoxesBlockTheirOwnerAloneAndStandAboveWhatStaysOnTop) {
