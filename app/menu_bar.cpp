@@ -6,12 +6,9 @@
 #include <QMenu>
 #include <QMouseEvent>
 
-#include "widgets/fonts.h"
-
 namespace tolvex {
 
 MenuBar::MenuBar(std::span<const MenuRow> rows, QWidget* parent) : QMenuBar(parent) {
-    setFont(BarFont());
     connect(this, &QMenuBar::triggered, this, &MenuBar::GiveFocusBack);
     QMenu* menu = nullptr;
     for (const MenuRow& row : rows) {

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "app/status_bar.h"
 
+#include <QAccessibleWidget>
 #include <QDate>
 #include <QDateTime>
 #include <QEvent>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QMouseEvent>
 #include <algorithm>
 
-#include "widgets/fonts.h"
+#include "base/user_interface.h"
 
 namespace tolvex {
 
@@ -17,22 +19,35 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kDatePanel = 4;
+/// What panel 1 keeps of a narrow window, in characters of full width.
+constexpr int kMessageCharacters = 24;
 
 struct PanelRow {
     QString spoken;
     int stretch;
     int leastWidth;  ///< pixels, so that an empty panel is still seen as one
+    QSizePolicy::Policy policy;
 };
+
+/// To assistive tools the panels are notifications, which they read out when one is shown.
+QAccessibleInterface* NewNotification(const QString&, QObject* object) {
+    auto* panel = qobject_cast<FittedLabel*>(object);
+    const bool found = panel != nullptr && qobject_cast<QStatusBar*>(panel->parent()) != nullptr;
+    return found ? new QAccessibleWidget(panel, QAccessible::Notification) : nullptr;
+}
 
 }  // namespace
 
 StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
     const PanelRow rows[kPanels] = {
-        {u"メッセージ"_s, 1, 0}, {u"ライタ"_s, 0, 24},     {u"シグネチャ"_s, 0, 24},
-        {u"日付"_s, 0, 24},      {u"通信ポート"_s, 0, 40},
+        // clang-format off
+        {u"メッセージ"_s, 1, 0, QSizePolicy::Ignored}, {u"ライタ"_s, 0, 24, QSizePolicy::Preferred},
+        {u"シグネチャ"_s, 0, 24, QSizePolicy::Fixed}, {u"日付"_s, 0, 24, QSizePolicy::Preferred},
+        {u"通信ポート"_s, 0, 40, QSizePolicy::Fixed},
+        // clang-format on
     };
     setObjectName(u"sbStatusBar"_s);
-    setFont(BarFont());
+    QAccessible::installFactory(NewNotification);
     setAccessibleName(u"ステータスバー"_s);
     for (int i = 0; i < kPanels; ++i) {
         auto* label = new FittedLabel(rows[i].spoken, this);
@@ -41,13 +56,13 @@ StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
         label->setMargin(2);
         label->setFocusPolicy(Qt::TabFocus);
         label->setMinimumWidth(rows[i].leastWidth);
-        label->setSizePolicy(rows[i].stretch > 0 ? QSizePolicy::Ignored : QSizePolicy::Fixed,
-                             QSizePolicy::Preferred);
+        label->setSizePolicy(rows[i].policy, QSizePolicy::Preferred);
         label->installEventFilter(this);
         addWidget(label, rows[i].stretch);
         panels_[static_cast<std::size_t>(i)] = label;
     }
     midnight_.setSingleShot(true);
+    midnight_.setTimerType(Qt::PreciseTimer);
     connect(&midnight_, &QTimer::timeout, this, &StatusBar::ShowDate);
     ShowDate();
 }
@@ -58,6 +73,36 @@ FittedLabel* StatusBar::Panel(int panel) const {
 
 void StatusBar::SetPanelText(int panel, const QString& text) {
     Panel(panel)->ShowText(text);
+    ShareWidth();
+}
+
+/// In a narrow window first the date, then the writer give way to the message.
+void StatusBar::ShareWidth() {
+    int spare = width() - fontMetrics().height() * kMessageCharacters;
+    const auto wanted = [this](int panel) {
+        return std::max(Panel(panel)->sizeHint().width(), Panel(panel)->minimumWidth());
+    };
+    const int gap = layout()->spacing();
+    for (const int panel : {kSignaturePanel, kPortPanel}) {
+        spare -= wanted(panel) + gap;
+    }
+    for (const int panel : {int{kWriterPanel}, kDatePanel}) {
+        const int least = Panel(panel)->minimumWidth();
+        Panel(panel)->setMaximumWidth(std::clamp(spare, least, wanted(panel)));
+        spare -= Panel(panel)->maximumWidth() + gap;
+    }
+}
+
+void StatusBar::resizeEvent(QResizeEvent* event) {
+    QStatusBar::resizeEvent(event);
+    ShareWidth();
+}
+
+void StatusBar::AnnounceMessage() {
+    for (const auto type : {QAccessible::ObjectShow, QAccessible::Alert}) {
+        QAccessibleEvent event(Panel(kMessagePanel), type);
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 QString StatusBar::PanelText(int panel) const {
@@ -67,10 +112,10 @@ QString StatusBar::PanelText(int panel) const {
 void StatusBar::ShowDate() {
     const QDateTime now = QDateTime::currentDateTime();
     SetPanelText(kDatePanel, now.date().toString(u"yyyy/MM/dd"_s));
-    // An hour at the most: the computer's clock may be set meanwhile.
-    constexpr qint64 kHour = 3600 * 1000;
+    // A minute at the most: the computer may sleep over midnight, or its clock be set.
+    constexpr qint64 kMinute = 60 * 1000;
     const qint64 toMidnight = now.msecsTo(now.date().addDays(1).startOfDay());
-    midnight_.start(static_cast<int>(std::min(toMidnight + 1, kHour)));
+    midnight_.start(static_cast<int>(std::min(toMidnight + 1, kMinute)));
 }
 
 void StatusBar::FocusFirst() {
@@ -102,7 +147,10 @@ bool StatusBar::eventFilter(QObject* watched, QEvent* event) {
         const int panel = static_cast<int>(found - panels_.begin()) + 1;
         switch (event->type()) {
             case QEvent::MouseButtonRelease:
-                if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+                // A press that is dragged off the panel is no click.
+                if (const auto* mouse = static_cast<QMouseEvent*>(event);
+                    mouse->button() == Qt::LeftButton &&
+                    (*found)->rect().contains(mouse->position().toPoint())) {
                     Q_EMIT PanelClicked(panel);
                 }
                 break;

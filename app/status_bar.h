@@ -21,6 +21,8 @@ class StatusBar : public QStatusBar {
     /// `panel` is 1 to 5. Kept, and shown later, while the bar is hidden.
     void SetPanelText(int panel, const QString& text);
     QString PanelText(int panel) const;
+    /// Panel 1 is read out by assistive tools.
+    void AnnounceMessage();
     /// The first panel takes the keyboard focus.
     void FocusFirst();
 
@@ -29,6 +31,7 @@ class StatusBar : public QStatusBar {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     static constexpr int kPanels = 5;
@@ -36,6 +39,7 @@ class StatusBar : public QStatusBar {
     FittedLabel* Panel(int panel) const;
     bool HandleKey(int panel, int key);
     void ShowDate();
+    void ShareWidth();
 
     std::array<FittedLabel*, kPanels> panels_;
     QTimer midnight_;

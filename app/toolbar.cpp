@@ -4,8 +4,6 @@
 #include <QIcon>
 #include <QToolButton>
 
-#include "widgets/fonts.h"
-
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -37,7 +35,6 @@ Toolbar::Toolbar(QWidget* parent) : QToolBar(parent) {
         {u"ComSelect"_s, u"COM選択"_s, QString(), 0},
     };
     setObjectName(u"tbToolBar"_s);
-    setFont(BarFont());
     setAccessibleName(u"ツールバー"_s);
     setWindowTitle(u"ツールバー"_s);
     setMovable(false);

@@ -24,12 +24,12 @@ void Frame::paintEvent(QPaintEvent*) {
     const int line = kCaptionHeight / 2;
     // Filled: a line drawn along the edge falls outside at scale factors between whole numbers.
     const QColor border = palette().color(QPalette::Mid);
-    painter.fillRect(0, line, width(), 1, border);
+    const QRect text(kCaptionLeft, 0, fontMetrics().horizontalAdvance(title()) + 4, kCaptionHeight);
+    painter.fillRect(0, line, text.left(), 1, border);
+    painter.fillRect(text.right() + 1, line, width() - text.right() - 1, 1, border);
     painter.fillRect(0, height() - 1, width(), 1, border);
     painter.fillRect(0, line, 1, height() - line, border);
     painter.fillRect(width() - 1, line, 1, height() - line, border);
-    const QRect text(kCaptionLeft, 0, fontMetrics().horizontalAdvance(title()) + 4, kCaptionHeight);
-    painter.fillRect(text, palette().color(QPalette::Window));
     painter.setPen(palette().color(QPalette::WindowText));
     painter.drawText(text, Qt::AlignCenter, title());
 }

@@ -19,11 +19,12 @@ class FittedLabel : public QLabel {
     void ShowText(const QString& text);
     QString WholeText() const { return text_; }
 
+    QSize minimumSizeHint() const override;
+    QSize sizeHint() const override;
+
   protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
-    QSize minimumSizeHint() const override;
-    QSize sizeHint() const override;
 
   private:
     void Fit();

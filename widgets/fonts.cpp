@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/fonts.h"
 
-#include <QApplication>
-#include <QFontDatabase>
 #include <QFontInfo>
 #include <QStringList>
 #include <algorithm>
@@ -13,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kBarPixels = 13;
+constexpr int kLargestPixels = 13;
 
 QStringList FixedFamilies() {
     return {u"ＭＳ ゴシック"_s, u"MS Gothic"_s, u"IPAGothic"_s, u"Noto Sans Mono CJK JP"_s};
@@ -50,18 +48,12 @@ QFont ListingFont(int points) {
     return font;
 }
 
-QFont WindowFont() {
-    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+QFont WindowFont(QFont font) {
     QStringList families = font.families();
     // A generic name such as "Sans Serif" is no family, and Qt would pass it over.
     families.removeIf([](const QString& family) { return !QFontDatabase::hasFamily(family); });
     SetFamilies(font, families + FirstInstalled(WindowFamilies()));
-    return font;
-}
-
-QFont BarFont() {
-    QFont font = QApplication::font();
-    font.setPixelSize(std::min(QFontInfo(font).pixelSize(), kBarPixels));
+    font.setPixelSize(std::min(QFontInfo(font).pixelSize(), kLargestPixels));
     return font;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QFont>
+#include <QFontDatabase>
 
 namespace tolvex {
 
@@ -11,12 +12,10 @@ namespace tolvex {
 QFont ListingFont(int points);
 
 /// The system's font for windows, with Japanese ones to fall back on before any Chinese font gets
-/// its chance to draw the kanji in its own shapes.
-QFont WindowFont();
-
-/// The same for the bars of the main window, never larger than the layout of its child windows was
-/// designed with: their places are fixed, and larger bars would push them out of sight.
-QFont BarFont();
+/// its chance to draw the kanji in its own shapes. Never larger than the child windows were
+/// designed with: their places are fixed, and larger bars would push them out of sight. All
+/// windows have it, so that none is out of proportion.
+QFont WindowFont(QFont desktop = QFontDatabase::systemFont(QFontDatabase::GeneralFont));
 
 /// False: Japanese texts will show as boxes.
 bool JapaneseFontFound();

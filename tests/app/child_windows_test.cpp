@@ -5,6 +5,7 @@
 #include <QTest>
 
 #include "tests/app/window_bench.h"
+#include "widgets/fonts.h"
 
 namespace tolvex::testing {
 namespace {
@@ -130,7 +131,7 @@ TEST(ChildWindows, AListingStaysWhereItIsScrolledAndLeavesTheFocus) {
 TEST(ChildWindows, TheDefaultLayoutShowsEverythingInAnyFont) {
     const QFont before = QApplication::font();
     for (const int points : {8, 14}) {
-        QApplication::setFont(QFont(before.family(), points));
+        QApplication::setFont(WindowFont(QFont(before.family(), points)));
         // The one is taken as it is, the other not at all.
         WindowBench b(4, 0, {{u"MainLeft"_s, u"-30000"_s}, {u"EEpTop"_s, u"somewhere"_s}});
         b.Start();

@@ -12,27 +12,54 @@
 
 #include "app/frmIndex.h"
 #include "app/japanese_texts.h"
+#include "link/frmCom.h"
+#include "tests/app/window_bench.h"
+#include "widgets/fonts.h"
 
 namespace tolvex {
 namespace {
 
 using namespace Qt::StringLiterals;
 
-/// The texts of all labels, sorted. None is cut, or lies outside the panel or on another.
-std::string Texts(QWidget& panel) {
-    panel.show();
+/// Whether `control` shows all of its text at its size.
+bool IsWhole(const QWidget& control, const QString& text) {
+    if (const auto* label = qobject_cast<const QLabel*>(&control)) {
+        const int height = label->heightForWidth(label->width());
+        const QSize needed = label->wordWrap() ? QSize(0, height) : label->sizeHint();
+        return label->size().expandedTo(needed) == label->size();
+    }
+    const QFontMetrics metrics = control.fontMetrics();
+    return metrics.horizontalAdvance(QString(text).remove(u'&')) + 4 <= control.width() &&
+           metrics.height() <= control.height();
+}
+
+/// The texts of all labels, buttons, boxes, lists and frames, sorted. None is cut, or lies outside
+/// the window or on another; only frames hold others, and the boxes stand in their labels' gaps.
+std::string Texts(QWidget& window) {
+    window.show();
     QApplication::processEvents();
     QStringList texts;
     QRegion taken;
-    for (const QLabel* label : panel.findChildren<QLabel*>()) {
-        const QRect place(label->mapTo(&panel, QPoint()), label->size());
-        const int height = label->heightForWidth(label->width());
-        const QSize needed = label->wordWrap() ? QSize(0, height) : label->sizeHint();
-        EXPECT_EQ(place.size().expandedTo(needed), place.size()) << qPrintable(label->text());
-        EXPECT_TRUE(panel.rect().contains(place)) << qPrintable(label->text());
-        EXPECT_FALSE(taken.intersects(place)) << qPrintable(label->text());
-        taken += place;
-        texts << label->text();
+    for (const QWidget* control : window.findChildren<QWidget*>()) {
+        const QRect place(control->mapTo(&window, QPoint()), control->size());
+        const auto text = [control](const char* name) {
+            return control->property(name).toString();
+        };
+        const bool isFrame = !text("title").isEmpty();
+        const QString shown = text("title") + text("currentText") + text("text");
+        const bool isLine = qobject_cast<const QLineEdit*>(control) != nullptr;
+        if (!control->isVisible() || (shown.isEmpty() && !isLine)) {
+            continue;
+        }
+        EXPECT_TRUE(IsWhole(*control, shown)) << qPrintable(shown);
+        EXPECT_TRUE(window.rect().contains(place)) << qPrintable(shown);
+        EXPECT_TRUE(control->parentWidget()->rect().contains(control->geometry()))
+            << qPrintable(shown);
+        if (!isFrame && !isLine) {
+            EXPECT_FALSE(taken.intersects(place)) << qPrintable(shown);
+            taken += place;
+        }
+        texts << shown;
     }
     texts.sort();
     return texts.join(u'|').toStdString();
@@ -46,14 +73,14 @@ TEST(Panels, SayWhatTheyShouldInAnyFontAndClose) {
         frmAbout about(nullptr, [&opened](const QUrl& page) { opened << page; });
         frmIndex board;
         // clang-format off
-        EXPECT_EQ(Texts(about), "|AT90Sシリーズ用シリアルISPライタのプログラミングソフトウエア|"
-            "MITライセンスで配布されているフリーソフトウエアです。|Tolvex|Version " TOLVEX_VERSION "|"
+        EXPECT_EQ(Texts(about), "AT90Sシリーズ用シリアルISPライタのプログラミングソフトウエア|"
+            "MITライセンスで配布されているフリーソフトウエアです。|Tolvex|Version " TOLVEX_VERSION "|サポートホームページへジャンプ|閉じる|"
             "ｻﾎﾟｰﾄﾍﾟｰｼﾞ : https://tolvex.example/support");
         EXPECT_EQ(Texts(board), " 4MHz  OSC|20pin|28pin Socket|"
             "28pinマイコンを使用するには、28ピンソケットを追加し、ボード上のコネクタCN1と結線する必要があります。"
             "XTAL1(9ピン)、XTAL2(10ピン)には、4MHzの発振子を取り付けてください。|40pin|8pin|"
             "8pinマイコンを使用するときは、上図、赤線部分の結線が必要です。|CN1|"
-            "GND\r\nRESET\r\nVDD\r\nSCK\r\nMISO\r\nMOSI|ZIP Socket|"
+            "GND\r\nRESET\r\nVDD\r\nSCK\r\nMISO\r\nMOSI|ZIP Socket|閉じる|"
             "２８pinマイコンを使用するときはファームウエアバージョンSW3.9以降が必要です。|"
             "８pin、２８pinマイコンを使用するときは、ボードの修正が必要です。");
         // clang-format on
@@ -64,6 +91,40 @@ TEST(Panels, SayWhatTheyShouldInAnyFontAndClose) {
         EXPECT_FALSE(about.isVisible() || board.isVisible());
     }
     QApplication::setFont(before);
+}
+
+TEST(Panels, SettingsAndPortDialogAreWhole) {
+    const QFont before = QApplication::font();
+    QApplication::setFont(WindowFont(QFont(before.family(), 14)));
+    testing::RunningBench b(7);
+    // clang-format off
+    EXPECT_EQ(Texts(*b.Child("frmSetting")->widget()),
+        "0|2.7V|64ms + 16K CK|AT90S4433|BOD ENABLE|BOD LEVEL|Buffer READ|Buffer WRITE|Disable|EEPROM|EEPROM メモリサイズ : 256 byte|"
+        "FF|FSTRT|Fuse|Lock|Lock/Fuse READ|Lock/Fuse WRITE|Lock/Fuse ビット|PCバッファメモリ修正|PROGRAM|"
+        "Programメモリサイズ : 2048 word|RCEN|Reset Delay|アドレス:        (Hex)|デ ー タ:        (Hex)|デバイス選択|"
+        "バッファ修正のみ。デバイスには書込みません。|プロテクトなし");
+    frmCom dialog(b.program.Bench().chip, {}, nullptr);
+    EXPECT_EQ(Texts(dialog), "CANCEL|COM1|OK|通信ポートを選んでください。");
+    // clang-format on
+    QApplication::setFont(before);
+}
+
+TEST(Frame, LeavesAGapInItsLineForTheCaption) {
+    QPalette colours;
+    colours.setColor(QPalette::Disabled, QPalette::Window, Qt::red);  // as in a dark theme
+    Frame frame(u"frame"_s, u"    "_s, nullptr);
+    frame.setPalette(colours);
+    frame.setEnabled(false);
+    frame.resize(200, 50);
+    QPixmap picture(frame.size());
+    picture.fill(Qt::blue);
+    frame.render(&picture, {}, {}, QWidget::DrawChildren);
+    const QImage image = picture.toImage();
+    const int line = Frame::kCaptionHeight / 2;
+    EXPECT_EQ(image.pixelColor(12, line), Qt::blue);
+    EXPECT_EQ(image.pixelColor(12, line - 3), Qt::blue);
+    EXPECT_EQ(image.pixelColor(2, line), image.pixelColor(150, line));
+    EXPECT_NE(image.pixelColor(2, line), Qt::blue);
 }
 
 TEST(JapaneseTexts, CoverWhatQtShows) {

@@ -35,6 +35,7 @@ TEST(FrmCom, PreselectsTheStoredPortAndStoresTheChosenOne) {
         EXPECT_EQ(b.settings.values[u"ComNox"_s], stored);
         EXPECT_EQ(b.bench.state.errorFlag.Failed(), failed);
     }
+    EXPECT_EQ(b.port.Calls().count(u"configure 4"_s), 2) << "to open it, and to detect";
 }
 
 }  // namespace
