@@ -3,6 +3,7 @@
 
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QToolTip>
 
 #include "base/settings.h"
 
@@ -68,6 +69,15 @@ void Place(QMdiSubWindow& window, const QRect& place) {
     window.setGeometry(place);
 }
 
+/// The whole of a caption that is cut, beneath the pointer.
+bool ShowCaption(const ListingWindow& listing, const QHelpEvent& help) {
+    const bool shows = listing.CaptionIsCut() && listing.CaptionRoom().contains(help.pos());
+    if (shows) {
+        QToolTip::showText(help.globalPos(), listing.Caption());
+    }
+    return shows;
+}
+
 }  // namespace
 
 void ChildWindows::AddSettingWindow(frmSetting* setting) {
@@ -77,6 +87,7 @@ void ChildWindows::AddSettingWindow(frmSetting* setting) {
     setting_->setWindowFlags(Qt::SubWindow | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                              Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
                              Qt::WindowCloseButtonHint);
+    setting_->setFixedSize(PixelsFromTwips(kSettingWidth), PixelsFromTwips(kSettingHeight));
     setting_->hide();
     setting_->installEventFilter(this);
 }
@@ -85,6 +96,12 @@ void ChildWindows::AddSettingWindow(frmSetting* setting) {
 /// operation would miss the writer's replies.
 bool ChildWindows::eventFilter(QObject* watched, QEvent* event) {
     auto* window = qobject_cast<QMdiSubWindow*>(watched);
+    if (event->type() == QEvent::ToolTip && window != nullptr) {
+        const auto* listing = qobject_cast<ListingWindow*>(window->widget());
+        if (listing != nullptr && ShowCaption(*listing, *static_cast<QHelpEvent*>(event))) {
+            return true;
+        }
+    }
     if (event->type() != QEvent::ContextMenu || window == nullptr) {
         return QObject::eventFilter(watched, event);
     }

@@ -5,12 +5,15 @@
 #include <QCloseEvent>
 #include <QDeadlineTimer>
 #include <QDropEvent>
+#include <QKeyEvent>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMimeData>
 #include <QUrl>
 #include <QWindow>
 #include <algorithm>
+
+#include "image/listing_window.h"
 
 #include "base/settings.h"
 
@@ -21,6 +24,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kCaptionPixels = 10;
+constexpr int kMenuTextPixels = 480;
 /// A window may come up unseen, and is then never exposed.
 constexpr std::chrono::milliseconds kLongestWaitForExposure(50);
 
@@ -86,6 +90,7 @@ void frmMain::BuildBars(std::span<const MenuRow> menus) {
     addToolBar(toolbar_);
     setStatusBar(statusBar_);
     statusBar_->show();  // puts its size grip where it belongs
+    menus_->WindowMenu()->setToolTipsVisible(true);
     connect(menus_->WindowMenu(), &QMenu::aboutToShow, this, &frmMain::ListWindows);
 }
 
@@ -127,7 +132,10 @@ void frmMain::ListWindows() {
         if (child->isHidden()) {
             continue;
         }
-        QString caption = child->windowTitle();
+        const auto* listing = qobject_cast<ListingWindow*>(child->widget());
+        const QString whole = listing != nullptr ? listing->Caption() : child->windowTitle();
+        QString caption = menu.fontMetrics().elidedText(whole, Qt::ElideMiddle, kMenuTextPixels);
+        const bool cut = caption != whole;
         caption.replace(u'&', u"&&"_s);
         QAction* action =
             menu.addAction(u"&%1 %2"_s.arg(++number).arg(caption), this, [this, child] {
@@ -140,6 +148,7 @@ void frmMain::ListWindows() {
                 area_->setActiveSubWindow(child);
             });
         action->setProperty("listed", true);
+        action->setToolTip(cut ? whole : QString());
         action->setCheckable(true);
         action->setChecked(child == area_->activeSubWindow());
     }
@@ -148,6 +157,14 @@ void frmMain::ListWindows() {
 void frmMain::closeEvent(QCloseEvent* event) {
     Q_EMIT Closing();
     event->accept();
+}
+
+void frmMain::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) {
+        Q_EMIT EscapePressed();
+    } else {
+        QMainWindow::keyPressEvent(event);
+    }
 }
 
 void frmMain::dragEnterEvent(QDragEnterEvent* event) {

@@ -31,7 +31,7 @@ class frmMain : public QMainWindow {
 
     /// Nothing while minimised.
     void StorePlace(Settings& settings) const;
-    /// While an operation runs, no button or menu item starts another and nothing can be dropped.
+    /// While an operation waits, no button or menu item starts another and nothing can be dropped.
     void SetBusy(bool busy);
 
     void SetStatusText(int panel, const QString& text) { statusBar_->SetPanelText(panel, text); }
@@ -39,11 +39,14 @@ class frmMain : public QMainWindow {
   Q_SIGNALS:
     /// The user closed the window; it can't be refused.
     void Closing();
+    /// Nothing that has the keyboard focus had a use for the key.
+    void EscapePressed();
     /// HEX files, as they were dragged; never empty.
     void FilesDropped(const QStringList& paths);
 
   protected:
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 

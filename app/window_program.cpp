@@ -27,14 +27,14 @@ WindowProgram::WindowProgram(const Parts& parts)
       window_(parts.settings),
       children_(window_.Area()),
       bench_({.port = parts.port,
-              .clock = parts.clock,
+              .clock = clock_,
               .settings = parts.settings,
               .folders = parts.folders,
               .ui = *this}) {}
 
 bool WindowProgram::Start() {
     window_.Appear(MenuRows());
-    if (parts_.clock.Ended()) {
+    if (clock_.Ended()) {
         return false;
     }
     BuildWindows();
@@ -43,11 +43,11 @@ bool WindowProgram::Start() {
     MDIForm_Load();
     window_.setWindowTitle(u"Tolvex "_s + product::VersionText());
     FillDeviceLists(bench_.chip);
-    if (!parts_.clock.Ended() && GetNumber(parts_.settings, keys::IndexComFlag) == 0) {
+    if (!clock_.Ended() && GetNumber(parts_.settings, keys::IndexComFlag) == 0) {
         RunAlone([this] { ShowPortDialog(); });
         SaveNumber(parts_.settings, keys::IndexComFlag, 1);
     }
-    return !parts_.clock.Ended();
+    return !clock_.Ended();
 }
 
 void WindowProgram::BuildWindows() {
@@ -79,6 +79,7 @@ void WindowProgram::ConnectBars() {
                                        : row->run(*this);
     });
     connect(&window_, &frmMain::Closing, this, &WindowProgram::ShutDown);
+    connect(&window_, &frmMain::EscapePressed, message_, &frmMsg::CloseLeftOver);
     // Queued, too: the program that the files are dragged from waits for the end of the drop.
     connect(
         &window_, &frmMain::FilesDropped, this,
@@ -112,31 +113,42 @@ void WindowProgram::ConnectSettingWindow() {
 void WindowProgram::RunAlone(const std::function<void()>& work) {
     if (!busy_) {
         busy_ = true;
-        SetBusy(true);
-        work();
-        SetBusy(false);
-        busy_ = false;
-    }
-}
-
-/// What runs is alone: nothing that could start a second exchange, or change the images, the lists
-/// or the failure flag under it, takes input until it has ended. Then all comes back, with the
-/// keyboard focus where it was.
-void WindowProgram::SetBusy(bool busy) {
-    if (busy) {
         focus_ = window_.focusWidget();
         while (QWidget* popup = QApplication::activePopupWidget()) {
             popup->hide();  // its items would still do what they say
         }
-    } else if (!parts_.clock.Ended()) {
-        EndReading();
-        QCoreApplication::processEvents();  // keys typed ahead meet disabled controls
+        message_->SetBusy(true);
+        work();
+        EndRun();
+        busy_ = false;
     }
-    window_.SetBusy(busy);
-    setting_->setEnabled(!busy);
-    message_->SetBusy(busy);
-    if (!busy) {
+}
+
+void WindowProgram::EndRun() {
+    if (!clock_.Ended()) {
+        EndReading();
+        if (waiting_) {
+            QCoreApplication::processEvents();  // keys typed ahead meet disabled controls
+        }
+    }
+    SetWaiting(false);
+    message_->SetBusy(false);
+}
+
+/// While what runs waits it is alone: nothing that could start a second exchange, or change the
+/// images, the lists or the failure flag under it, takes input until it has ended. Then all comes
+/// back, with the keyboard focus where it was.
+void WindowProgram::SetWaiting(bool waiting) {
+    if (waiting_ == waiting) {
+        return;
+    }
+    waiting_ = waiting;
+    window_.SetBusy(waiting);
+    setting_->setEnabled(!waiting);
+    if (!waiting) {
         GiveFocusBack();
+    } else if (window_.focusWidget() == nullptr) {
+        window_.setFocus();  // when the window is activated, Qt would look for some other place
     }
 }
 
@@ -147,8 +159,8 @@ bool WindowProgram::ContinueReading() {
         window_.SetStatusText(kMessagePanel, ReadingText());
         window_.setCursor(Qt::WaitCursor);
     }
-    parts_.clock.Yield(parts_.clock.Now());
-    return !parts_.clock.Ended();
+    clock_.Yield(clock_.Now());
+    return !clock_.Ended();
 }
 
 void WindowProgram::EndReading() {
@@ -180,7 +192,7 @@ void WindowProgram::MDIForm_Load() {
 }
 
 void WindowProgram::ShutDown() {
-    if (!parts_.clock.Ended()) {
+    if (!clock_.Ended()) {
         MDIForm_QueryUnload();
         MDIForm_Unload();
     }
@@ -201,7 +213,7 @@ void WindowProgram::MDIForm_Unload() {
     bench_.listings.Retire();
     window_.StorePlace(parts_.settings);
     bench_.connection.ClosePort();
-    parts_.clock.End();
+    clock_.End();
     if (message_ != nullptr) {
         message_->CloseMessage();
     }
@@ -209,29 +221,32 @@ void WindowProgram::MDIForm_Unload() {
     QApplication::quit();
 }
 
-void WindowProgram::SetStatusText(int panel, const QString& text, MessageKind) {
+void WindowProgram::SetStatusText(int panel, const QString& text, MessageKind kind) {
     window_.SetStatusText(panel, text);
+    if (panel == kMessagePanel && kind == MessageKind::Result && !message_->isVisible()) {
+        window_.Panels().AnnounceMessage();
+    }
 }
 
 // A chain that the shutdown found half-way can't bring the dialog back.
 void WindowProgram::ShowMessage(MessageKind kind, const QString& text) {
-    if (!parts_.clock.Ended()) {
+    if (!clock_.Ended()) {
         message_->ShowMessage(kind, text);
     }
 }
 
 void WindowProgram::SetProgress(bool on, double minimum, double value, double maximum) {
-    if (!parts_.clock.Ended()) {
+    if (!clock_.Ended()) {
         message_->SetProgress(on, minimum, value, maximum);
     }
 }
 
 void WindowProgram::SetFlashCaption(const QString& caption) {
-    children_.Program().setWindowTitle(caption);
+    children_.Program().SetCaption(caption);
 }
 
 void WindowProgram::SetEepromCaption(const QString& caption) {
-    children_.Eeprom().setWindowTitle(caption);
+    children_.Eeprom().SetCaption(caption);
 }
 
 FileDialogAnswer WindowProgram::AskOpenFile(const FileDialogRequest& request) {

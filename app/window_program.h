@@ -82,13 +82,32 @@ class WindowProgram : public QObject, private UserInterface {
     void sbStatusBar_PanelClick(int panel);
 
     void RunAlone(const std::function<void()>& work);
-    void SetBusy(bool busy);
+    void EndRun();
+    void SetWaiting(bool waiting);
     void GiveFocusBack();
     void EndReading();
     QPoint DialogPlace(QSize dialog) const;
     QStringList PortToolTips() const;
 
+    /// What runs alone waits by it. A wait serves the event loop, so it disables what may not
+    /// happen meanwhile. A modal dialog blocks the window itself: under it nothing is disabled.
+    class DisablingClock : public EventClock {
+      public:
+        explicit DisablingClock(WindowProgram& program) : program_(program) {}
+        Instant Now() const override { return program_.parts_.clock.Now(); }
+        void Yield(Instant deadline) override {
+            program_.SetWaiting(true);
+            program_.parts_.clock.Yield(deadline);
+        }
+        bool Ended() const override { return program_.parts_.clock.Ended(); }
+        void End() override { program_.parts_.clock.End(); }
+
+      private:
+        WindowProgram& program_;
+    };
+
     Parts parts_;
+    DisablingClock clock_{*this};
     frmMain window_;
     ChildWindows children_;
     // Built when the main window is up; its area and it itself own them.
@@ -96,6 +115,7 @@ class WindowProgram : public QObject, private UserInterface {
     frmMsg* message_ = nullptr;
     Workbench bench_;
     bool busy_ = false;                            ///< something runs alone
+    bool waiting_ = false;                         ///< and has served the event loop
     QPointer<QWidget> focus_;                      ///< of the window when it began
     std::optional<QString> messageBeforeReading_;  ///< while a long file is read
 };

@@ -121,6 +121,12 @@ void frmMsg::reject() {
     }
 }
 
+void frmMsg::CloseLeftOver() {
+    if (isVisible() && !busy_ && !HasButton()) {
+        CloseMessage();
+    }
+}
+
 void frmMsg::done(int result) {
     open_ = false;
     waiting_ = false;

@@ -33,6 +33,9 @@ class frmMsg : public QDialog {
     /// behind can.
     void SetBusy(bool busy) { busy_ = busy; }
 
+    /// Closes a progress display that a failed operation left.
+    void CloseLeftOver();
+
     /// Esc and the window manager's close.
     void reject() override;
     void done(int result) override;

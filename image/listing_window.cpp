@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "image/listing_window.h"
 
+#include <QApplication>
+#include <QMdiSubWindow>
 #include <QResizeEvent>
 #include <QScrollBar>
+#include <QStyleOptionTitleBar>
 
 #include "base/settings.h"
 #include "widgets/controls.h"
@@ -36,6 +39,7 @@ ListingLook Verify() {
 
 ListingWindow::ListingWindow(const ListingLook& look, QWidget* parent)
     : QWidget(parent),
+      caption_(look.caption),
       margin_(PixelsFromTwips(look.margin)),
       box_(new Undraggable<QPlainTextEdit>(this)) {
     setObjectName(QString::fromLatin1(look.window));
@@ -59,10 +63,9 @@ void ListingWindow::SetListing(const QString& text) {
     const int across = box_->horizontalScrollBar()->value();
     const int down = box_->verticalScrollBar()->value();
     const int cursor = box_->textCursor().position();
-    const bool focused = window()->focusWidget() == box_;
-    box_->hide();
+    box_->setUpdatesEnabled(false);  // hiding it would take the keyboard focus away
     box_->setPlainText(text);
-    box_->show();
+    box_->setUpdatesEnabled(true);
     if (box_->blockCount() == lines) {
         QTextCursor place = box_->textCursor();
         place.setPosition(std::min(cursor, box_->document()->characterCount() - 1));
@@ -70,14 +73,43 @@ void ListingWindow::SetListing(const QString& text) {
         box_->horizontalScrollBar()->setValue(across);
         box_->verticalScrollBar()->setValue(down);
     }
-    if (focused) {
-        box_->setFocus();  // hiding gave it away
-    }
 }
 
 void ListingWindow::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
     Form_Resize();
+    FitCaption();
+}
+
+void ListingWindow::SetCaption(const QString& caption) {
+    caption_ = caption;
+    FitCaption();
+    if (auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget())) {
+        frame->setAccessibleDescription(caption);
+    }
+}
+
+QRect ListingWindow::CaptionRoom() const {
+    auto* frame = qobject_cast<QMdiSubWindow*>(parentWidget());
+    if (frame == nullptr) {
+        return {};
+    }
+    QStyleOptionTitleBar bar;
+    bar.initFrom(frame);
+    bar.titleBarFlags = frame->windowFlags();
+    bar.titleBarState = frame->windowState();
+    bar.subControls = QStyle::SC_All;
+    bar.rect.setHeight(frame->style()->pixelMetric(QStyle::PM_TitleBarHeight, &bar, frame));
+    return frame->style()->subControlRect(QStyle::CC_TitleBar, &bar, QStyle::SC_TitleBarLabel,
+                                          frame);
+}
+
+void ListingWindow::FitCaption() {
+    const QFontMetrics metrics(QApplication::font("QMdiSubWindowTitleBar"));
+    const int room = CaptionRoom().width();
+    QString shown = room > 0 ? metrics.elidedText(caption_, Qt::ElideMiddle, room) : caption_;
+    isCut_ = shown != caption_;
+    setWindowTitle(shown.replace(u"[*]"_s, u"[*][*]"_s));  // once, it marks an unsaved document
 }
 
 void ListingWindow::Form_Resize() {

@@ -28,6 +28,14 @@ class ListingWindow : public QWidget {
   public:
     explicit ListingWindow(const ListingLook& look, QWidget* parent = nullptr);
 
+    /// A caption too long for the title bar is cut in the middle, so that a path keeps its file's
+    /// name.
+    void SetCaption(const QString& caption);
+    QString Caption() const { return caption_; }
+    /// Where the frame around the window shows the caption; empty without a frame.
+    QRect CaptionRoom() const;
+    bool CaptionIsCut() const { return isCut_; }
+
     /// Replaces the whole text. One of the same length stays scrolled to where it was.
     void SetListing(const QString& text);
 
@@ -37,6 +45,10 @@ class ListingWindow : public QWidget {
   private:
     void Form_Resize();
 
+    void FitCaption();
+
+    QString caption_;
+    bool isCut_ = false;
     int margin_;
     QPlainTextEdit* box_;
 };

@@ -80,11 +80,12 @@ TEST(ChildWindows, TheWindowMenuListsThem) {
         }
         return texts.join(u'|').toStdString();
     };
-    b.Child("frmProgram")->setWindowTitle(u"Program : a&b.hex"_s);
+    const QString path = u"Program : /"_s + u"long/"_s.repeated(30) + u"[*]/a&b.hex"_s;
+    b.program.Bench().ui.SetFlashCaption(u"Program : a[*]&b.hex"_s);
     b.Child("frmEEprom")->showMinimized();
     b.window.Area().setActiveSubWindow(b.Child("frmSetting"));
     EXPECT_EQ(listed(),
-              "&1 AVRシリーズISPプログラマ　設定ウインドウ *|&2 Program : a&&b.hex|"
+              "&1 AVRシリーズISPプログラマ　設定ウインドウ *|&2 Program : a[*]&&b.hex|"
               "&3 EEPROMデータメモリ");
     menu->actions().last()->trigger();
     EXPECT_FALSE(b.Child("frmEEprom")->isMinimized());
@@ -92,7 +93,16 @@ TEST(ChildWindows, TheWindowMenuListsThem) {
     Close(b.Child("frmEEprom"));
     menu->actions().last()->trigger();  // an assistive tool may press what is not shown any more
     b.Child("frmSetting")->close();
-    EXPECT_EQ(listed(), "&1 Program : a&&b.hex");
+    EXPECT_EQ(listed(), "&1 Program : a[*]&&b.hex");
+    EXPECT_EQ(b.Child("frmProgram")->windowTitle(), u"Program : a[*][*]&b.hex"_s);  // escaped
+    b.program.Bench().ui.SetFlashCaption(path);
+    EXPECT_EQ(b.Child("frmProgram")->accessibleDescription(), path);
+    listed();
+    const QAction& item = *menu->actions().last();
+    EXPECT_EQ(item.toolTip(), path);
+    for (const QString& shown : {item.text(), b.Child("frmProgram")->windowTitle()}) {
+        EXPECT_TRUE(shown.contains(u'…') && shown.endsWith(u"b.hex")) << qPrintable(shown);
+    }
 }
 
 TEST(ChildWindows, AListingStaysWhereItIsScrolledAndLeavesTheFocus) {
@@ -135,15 +145,14 @@ TEST(ChildWindows, TheDefaultLayoutShowsEverythingInAnyFont) {
         // The one is taken as it is, the other not at all.
         WindowBench b(4, 0, {{u"MainLeft"_s, u"-30000"_s}, {u"EEpTop"_s, u"somewhere"_s}});
         b.Start();
+        EXPECT_EQ(b.window.Area().activeSubWindow(), b.Child("frmProgram"));
+        EXPECT_EQ(b.Child("frmSetting")->minimumSize(), b.Child("frmSetting")->maximumSize());
         EXPECT_EQ(b.window.x(), -2000);
         EXPECT_EQ(b.Child("frmEEprom")->y(), 273);
         EXPECT_FALSE(b.window.Area().verticalScrollBar()->isVisible()) << points;
         EXPECT_FALSE(b.window.Area().horizontalScrollBar()->isVisible()) << points;
         EXPECT_FALSE(b.Find<QWidget>("qt_menubar_ext_button")->isVisible());
         EXPECT_FALSE(b.Find<QWidget>("qt_toolbar_ext_button")->isVisible());
-        for (const QLabel* label : b.Child("frmSetting")->widget()->findChildren<QLabel*>()) {
-            EXPECT_GE(label->width(), label->sizeHint().width()) << label->text().toStdString();
-        }
         b.Type("txtAddress", u"G"_s);
         const auto* message = b.Find<QDialog>("frmMsg");  // stands over the middle of the window
         const QWidget* inside = b.window.centralWidget();

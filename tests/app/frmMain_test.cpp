@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/frmMain.h"
 
+#include <QAccessible>
 #include <QDate>
 #include <QTest>
 
@@ -174,6 +175,8 @@ TEST(MainWindow, APanelThatBeginsWithComOpensThePortDialog) {
     auto* panel = b.Find<QWidget>("Panel5");
     QTest::mouseClick(b.Find<QWidget>("Panel1"), Qt::LeftButton);
     QTest::mouseClick(panel, Qt::RightButton);
+    QTest::mousePress(panel, Qt::LeftButton);
+    QTest::mouseRelease(panel, Qt::LeftButton, {}, QPoint(-9, 5));  // dragged off
     QApplication::processEvents();
     EXPECT_TRUE(b.dialogsSeen.isEmpty());
     QTest::mouseClick(panel, Qt::LeftButton);
@@ -185,6 +188,29 @@ TEST(MainWindow, APanelThatBeginsWithComOpensThePortDialog) {
     QTest::keyClick(panel, Qt::Key_Space);
     QApplication::processEvents();
     EXPECT_EQ(b.dialogsSeen.size(), 2);
+}
+
+TEST(MainWindow, EscClosesWhatAFailedOperationLeft) {
+    RunningBench b;
+    b.program.Bench().ui.ShowMessage(MessageKind::Progress, u"left"_s);
+    EXPECT_EQ(b.Message(), u"left"_s);
+    QTest::keyClick(b.Find<QWidget>("txtAddress"), Qt::Key_Escape);
+    EXPECT_EQ(b.Message(), QString());
+}
+
+TEST(MainWindow, ANarrowOneKeepsTheMessage) {
+    RunningBench b(3);
+    b.window.SetStatusText(2, u"AVR ISP SW:3.9 HW:1.0"_s);
+    QApplication::processEvents();
+    const auto width = [&b](const char* panel) { return b.Find<QWidget>(panel)->width(); };
+    const int writer = width("Panel2"), date = width("Panel4");
+    b.window.resize(420, 400);
+    QApplication::processEvents();
+    EXPECT_TRUE(width("Panel2") < writer && width("Panel4") < date);
+    EXPECT_GT(width("Panel1"), 200);
+    // It is read out when it is announced as shown.
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(b.Find<QWidget>("Panel1"))->role(),
+              QAccessible::Notification);
 }
 
 TEST(MainWindow, EveryPartIsReachedByKeyboard) {

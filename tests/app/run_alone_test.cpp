@@ -63,13 +63,24 @@ TEST(RunAlone, WhatRunsDisablesEverythingElseAndClosesMenus) {
 }
 
 TEST(RunAlone, TheFocusComesBackUnlessTheUserTookIt) {
-    // What has the focus, what the user clicks meanwhile, what has it afterwards, what runs.
-    const char* const cases[][4] = {{"Combo_device", "", "Combo_device", "Program"},
-                                    {"cmdFuseRead", "", "cmdFuseRead", "cmdFuseRead"},
-                                    {"Erase", "", "Erase", "Erase"},
-                                    {"Combo_device", "txtEEp", "txtEEp", "Read"}};
-    for (const auto& [focus, clicked, afterwards, action] : cases) {
+    // What has the focus, what the user clicks meanwhile, what has it afterwards, what runs, and
+    // the answer to a dialog under which nothing is disabled.
+    const char* const cases[][5] = {{"Combo_device", "", "Combo_device", "Program", ""},
+                                    {"cmdFuseRead", "", "cmdFuseRead", "cmdFuseRead", ""},
+                                    {"Erase", "", "Erase", "Erase", ""},
+                                    {"Combo_device", "txtEEp", "txtEEp", "Read", ""},
+                                    {"txtPrg", "", "txtPrg", "Read", ""},
+                                    {"txtAddress", "", "txtAddress", "ComSelect", "Command_ok"},
+                                    {"Program", "", "Program", "mmuCominucation", "Command_ok"},
+                                    {"txtAddress", "", "txtAddress", "mmuIndex", "Command1"}};
+    for (const auto& [focus, clicked, afterwards, action, answer] : cases) {
         RunningBench b(3);
+        b.window.activateWindow();
+        b.DuringDialog([&b](QWidget&) {
+            EXPECT_TRUE(b.Find<QWidget>("Program")->isEnabled() &&
+                        b.Item("mnuReLoad")->isEnabled());
+        });
+        b.AnswerDialogs(QString::fromUtf8(answer).split(u' ', Qt::SkipEmptyParts));
         b.Find<QWidget>(focus)->setFocus();
         b.clock.OnYield([&b, other = clicked] {
             if (*other != '\0') {
@@ -90,6 +101,7 @@ TEST(RunAlone, NothingBlocksTheEventLoop) {
     box->selectAll();
     QTest::mousePress(box->viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(20, 20));
     EXPECT_FALSE(box->textCursor().hasSelection());  // so that there is nothing to drag
+    EXPECT_FALSE(box->textCursor().atEnd()) << "the press has not reached the text";
     QTest::mouseRelease(box->viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(20, 20));
     for (const char* name : {"frmProgram", "frmSetting"}) {
         QMdiSubWindow* child = b.Child(name);

@@ -53,12 +53,14 @@ TEST_F(FrmMsgTest, OnlyAMessageOrALeftOverCanBeClosed) {
     dialog.ShowMessage(MessageKind::Progress, u"running"_s);
     dialog.reject();
     dialog.close();
+    dialog.CloseLeftOver();
     EXPECT_TRUE(dialog.isVisible());
     dialog.SetBusy(false);
     dialog.close();
     EXPECT_FALSE(dialog.isVisible());
     dialog.CloseMessage();
     dialog.ShowMessage(MessageKind::Result, u"done"_s);
+    dialog.CloseLeftOver();
     dialog.findChild<QPushButton*>()->click();
     EXPECT_FALSE(dialog.isVisible());
     dialog.SetProgress(true, 0, 1, 9);  // opens it anew, with nothing left of before
@@ -85,6 +87,10 @@ TEST_F(FrmMsgTest, TheLongestMessageIsWhole) {
     dialog.ShowMessage(MessageKind::Result, text);
     const auto* label = dialog.findChild<FittedLabel*>();
     EXPECT_EQ(dialog.size(), QSize(383, 120));
+    EXPECT_EQ(label->geometry(), QRect(6, 12, 361, 40));
+    EXPECT_EQ(label->alignment(), Qt::AlignCenter);
+    EXPECT_EQ(dialog.findChild<QPushButton*>()->geometry(), QRect(157, 63, 85, 22));
+    EXPECT_EQ(dialog.findChild<QProgressBar*>()->geometry(), QRect(12, 72, 352, 14));
     EXPECT_TRUE(label->toolTip().isEmpty());  // it would hold a text that had to be cut
     EXPECT_FALSE(label->WholeText().endsWith(u'\n'));
     for (const QString& spoken :
