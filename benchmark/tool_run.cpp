@@ -49,10 +49,10 @@ ToolRun RunTool(SerialPort& port, EventClock& clock, const ChipModel& model,
     PortFacts facts;
     facts.exists = true;
     facts.permitted = true;
-    const ExitStatus status =
-        RunCommandLine(QStringList{u"tolvex-cli"_s, u"--device"_s, model.name.toString()} + command,
-                       {port, [] { return QString(); }, clock, settings, comPorts, console,
-                        [] { return false; }, [facts](const QString&) { return facts; }});
+    const ExitStatus status = RunCommandLine(
+        QStringList{u"tolvex-cli"_s, u"--device"_s, model.name.toString()} + command,
+        {port, [] { return QString(); }, [] { return false; }, clock, settings, comPorts, console,
+         [] { return 0; }, [facts](const QString&) { return facts; }});
     return {status, QString::fromUtf8(words.data())};
 }
 
