@@ -90,12 +90,15 @@ class TroubledLine {
         exchange_ = 0;
         kept_.reset();
         chip_.WearOut(-1, -1);
-        ChipContents other = content_.Contents();
-        other.fuses = chip_.Contents().fuses;
-        other.lock = chip_.Contents().lock;
-        other.flash.fill('\x5A');
-        other.eeprom.fill('\x5A');
-        content_.SetContents(other);
+        for (SimulatedChip* chip : {&content_, &part_}) {
+            ChipContents other = chip->Contents();
+            other.fuses = chip_.Contents().fuses;
+            // A locked part is like any other.
+            other.lock = chip == &part_ ? 0xFF : chip_.Contents().lock;
+            other.flash.fill('\x5A');
+            other.eeprom.fill('\x5A');
+            chip->SetContents(other);
+        }
         board_.ClearFaults();
         board_.SetContact(Contact::Whole);
         board_.SetChip(&chip_);
@@ -103,6 +106,8 @@ class TroubledLine {
     }
     /// What the same part with another content holds now.
     const ChipContents& OtherChip() const { return content_.Contents(); }
+    /// Another part that was put in has been erased.
+    bool OtherPartErased() const { return !part_.Contents().eeprom.contains('\x5A'); }
 
     static constexpr int kWornFlash = 2, kWornEeprom = 1;  ///< cells; of a byte each
 
