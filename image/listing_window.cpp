@@ -99,9 +99,13 @@ QRect ListingWindow::CaptionRoom() const {
     bar.titleBarFlags = frame->windowFlags();
     bar.titleBarState = frame->windowState();
     bar.subControls = QStyle::SC_All;
-    bar.rect.setHeight(frame->style()->pixelMetric(QStyle::PM_TitleBarHeight, &bar, frame));
-    return frame->style()->subControlRect(QStyle::CC_TitleBar, &bar, QStyle::SC_TitleBarLabel,
-                                          frame);
+    constexpr int kBorder = 4;  // what Qt leaves around the title bar
+    const int height = frame->style()->pixelMetric(QStyle::PM_TitleBarHeight, &bar, frame);
+    bar.rect = QRect(kBorder, kBorder, frame->width() - 2 * kBorder, height);
+    // Less than the style says: Qt cuts what only just fits.
+    return frame->style()
+        ->subControlRect(QStyle::CC_TitleBar, &bar, QStyle::SC_TitleBarLabel, frame)
+        .adjusted(0, 0, -2 * kBorder, 0);
 }
 
 void ListingWindow::FitCaption() {
