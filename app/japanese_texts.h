@@ -6,7 +6,7 @@
 namespace tolvex {
 
 /// The texts that Qt brings along (file dialog, context menus, window menus) in Japanese, as long
-/// as this lives. Those that a person meets in this program stand in a table of its own, so that no
+/// as this lives. Those that a user meets in this program stand in a table of its own, so that no
 /// package has to be installed for them; Qt's Japanese catalogue adds the rest where there is one.
 /// Needs a QCoreApplication.
 class JapaneseTexts : public QTranslator {

@@ -23,7 +23,7 @@ enum MenuFlag {
 struct MenuRow {
     const char* name;
     QStringView caption;
-    int flags = 0;
+    int flags{};
     void (*run)(WindowProgram& program) = nullptr;
     QStringView shortcut = {};
 };

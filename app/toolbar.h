@@ -5,7 +5,7 @@
 
 namespace tolvex {
 
-/// The main window's toolbar: a button a chain of operations, known by its key.
+/// The main window's toolbar: a button for each sequence, known by its key.
 class Toolbar : public QToolBar {
     Q_OBJECT
 

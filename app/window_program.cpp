@@ -228,7 +228,7 @@ void WindowProgram::SetStatusText(int panel, const QString& text, MessageKind ki
     }
 }
 
-// A chain that the shutdown found half-way can't bring the dialog back.
+// An operation that the shutdown interrupted can't bring the dialog back.
 void WindowProgram::ShowMessage(MessageKind kind, const QString& text) {
     if (!clock_.Ended()) {
         message_->ShowMessage(kind, text);

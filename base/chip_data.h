@@ -15,10 +15,10 @@ using Signature = std::array<std::uint8_t, 3>;
 
 /// A row of the device catalogue.
 struct DeviceRecord {
-    QString name;                 ///< shown in the device list, and the look-up key
-    std::uint8_t deviceCode = 0;  ///< the writer's own chip class, sent after 'T'
-    std::int32_t flashWords = 0;  ///< 16-bit words
-    std::int32_t eepromBytes = 0;
+    QString name;               ///< shown in the device list, and the look-up key
+    std::uint8_t deviceCode{};  ///< the writer's own chip class, sent after 'T'
+    std::int32_t flashWords{};  ///< 16-bit words
+    std::int32_t eepromBytes{};
     FuseGroup fuseGroup = FuseGroup::LockOnly;
     Signature signature{};  ///< two rows may share one
 };

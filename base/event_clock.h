@@ -20,8 +20,8 @@ class EventClock {
     /// `deadline`, whichever comes first; it returns at once when `Ended()`.
     virtual void Yield(Instant deadline) = 0;
 
-    /// True once the program is shutting down: whoever waits gives up at once, so that a chain of
-    /// commands which the shutdown found half-way unwinds without delay.
+    /// True once the program is shutting down: every wait returns at once, so that an operation
+    /// which the shutdown interrupts ends without delay.
     virtual bool Ended() const = 0;
     /// The program shuts down.
     virtual void End() = 0;

@@ -54,7 +54,7 @@ class ChipRecord {
     bool Touched() const;
     /// What the chip holds of what was asked is not certain.
     bool Uncertain() const { return uncertain_ || !pending_.empty(); }
-    /// For a person, lines.
+    /// For the user, lines.
     QString Text() const;
     /// {"erased": true, "flashWords": ["0000-00FF"], "eepromBytes": [...], "uncertain": false},
     /// with "fuseByte" and "lockByte" if such were written.
@@ -81,8 +81,8 @@ class ChipRecord {
     bool lineLost_ = false;
     bool cutOff_ = false;  ///< the line broke once, and nobody knows what the writer waits for
     bool contactLost_ = false;
-    int timeOuts_ = 0;  ///< of late
-    int inTime_ = 0;    ///< replies since the last of them
+    int timeOuts_{};  ///< of late
+    int inTime_{};    ///< replies since the last of them
     std::optional<Outcome> firstFailure_ = {};
 
     bool programming_ = false;

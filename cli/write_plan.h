@@ -10,9 +10,9 @@ namespace tolvex {
 
 /// What programming writes into the chip.
 struct WritePlan {
-    int flashWords = 0;
-    int eepromBytes = 0;   ///< programmed, blank ones are not
-    int eepromExtent = 0;  ///< verified: up to the last used one
+    int flashWords{};
+    int eepromBytes{};   ///< programmed, blank ones are not
+    int eepromExtent{};  ///< verified: up to the last used one
 };
 
 WritePlan PlanFor(const ProgramState& state);

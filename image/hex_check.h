@@ -24,14 +24,14 @@ enum class HexFault {
 
 /// "noColon", for a machine.
 QStringView HexFaultName(HexFault fault);
-/// A sentence, for a person.
+/// A sentence, for the user.
 QStringView HexFaultText(HexFault fault);
 
 struct HexFinding {
     HexFault fault;
     int line;          ///< counted from 1; the last one for a missing end record
     int address = -1;  ///< the first byte concerned, base included; -1 = none
-    int more = 0;      ///< further lines with the same fault, which are not listed
+    int more{};        ///< further lines with the same fault, which are not listed
 };
 
 /// "12 行目: チェックサムが違います。"
@@ -43,9 +43,9 @@ inline constexpr int kListedOfAFault = 10;
 struct HexReport {
     bool readable = false;  ///< the file could be read to its end
     QList<HexFinding> findings;
-    int records = 0;      ///< data records
-    int goodRecords = 0;  ///< those of them without a fault
-    int bytes = 0;        ///< different addresses of the memory filled
+    int records{};      ///< data records
+    int goodRecords{};  ///< those of them without a fault
+    int bytes{};        ///< different addresses of the memory filled
     /// The reader takes every data byte of the file, as it stands there, to its place.
     bool lossless = true;
 

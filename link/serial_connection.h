@@ -25,7 +25,7 @@ struct Request {
     char letter;
     std::span<const std::uint8_t> arguments = {};
     std::size_t bytesPerWrite = 1;  ///< how many argument bytes go out in one write
-    double pauseSeconds = 0;        ///< between the letter and the arguments
+    double pauseSeconds{};          ///< between the letter and the arguments
     int need;                       ///< reply bytes to wait for
     std::chrono::seconds timeOut;
 };

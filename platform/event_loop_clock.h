@@ -20,8 +20,8 @@ namespace tolvex {
 ///
 /// Trap: while a handler waits, objects on which it called deleteLater() before or while waiting
 /// stay alive; the event loop deletes them only after that handler has returned. What handlers that
-/// run inside the wait delete later is gone with the next yield. So a chain of commands never sees
-/// its own objects vanish, but must not count on them being gone either: hide a window before
+/// run inside the wait delete later is gone with the next yield. So an operation never sees its own
+/// objects vanish, but must not count on them being gone either: hide a window before
 /// deleteLater().
 class EventLoopClock : public EventClock {
   public:
@@ -47,8 +47,8 @@ class EventLoopClock : public EventClock {
     Instant rest_{0};           ///< what the running yield asked for
     QObject context_;           ///< ends the connection to the event dispatcher
     bool ended_ = false;
-    int depth_ = 0;         ///< of the running yield; 0 = none
-    int resumedDepth_ = 0;  ///< of the yield under which a nested one ended last
+    int depth_{};         ///< of the running yield; 0 = none
+    int resumedDepth_{};  ///< of the yield under which a nested one ended last
 };
 
 }  // namespace tolvex
