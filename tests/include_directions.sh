@@ -9,6 +9,7 @@ cd "$(dirname "$0")/.."
 # in this list, or single headers of them (the face of a folder that it must not know more of).
 house='base
 widgets
+packaging/win32
 writer              base/stop_signals.h
 platform            base
 port                base

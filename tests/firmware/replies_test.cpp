@@ -125,8 +125,8 @@ TEST(FirmwareReplies, EndWhenThePcGoesAwayOrTheFirmwareGetsStuck) {
     EXPECT_TRUE(real.board.ChipIsReleased()) << "by the watchdog";
 }
 
-/// Three seconds of commands as fast as the line brings them. The simulated UART takes 11 bits' time
-/// for a byte.
+/// Three seconds of commands as fast as the line brings them. The simulated UART takes 11 bits'
+/// time for a byte.
 TEST(FirmwareReplies, SurviveAStreamWithoutAPause) {
     constexpr int kCount = 1800;
     SimulatedChip chip(*FindChipModel(u"AT90S2313"));
