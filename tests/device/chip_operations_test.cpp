@@ -85,28 +85,6 @@ TEST(VerifyOperation, ReportsEveryDifferingCell) {
     EXPECT_EQ(b.user.message, u"ベリファイ　FLASH : NG / EEPROM : NG"_s);
 }
 
-TEST(ReadOperation, FillsTheImagesAndLeavesTheRest) {
-    TestBench b(2);
-    b.FillImages(9);
-    b.chip->SetContents({b.FlashOfImages(), b.EepromOfImages(), 0xFF, 0xFF});
-    b.bench.state.images = {};
-    b.bench.state.images.flash[2048] = 0x77;
-    b.bench.state.images.eeprom[128] = 0x66;
-    EXPECT_TRUE(b.Press(u"Read"_s));
-    EXPECT_EQ(b.FlashOfImages(), b.chip->Contents().flash);
-    EXPECT_EQ(b.EepromOfImages(), b.chip->Contents().eeprom);
-    EXPECT_EQ(b.bench.state.images.flash[2048], 0x77);
-    EXPECT_EQ(b.bench.state.images.eeprom[128], 0x66);
-}
-
-TEST(ReadOperation, ASilentWordEndsItWhereItStands) {
-    TestBench b;
-    b.board.SetLetterFault('R', FaultKind::Silent, 101);
-    EXPECT_FALSE(b.Press(u"Read"_s));
-    EXPECT_EQ(b.Wire().count(u"R"_s), 101);
-    EXPECT_EQ(b.Wire().last(), u"R"_s) << "programming mode stays";
-}
-
 TEST(ToolbarSequences, AListingThatCannotBeWrittenEndsTheChainAndIsTold) {
     const std::pair<QString, QString> cases[] = {
         {u"Program"_s, u"avrhex.txt"_s}, {u"Program"_s, u"avrvfy.txt"_s},

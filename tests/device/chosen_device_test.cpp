@@ -132,21 +132,6 @@ TEST(DeviceCheck, JudgesTheSizeCode) {
     }
 }
 
-TEST(DeviceCheck, LetsAnotherSizePassWhenToldAndNoFailedCommand) {
-    TestBench b;
-    ASSERT_TRUE(WriterCheck(b.bench.chip));
-    for (const char letter : {'P', 'L'}) {
-        b.bench.state.errorFlag.Clear();
-        b.board.SetLetterFault(letter, FaultKind::Wrong);
-        EXPECT_EQ(CheckDevice(b.bench.chip).verdict, ChipVerdict::CommandFailed);
-        b.board.ClearFaults();
-    }
-    SelectDevice(b.bench.chip, 2);
-    b.bench.chip.tolerateMismatch = true;
-    EXPECT_TRUE(CheckDevice(b.bench.chip).Passed());
-    EXPECT_EQ(b.user.message, kMismatch);
-}
-
 TEST(FuseEncoding, LockBitsThatNoEntryStandsForLeaveTheList) {
     const std::tuple<FuseGroup, std::uint8_t, int> cases[] = {
         {FuseGroup::FSTRT, 0x3F, 0},     {FuseGroup::RCEN, 0x41, 1},
@@ -191,15 +176,6 @@ TEST(LockFuseBits, GoesOverTheWireFusesFirstAndComesBack) {
             EXPECT_EQ(b.bench.state.options, written) << c.device;
             EXPECT_EQ(b.user.shownOptions, written) << c.device;
         }
-    }
-}
-
-TEST(LockFuseBits, AChipThatFailsItsCheckIsLeftAlone) {
-    for (const QString& button : {u"FuseRead"_s, u"FuseWrite"_s}) {
-        TestBench b(4);
-        b.chip->ProgramLock(0xF9);  // which makes it tell no signature
-        EXPECT_FALSE(b.Press(button));
-        EXPECT_EQ(b.Wire().join(u','), u"S,V,v,T 22 00,P,s,s,s,s,s,L"_s) << button.toStdString();
     }
 }
 

@@ -128,15 +128,6 @@ TEST(WriterCommands, TheShutdownEndsEveryWaitAtOnce) {
     EXPECT_FALSE(b.bench.connection.OpenPort());
 }
 
-TEST(WriterCommands, ALineThatBreaksIsNoTimeOutAndAClosedPortGetsNothing) {
-    OpenBench b;
-    b.board.SetLetterFault('d', FaultKind::HangUp);
-    EXPECT_EQ(b.writer.ReadDataByte(b.low), Outcome::LineLost);
-    EXPECT_EQ(b.writer.ReadDataByte(b.low), Outcome::NotSent);
-    EXPECT_LT(b.clock.Now(), 1s);
-    EXPECT_EQ(b.user.failures.count(kNoReply + u"Read Data Memory d"_s), 2);
-}
-
 TEST(WriterCommands, HooksHoldCommandsBackAndHearHowEachLetterEnded) {
     TestBench b;
     QStringList heard;
