@@ -70,6 +70,7 @@ TEST(RunAlone, TheFocusComesBackUnlessTheUserTookIt) {
                                     {"Erase", "", "Erase", "Erase", ""},
                                     {"Combo_device", "txtEEp", "txtEEp", "Read", ""},
                                     {"txtPrg", "", "txtPrg", "Read", ""},
+                                    {"txtAddress", "another window", "txtAddress", "Read", ""},
                                     {"txtAddress", "", "txtAddress", "ComSelect", "Command_ok"},
                                     {"Program", "", "Program", "mmuCominucation", "Command_ok"},
                                     {"txtAddress", "", "txtAddress", "mmuIndex", "Command1"}};
@@ -83,8 +84,15 @@ TEST(RunAlone, TheFocusComesBackUnlessTheUserTookIt) {
         b.AnswerDialogs(QString::fromUtf8(answer).split(u' ', Qt::SkipEmptyParts));
         b.Find<QWidget>(focus)->setFocus();
         b.clock.OnYield([&b, other = clicked] {
-            if (*other != '\0') {
-                b.Find<QWidget>(other)->setFocus();
+            if (auto* widget = b.Find<QWidget>(other); *other != '\0' && widget != nullptr) {
+                widget->setFocus();
+            } else if (*other != '\0') {
+                QWidget window;
+                window.show();
+                window.activateWindow();
+                QApplication::processEvents();
+                b.window.activateWindow();
+                QApplication::processEvents();
             }
         });
         b.Click(action);

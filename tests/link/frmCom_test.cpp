@@ -19,6 +19,7 @@ TEST(FrmCom, PreselectsTheStoredPortAndStoresTheChosenOne) {
     b.settings.values[u"ComNox"_s] = u"7"_s;
     frmCom dialog(b.bench.chip, {}, nullptr);
     auto* list = dialog.findChild<QComboBox*>(u"Combo_com"_s);
+    EXPECT_TRUE(b.port.Calls().contains(u"configure 7"_s));
     EXPECT_EQ(list->count(), 21);
     EXPECT_EQ(list->currentText(), u"COM7"_s);
     const std::tuple<const char*, QString, bool, QString, bool> steps[] = {
