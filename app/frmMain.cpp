@@ -13,9 +13,8 @@
 #include <QWindow>
 #include <algorithm>
 
-#include "image/listing_window.h"
-
 #include "base/settings.h"
+#include "image/listing_window.h"
 
 namespace tolvex {
 

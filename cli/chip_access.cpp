@@ -61,10 +61,10 @@ ChipReading ChipAccess::Look(double settleSeconds) {
     if (!entered || !read || !left) {
         return {};
     }
-    const std::uint8_t size = look.signature[1];
+    const std::uint8_t sizeCode = look.signature[1];
     look.verdict = look.signature == Device().signature ? ChipVerdict::Accepted
-                   : size <= kLockedSignature[1]        ? ChipVerdict::Locked
-                   : size == kErased                    ? ChipVerdict::EmptySocket
+                   : sizeCode <= kLockedSignature[1]    ? ChipVerdict::Locked
+                   : sizeCode == kErased                ? ChipVerdict::EmptySocket
                                                         : ChipVerdict::Mismatch;
     return look;
 }

@@ -109,11 +109,6 @@ void PutBack(const std::vector<std::pair<QString, std::optional<QByteArray>>>& f
     }
 }
 
-Failure Exists(const QString& path) {
-    return {cause::FileExists,
-            u"ファイルが既にあります。--overwrite で置き換えます: %1"_s.arg(path)};
-}
-
 bool Commit(QFileDevice& file) {
     auto* const safe = qobject_cast<QSaveFile*>(&file);
     return safe ? safe->commit() : file.flush();
@@ -233,7 +228,7 @@ Status RequirePlaces(const ImageFiles& files, bool replace) {
         const QFileInfo file(path.value_or(kStandard.toString()));
         const QFileInfo folder(file.absolutePath());
         if (path && file.isFile() && !replace) {
-            return Exists(*path);
+            return FileExistsFailure(*path);
         }
         const bool stream = path == kStandard || (file.exists() && !file.isFile() && !file.isDir());
         if (path && !stream && (file.isDir() || !folder.isDir() || !folder.isWritable())) {
@@ -279,7 +274,7 @@ Status SaveImages(Session& session, const ImageFiles& files, const MemoryImages&
         const bool existed = QFileInfo(path).isFile() && old.open(QIODevice::ReadOnly);
         if (existed && !replace) {
             PutBack(before);
-            return Exists(path);
+            return FileExistsFailure(path);
         }
         before.emplace_back(path, existed ? std::optional(old.readAll()) : std::nullopt);
         old.close();

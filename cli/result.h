@@ -67,6 +67,12 @@ struct Failure {
     std::optional<QString> fix = {};  ///< a shell command that removes the cause
 };
 
+/// A file that would be replaced only with --overwrite.
+inline Failure FileExistsFailure(const QString& path) {
+    return {cause::FileExists,
+            QStringLiteral("ファイルが既にあります。--overwrite で置き換えます: %1").arg(path)};
+}
+
 /// What a step that can fail returns: its failure, or nothing when it is done. The caller returns
 /// early: `if (const Status failed = Step()) { return failed; }`
 using Status = std::optional<Failure>;

@@ -74,8 +74,7 @@ Status Session::OpenTrace() {
         return {};
     }
     if (QFileInfo(*trace_).isFile() && !replaceTrace_) {
-        return Failure{cause::FileExists,
-                       u"ファイルが既にあります。--overwrite で置き換えます: %1"_s.arg(*trace_)};
+        return FileExistsFailure(*trace_);
     }
     if (!line_.TraceTo(*trace_)) {
         return Failure{cause::FileNotWritten, u"ファイルを書けません: %1"_s.arg(*trace_)};

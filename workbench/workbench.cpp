@@ -33,21 +33,29 @@ void ClearBuffers(Workbench& bench, SequenceResult& result) {
     Finish(bench, result, updated, u"バッファーをクリアしました。"_s);
 }
 
-}  // namespace
-
-SequenceResult ProgramSequence(Workbench& bench) {
-    const QString finished = u"プログラム終了しました。"_s;
+/// Tells the user about the chip as it was found. The erase runs all the same: it is what frees a
+/// locked chip. A proven chip is known, and need not answer outside programming mode.
+SequenceResult DetectAndErase(Workbench& bench) {
     SequenceResult result;
     result.detection = WriterCheck(bench.chip);
     if (!result.detection) {
         return result;
     }
-    // Tells the user about the chip as it was found. The erase runs all the same: it is what frees
-    // a locked chip. Outside programming mode many a chip does not answer; a proven one is known.
     if (!bench.chip.provenSignature) {
         result.chip = CheckSignature(bench.chip);
     }
     result.erase = EraseChip(bench.chip);
+    return result;
+}
+
+}  // namespace
+
+SequenceResult ProgramSequence(Workbench& bench) {
+    const QString finished = u"プログラム終了しました。"_s;
+    SequenceResult result = DetectAndErase(bench);
+    if (!result.erase) {
+        return result;
+    }
     if (!result.erase->listingsUpdated) {
         Finish(bench, result, false, finished);
         return result;
@@ -82,16 +90,8 @@ SequenceResult VerifySequence(Workbench& bench) {
 }
 
 SequenceResult EraseSequence(Workbench& bench) {
-    SequenceResult result;
-    result.detection = WriterCheck(bench.chip);
-    if (!result.detection) {
-        return result;
-    }
-    if (!bench.chip.provenSignature) {
-        result.chip = CheckSignature(bench.chip);
-    }
-    result.erase = EraseChip(bench.chip);
-    if (result.erase->listingsUpdated && !result.erase->succeeded) {
+    SequenceResult result = DetectAndErase(bench);
+    if (!result.erase || (result.erase->listingsUpdated && !result.erase->succeeded)) {
         return result;
     }
     if (result.erase->listingsUpdated) {
