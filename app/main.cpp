@@ -2,9 +2,11 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QSocketNotifier>
+#include <optional>
 
 #include "app/desktop.h"
 #include "app/japanese_texts.h"
+#include "base/language.h"
 #include "base/stop_signals.h"
 #include "platform/program_start.h"
 #include "widgets/fonts.h"
@@ -45,13 +47,18 @@ int main(int, char** argv) {
     QApplication application(count, name);
     QApplication::setApplicationName(QStringLiteral("Tolvex"));
     QApplication::setFont(WindowFont());
-    const JapaneseTexts japanese;
+    const Language language = WindowLanguage(SettingsFile(SettingsPath()));
+    const auto texts = InstallTexts(language);
+    std::optional<JapaneseTexts> qtTexts;
+    if (language == Language::Japanese) {
+        qtTexts.emplace();
+    }
 
     const SingleInstance instance(InstanceLockPath());
     if (!instance.IsFirst()) {
         return 0;
     }
-    if (!JapaneseFontFound()) {
+    if (language == Language::Japanese && !JapaneseFontFound()) {
         TellHowToGetAFont();
     }
     const AppDir folders = EnterProgramFolder();

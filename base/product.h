@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include "base/text.h"
+
 /// What the program says of itself. The version numbers come from the build.
 namespace tolvex::product {
 
@@ -19,7 +21,7 @@ inline QString VersionText() {
 }
 
 inline QString Description() {
-    return QStringLiteral("AT90Sシリーズ用シリアルISPライタのプログラミングソフトウエア");
+    return Text::tr("AT90Sシリーズ用シリアルISPライタのプログラミングソフトウエア");
 }
 
 inline QString SupportAddress() {
@@ -27,11 +29,11 @@ inline QString SupportAddress() {
 }
 
 inline QString Comments() {
-    return QStringLiteral("ｻﾎﾟｰﾄﾍﾟｰｼﾞ : ") + SupportAddress();
+    return Text::tr("ｻﾎﾟｰﾄﾍﾟｰｼﾞ : %1").arg(SupportAddress());
 }
 
 inline QString LicenseNote() {
-    return QStringLiteral("MITライセンスで配布されているフリーソフトウエアです。");
+    return Text::tr("MITライセンスで配布されているフリーソフトウエアです。");
 }
 
 }  // namespace tolvex::product

@@ -73,6 +73,8 @@ inline constexpr NumberKey ComNoxChosen{"ComNox", 0, 0, 20};
 inline constexpr NumberKey Device{"device", 0, 0, 255};
 inline constexpr char OpenDir[] = "OPEN_DIR";
 inline constexpr char SaveDir[] = "SAVE_DIR";
+/// Of the window: "en" or "ja".
+inline constexpr char Language[] = "Language";
 }  // namespace keys
 
 /// The stored number, or the key's default when it is missing, no number, or out of range.

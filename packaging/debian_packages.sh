@@ -49,7 +49,8 @@ tell_progress() {
 
 need_build_packages() {
     need_packages "to build Tolvex" \
-        g++ cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-svg-dev libgl-dev libgtest-dev scdoc
+        g++ cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-svg-dev qt6-l10n-tools \
+        libgl-dev libgtest-dev scdoc
     need_icon_plugin
 }
 

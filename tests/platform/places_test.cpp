@@ -6,8 +6,11 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <memory>
 
+#include "base/language.h"
+#include "base/product.h"
 #include "base/settings.h"
 #include "platform/program_start.h"
 #include "platform/settings_file.h"
@@ -63,6 +66,43 @@ TEST(SettingsKeys, DamagedValuesReadAsTheDefault) {
         settings.values[QString::fromLatin1(key.name)] = stored;
         EXPECT_EQ(GetNumber(settings, key), read) << key.name;
     }
+}
+
+TEST(Language, IsTheOneThatWasAskedForFirst) {
+    using enum Language;
+    struct {
+        QByteArray asked, all, messages, lang;
+        QString stored;
+        Language window, terminal;
+    } const cases[] = {
+        {"", "", "", "", u""_s, Japanese, English},
+        {"", "", "", "ja_JP.UTF-8", u"en"_s, English, Japanese},
+        {"en", "ja_JP", "", "", u"ja"_s, English, English},
+        {"ja", "C", "", "", u"en"_s, Japanese, Japanese},
+        {"de", "", "ja", "C", u"xx"_s, Japanese, Japanese},
+        {"", "C", "ja", "ja", u"ja"_s, Japanese, English},
+    };
+    const char* const names[] = {"TOLVEX_LANGUAGE", "LC_ALL", "LC_MESSAGES", "LANG"};
+    QByteArray before[4];
+    std::ranges::transform(names, before, [](const char* name) { return qgetenv(name); });
+    for (const auto& c : cases) {
+        const QByteArray values[] = {c.asked, c.all, c.messages, c.lang};
+        for (int i = 0; i < 4; ++i) {
+            qputenv(names[i], values[i]);
+        }
+        testing::MemorySettings settings;
+        settings.values[QString::fromLatin1(keys::Language)] = c.stored;
+        EXPECT_EQ(WindowLanguage(settings), c.window) << c.asked.constData() << c.lang.constData();
+        EXPECT_EQ(TerminalLanguage(), c.terminal) << c.asked.constData() << c.lang.constData();
+    }
+    for (int i = 0; i < 4; ++i) {
+        before[i].isNull() ? qunsetenv(names[i]) : qputenv(names[i], before[i]);
+    }
+    {
+        const auto texts = InstallTexts(English);
+        EXPECT_EQ(product::LicenseNote(), u"Free software under the MIT licence."_s);
+    }
+    EXPECT_TRUE(product::LicenseNote().startsWith(u"MITライセンス"));
 }
 
 TEST(SettingsFile, EveryTextComesBackExactlyAndDamageReadsAsTheDefault) {
