@@ -23,12 +23,9 @@ foreach(companion IN ITEMS tolvex.hlp samples)
   install_link(${home} ${companion} ${shared}/${companion})
 endforeach()
 
-install(FILES ${CMAKE_SOURCE_DIR}/docs/cli.md DESTINATION ${doc})
-
 # The writer that anyone can build: its page with the pictures, and its firmware where that was built.
-set(docs ${CMAKE_SOURCE_DIR}/docs)
-install(FILES ${docs}/build-a-writer.md ${docs}/build-a-writer.svg DESTINATION ${doc})
-install(FILES ${docs}/pictures/record.svg DESTINATION ${doc}/pictures)
+install(FILES ${pages} DESTINATION ${doc})
+install(FILES ${CMAKE_SOURCE_DIR}/docs/pictures/record.svg DESTINATION ${doc}/pictures)
 if(TARGET firmware)
   install(FILES ${CMAKE_BINARY_DIR}/firmware/tolvex_writer.hex DESTINATION ${shared})
   install_link(${home} tolvex_writer.hex ${shared}/tolvex_writer.hex)

@@ -21,9 +21,7 @@ describe_program(tolvex-open "Opens a file with Tolvex")
 install(TARGETS tolvex tolvex-cli tolvex-open RUNTIME DESTINATION .)
 install(FILES ${manual} DESTINATION . RENAME tolvex.hlp)
 install(FILES ${samples} DESTINATION samples)
-install(FILES ${CMAKE_SOURCE_DIR}/docs/manual.md ${CMAKE_SOURCE_DIR}/docs/cli.md
-  ${CMAKE_SOURCE_DIR}/docs/build-a-writer.md ${CMAKE_SOURCE_DIR}/docs/build-a-writer.svg
-  DESTINATION docs)
+install(FILES ${CMAKE_SOURCE_DIR}/docs/manual.md ${pages} DESTINATION docs)
 install(FILES ${CMAKE_SOURCE_DIR}/LICENSE DESTINATION . RENAME LICENSE.txt)
 if(TARGET firmware)
   install(FILES ${CMAKE_BINARY_DIR}/firmware/tolvex_writer.hex DESTINATION firmware)

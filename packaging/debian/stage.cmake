@@ -21,7 +21,7 @@ file(COPY ${CMAKE_CURRENT_LIST_DIR}/changelog ${CMAKE_CURRENT_LIST_DIR}/copyrigh
 file(COPY ${CMAKE_CURRENT_LIST_DIR}/lintian-overrides DESTINATION ${tree}/share/lintian/overrides
   ${mode})
 file(RENAME ${tree}/share/lintian/overrides/lintian-overrides ${tree}/share/lintian/overrides/tolvex)
-file(GLOB pages ${tree}/share/man/man1/*.1)
+file(GLOB pages ${tree}/share/man/man1/*.1 ${tree}/share/man/*/man1/*.1)
 if(NOT pages)
   message(FATAL_ERROR "There are no manual pages: scdoc was missing when the build was configured.")
 endif()
