@@ -28,6 +28,10 @@ Instant Now() {
     return std::chrono::steady_clock::now().time_since_epoch();
 }
 
+/// A board whose time the computer can't keep up with runs slower; it does not fall behind for
+/// good.
+constexpr std::chrono::milliseconds kLongestRun{50};
+
 /// Until bytes come at `descriptor`, a signal asks for the end, or the time is up; no time = for
 /// ever. True when there are bytes.
 bool Wait(int descriptor, std::optional<Instant> time) {
@@ -114,10 +118,15 @@ std::optional<QString> BoardProgram::OpenTerminal() {
 std::optional<QString> BoardProgram::Serve(Board& board, QFile* log) {
     while (StopSignal() == 0 && !board.Failure() && !board.Ended()) {
         const auto due = board.NextDue();
-        if (Wait(terminal_.Descriptor(), due ? std::optional(*due - Now()) : std::nullopt)) {
-            board.Send(terminal_.Read(), Now() - std::exchange(lag_, Instant::zero()));
+        if (Wait(terminal_.Descriptor(),
+                 due ? std::optional(*due + lost_ - Now()) : std::nullopt)) {
+            board.Send(terminal_.Read(), Now() - lost_ - std::exchange(lag_, Instant::zero()));
         }
-        const Board::Events events = board.Run(Now());
+        const Instant start = Now();
+        const Board::Events events = board.Run(start - lost_);
+        if (const Instant took = Now() - start; took > kLongestRun) {
+            lost_ += took;
+        }
         for (const BoardReply& command : events.commands) {
             if (log) {
                 log->write(command.LogLine().toUtf8() + '\n');
@@ -125,7 +134,7 @@ std::optional<QString> BoardProgram::Serve(Board& board, QFile* log) {
         }
         if (!events.bytes.isEmpty()) {
             terminal_.Write(events.bytes);
-            lag_ = Now() - events.lastByte;
+            lag_ = Now() - lost_ - events.lastByte;
         }
         if (events.hangUp) {
             // The far end goes away for whoever has the terminal open, and is plugged in again.
@@ -149,7 +158,7 @@ void BoardProgram::AwaitLastClient(Board& board) {
             if (bytes.isEmpty()) {
                 return;
             }
-            board.Send(bytes, Now());
+            board.Send(bytes, Now() - lost_);
         }
     }
 }

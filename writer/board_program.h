@@ -47,6 +47,7 @@ class BoardProgram {
     // How late the last reply went out. Whoever waited for it sends the next command that much
     // later than over a real wire, so the command counts as sent that much earlier.
     Board::Instant lag_{0};
+    Board::Instant lost_{0};  // the computer's time in which the board's stood still
     std::optional<SimulatedChip> chip_;
     PseudoTerminal terminal_;
     TerminalLink link_;
