@@ -11,32 +11,10 @@ namespace tolvex {
 
 namespace {
 
-/// The geometry keys of a child window.
-struct GeometryKeys {
-    NumberKey left, top, width, height;
-};
-
-constexpr GeometryKeys kProgramKeys{keys::PgmLeft, keys::PgmTop, keys::PgmWidth, keys::PgmHeight};
-constexpr GeometryKeys kEepromKeys{keys::EEpLeft, keys::EEpTop, keys::EEpWidth, keys::EEpHeight};
 /// Wide enough for the report's longest line.
 const QRect kVerifyPlace(20, 20, 560, 300);
 constexpr double kSettingWidth = 4100;
 constexpr double kSettingHeight = 6050;
-
-QRect Pixels(double left, double top, double width, double height) {
-    return {PixelsFromTwips(left), PixelsFromTwips(top), PixelsFromTwips(width),
-            PixelsFromTwips(height)};
-}
-
-QRect DefaultPlace(const GeometryKeys& of) {
-    return Pixels(of.left.defaultValue, of.top.defaultValue, of.width.defaultValue,
-                  of.height.defaultValue);
-}
-
-QRect StoredPlace(const Settings& settings, const GeometryKeys& of) {
-    return Pixels(GetNumber(settings, of.left), GetNumber(settings, of.top),
-                  GetNumber(settings, of.width), GetNumber(settings, of.height));
-}
 
 /// A minimised window knows its place only once it is a normal one again.
 QRect NormalPlace(QMdiSubWindow& window) {
@@ -51,15 +29,11 @@ QRect NormalPlace(QMdiSubWindow& window) {
     return place;
 }
 
-void StorePlace(Settings& settings, const GeometryKeys& of, QMdiSubWindow* window) {
+void StorePlace(Settings& settings, const PlaceKeys& of, QMdiSubWindow* window) {
     if (window == nullptr || window->isHidden()) {
         return;
     }
-    const QRect place = NormalPlace(*window);
-    SaveNumber(settings, of.left, TwipsFromPixels(place.x()));
-    SaveNumber(settings, of.top, TwipsFromPixels(place.y()));
-    SaveNumber(settings, of.width, TwipsFromPixels(place.width()));
-    SaveNumber(settings, of.height, TwipsFromPixels(place.height()));
+    SavePlace(settings, of, NormalPlace(*window));
 }
 
 /// A minimised or maximised window can't be placed; it becomes a normal one first.
@@ -132,26 +106,27 @@ ListingWindow& ChildWindows::Listing(Child& child, const ListingLook& look, cons
 }
 
 ListingWindow& ChildWindows::Program() {
-    return Listing(program_, listing_looks::Program(), DefaultPlace(kProgramKeys));
+    return Listing(program_, listing_looks::Program(), DefaultPlace(keys::PgmPlace));
 }
 
 ListingWindow& ChildWindows::Eeprom() {
-    return Listing(eeprom_, listing_looks::Eeprom(), DefaultPlace(kEepromKeys));
+    return Listing(eeprom_, listing_looks::Eeprom(), DefaultPlace(keys::EEpPlace));
 }
 
 void ChildWindows::ShowAll(const Settings& settings) {
     Program();
-    Place(*program_, StoredPlace(settings, kProgramKeys));
+    Place(*program_, GetPlace(settings, keys::PgmPlace));
     Eeprom();
-    Place(*eeprom_, StoredPlace(settings, kEepromKeys));
-    Place(*setting_, Pixels(GetNumber(settings, keys::SetLeft), GetNumber(settings, keys::SetTop),
-                            kSettingWidth, kSettingHeight));
+    Place(*eeprom_, GetPlace(settings, keys::EEpPlace));
+    Place(*setting_, QRect(PixelsFromTwips(GetNumber(settings, keys::SetLeft)),
+                           PixelsFromTwips(GetNumber(settings, keys::SetTop)), setting_->width(),
+                           setting_->height()));
     area_.setActiveSubWindow(program_);  // where a stray key changes nothing
 }
 
 void ChildWindows::StorePlaces(Settings& settings) const {
-    StorePlace(settings, kProgramKeys, program_);
-    StorePlace(settings, kEepromKeys, eeprom_);
+    StorePlace(settings, keys::PgmPlace, program_);
+    StorePlace(settings, keys::EEpPlace, eeprom_);
     if (setting_ != nullptr && !setting_->isHidden()) {
         const QRect place = NormalPlace(*setting_);
         SaveNumber(settings, keys::SetLeft, TwipsFromPixels(place.x()));
@@ -167,24 +142,25 @@ void ChildWindows::OpenAll() {
 
 void ChildWindows::OpenProgramWindow() {
     Program();
-    Place(*program_, DefaultPlace(kProgramKeys));
+    Place(*program_, DefaultPlace(keys::PgmPlace));
     area_.setActiveSubWindow(program_);
 }
 
 void ChildWindows::OpenEepromWindow() {
     Eeprom();
-    Place(*eeprom_, DefaultPlace(kEepromKeys));
+    Place(*eeprom_, DefaultPlace(keys::EEpPlace));
     area_.setActiveSubWindow(eeprom_);
 }
 
 void ChildWindows::OpenSettingWindow() {
-    Place(*setting_, Pixels(keys::SetLeft.defaultValue, keys::SetTop.defaultValue, kSettingWidth,
-                            kSettingHeight));
+    Place(*setting_,
+          QRect(PixelsFromTwips(keys::SetLeft.defaultValue),
+                PixelsFromTwips(keys::SetTop.defaultValue), setting_->width(), setting_->height()));
     area_.setActiveSubWindow(setting_);
 }
 
 int ChildWindows::ListingWidth() const {
-    return program_.isNull() ? DefaultPlace(kProgramKeys).width() : program_->widget()->width();
+    return program_.isNull() ? DefaultPlace(keys::PgmPlace).width() : program_->widget()->width();
 }
 
 void ChildWindows::ShowVerifyReport(const QString& text) {

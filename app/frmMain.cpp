@@ -94,20 +94,15 @@ void frmMain::BuildBars(std::span<const MenuRow> menus) {
 }
 
 void frmMain::TakeStoredPlace(const Settings& settings) {
-    resize(PixelsFromTwips(GetNumber(settings, keys::MainWidth)),
-           PixelsFromTwips(GetNumber(settings, keys::MainHeight)));
-    move(PixelsFromTwips(GetNumber(settings, keys::MainLeft)),
-         PixelsFromTwips(GetNumber(settings, keys::MainTop)));
+    const QRect place = GetPlace(settings, keys::MainPlace);
+    resize(place.size());
+    move(place.topLeft());
 }
 
 void frmMain::StorePlace(Settings& settings) const {
-    if (isMinimized()) {
-        return;
+    if (!isMinimized()) {
+        SavePlace(settings, keys::MainPlace, QRect(pos(), size()));
     }
-    SaveNumber(settings, keys::MainLeft, TwipsFromPixels(x()));
-    SaveNumber(settings, keys::MainTop, TwipsFromPixels(y()));
-    SaveNumber(settings, keys::MainWidth, TwipsFromPixels(width()));
-    SaveNumber(settings, keys::MainHeight, TwipsFromPixels(height()));
 }
 
 void frmMain::SetBusy(bool busy) {

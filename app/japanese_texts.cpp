@@ -11,13 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Row {
-    const char* source;
-    const char16_t* japanese;
-};
-
 /// Qt uses the same text for the same thing in several places, so the place doesn't matter.
-constexpr Row kRows[] = {
+constexpr std::pair<const char*, const char16_t*> kRows[] = {
     // Buttons
     {"OK", u"OK"},
     {"&OK", u"OK(&O)"},
@@ -152,8 +147,8 @@ JapaneseTexts::JapaneseTexts() {
 QString JapaneseTexts::translate(const char*, const char* source, const char*, int) const {
     static const QHash<QByteArray, QString> kTexts = [] {
         QHash<QByteArray, QString> texts;
-        for (const Row& row : kRows) {
-            texts.insert(row.source, QString::fromUtf16(row.japanese));
+        for (const auto& [source, japanese] : kRows) {
+            texts.insert(source, QString::fromUtf16(japanese));
         }
         return texts;
     }();

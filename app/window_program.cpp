@@ -249,11 +249,11 @@ void WindowProgram::SetEepromCaption(const QString& caption) {
     children_.Eeprom().SetCaption(caption);
 }
 
-FileDialogAnswer WindowProgram::AskOpenFile(const FileDialogRequest& request) {
+std::optional<QString> WindowProgram::AskOpenFile(const FileDialogRequest& request) {
     return parts_.dialogs.AskOpenFile(request);
 }
 
-FileDialogAnswer WindowProgram::AskSaveFile(const FileDialogRequest& request) {
+std::optional<QString> WindowProgram::AskSaveFile(const FileDialogRequest& request) {
     return parts_.dialogs.AskSaveFile(request);
 }
 

@@ -59,8 +59,8 @@ class WindowProgram : public QObject, private UserInterface {
     void ShowPortDialog() override;
     QString MainCaption() const override { return window_.windowTitle(); }
     bool ContinueReading() override;
-    FileDialogAnswer AskOpenFile(const FileDialogRequest& request) override;
-    FileDialogAnswer AskSaveFile(const FileDialogRequest& request) override;
+    std::optional<QString> AskOpenFile(const FileDialogRequest& request) override;
+    std::optional<QString> AskSaveFile(const FileDialogRequest& request) override;
     void ShowBox(BoxIcon icon, const QString& title, const QString& text) override;
     bool AskOkCancel(const QString& title, const QString& text) override;
 

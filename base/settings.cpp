@@ -25,4 +25,23 @@ void SaveNumber(Settings& settings, const NumberKey& key, double value) {
     settings.SaveSetting(QString::fromLatin1(key.name), NumberText(value));
 }
 
+QRect GetPlace(const Settings& settings, const PlaceKeys& of) {
+    const auto pixels = [&](std::size_t key) {
+        return PixelsFromTwips(GetNumber(settings, of.at(key)));
+    };
+    return {pixels(0), pixels(1), pixels(2), pixels(3)};
+}
+
+QRect DefaultPlace(const PlaceKeys& of) {
+    const auto pixels = [&](std::size_t key) { return PixelsFromTwips(of.at(key).defaultValue); };
+    return {pixels(0), pixels(1), pixels(2), pixels(3)};
+}
+
+void SavePlace(Settings& settings, const PlaceKeys& of, const QRect& place) {
+    SaveNumber(settings, of[0], TwipsFromPixels(place.x()));
+    SaveNumber(settings, of[1], TwipsFromPixels(place.y()));
+    SaveNumber(settings, of[2], TwipsFromPixels(place.width()));
+    SaveNumber(settings, of[3], TwipsFromPixels(place.height()));
+}
+
 }  // namespace tolvex

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QRect>
 #include <QString>
 #include <QStringList>
+#include <array>
 
 namespace tolvex {
 
@@ -32,6 +34,9 @@ struct NumberKey {
     double maximum;
 };
 
+/// Where a window stands: left, top, width, height.
+using PlaceKeys = std::array<NumberKey, 4>;
+
 /// Window geometry is stored in twips, 1/1440 inch. Qt's pixels are device-independent: 96 an inch
 /// at any scale factor.
 inline constexpr double kTwipsPerPixel = 15;
@@ -60,6 +65,9 @@ inline constexpr NumberKey EEpLeft{"EEpLeft", 50, -kFarthestTwip, kFarthestTwip}
 inline constexpr NumberKey EEpTop{"EEpTop", 4100, -kFarthestTwip, kFarthestTwip};
 inline constexpr NumberKey EEpWidth{"EEpWidth", 6900, 0, kFarthestTwip};
 inline constexpr NumberKey EEpHeight{"EEpHeight", 2000, 0, kFarthestTwip};
+inline constexpr PlaceKeys MainPlace{MainLeft, MainTop, MainWidth, MainHeight};
+inline constexpr PlaceKeys PgmPlace{PgmLeft, PgmTop, PgmWidth, PgmHeight};
+inline constexpr PlaceKeys EEpPlace{EEpLeft, EEpTop, EEpWidth, EEpHeight};
 inline constexpr NumberKey SetLeft{"SetLeft", 7000, -kFarthestTwip, kFarthestTwip};
 inline constexpr NumberKey SetTop{"SetTop", 50, -kFarthestTwip, kFarthestTwip};
 /// Any number but 0 means that the first-start dialog has been shown.
@@ -81,5 +89,10 @@ inline constexpr char Language[] = "Language";
 double GetNumber(const Settings& settings, const NumberKey& key);
 /// Writes the shortest decimal text, "6900" for a whole number.
 void SaveNumber(Settings& settings, const NumberKey& key, double value);
+
+// Places in pixels, stored in twips.
+QRect GetPlace(const Settings& settings, const PlaceKeys& of);
+QRect DefaultPlace(const PlaceKeys& of);
+void SavePlace(Settings& settings, const PlaceKeys& of, const QRect& place);
 
 }  // namespace tolvex

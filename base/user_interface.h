@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 
 namespace tolvex {
 
@@ -15,21 +16,16 @@ struct FileDialogRequest {
     QString initialName{};
 };
 
-struct FileDialogAnswer {
-    bool accepted = false;
-    QString path;      ///< full path; empty when not accepted
-    QString bareName;  ///< the path's last part
-};
-
 enum class BoxIcon { None, Information, Stop };
 
 /// Every modal question to the user.
 class Dialogs {
   public:
     virtual ~Dialogs() = default;
-    virtual FileDialogAnswer AskOpenFile(const FileDialogRequest& request) = 0;
+    /// The file dialogs give the full path; nothing when they were cancelled.
+    virtual std::optional<QString> AskOpenFile(const FileDialogRequest& request) = 0;
     /// Asks for a name only; whether an existing file may be replaced is the caller's question.
-    virtual FileDialogAnswer AskSaveFile(const FileDialogRequest& request) = 0;
+    virtual std::optional<QString> AskSaveFile(const FileDialogRequest& request) = 0;
     /// A modal box with one OK button.
     virtual void ShowBox(BoxIcon icon, const QString& title, const QString& text) = 0;
     /// A modal box with OK and Cancel and the information icon; true = OK.

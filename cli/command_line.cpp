@@ -151,7 +151,7 @@ class CommandLine {
         if (!options) {
             return Refuse(options.Failed().text);
         }
-        output_.SetOptions(options->output);
+        output_.SetOptions(*options);
         if (options->trace && IsNamed(*options->trace, words)) {
             return Refuse(u"--trace のファイルが、ほかの引数と同じです: %1"_s.arg(*options->trace));
         }
@@ -184,7 +184,9 @@ class CommandLine {
     /// `outputIsFile`: a memory goes to the standard output.
     Result<CommonOptions> ReadOptions(bool outputIsFile) const {
         CommonOptions options;
-        options.output = {json_, parser_.isSet(u"quiet"_s), outputIsFile};
+        options.json = json_;
+        options.quiet = parser_.isSet(u"quiet"_s);
+        options.outputIsFile = outputIsFile;
         if (parser_.isSet(u"trace"_s)) {
             options.trace = parser_.value(u"trace"_s);
         }

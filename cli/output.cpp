@@ -23,7 +23,7 @@ QString Visible(const QString& text) {
 }  // namespace
 
 void Output::Print(const QString& line) {
-    if (options_.isFile) {
+    if (options_.outputIsFile) {
         Remark(line);
     } else if (!options_.json) {
         EndProgress();
@@ -45,7 +45,7 @@ void Output::Remark(const QString& line) {
 void Output::TellMessage(const QString& text, bool failure) {
     if (failure) {
         Remark(text);
-    } else if (!options_.isFile) {
+    } else if (!options_.outputIsFile) {
         Tell(text);
     }
 }

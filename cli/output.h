@@ -3,18 +3,12 @@
 
 #include <QJsonObject>
 
-#include "cli/console.h"
 #include "cli/progress_line.h"
 #include "cli/report_keys.h"
 #include "cli/result.h"
+#include "cli/surroundings.h"
 
 namespace tolvex {
-
-struct OutputOptions {
-    bool json = false;
-    bool quiet = false;
-    bool isFile = false;  ///< the output is a memory's HEX file; what is printed goes to the errors
-};
 
 /// What the user sees of a run: lines, the progress, and with --json one object at the end instead
 /// of the lines.
@@ -24,7 +18,7 @@ class Output {
     Output(Console& console, const EventClock& clock)
         : console_(console), progress_(console, clock) {}
 
-    void SetOptions(const OutputOptions& options) { options_ = options; }
+    void SetOptions(const CommonOptions& options) { options_ = options; }
 
     /// A line of the result; not with --json.
     void Print(const QString& line);
@@ -52,7 +46,7 @@ class Output {
   private:
     Console& console_;
     ProgressLine progress_;
-    OutputOptions options_;
+    CommonOptions options_;
     QJsonObject report_;
 };
 

@@ -8,15 +8,6 @@
 
 namespace tolvex {
 
-/// The options that every command knows, apart from the output's.
-struct CommonOptions {
-    std::optional<PortChoice> port = {};  ///< nothing = the stored one
-    std::optional<int> device = {};       ///< entry of the device list; nothing = the stored one
-    std::optional<QString> trace = {};    ///< a file
-    bool overwrite = false;               ///< files that exist are replaced
-    OutputOptions output = {};
-};
-
 /// One run of one command: the workbench with a terminal around it.
 class Session {
   public:

@@ -25,6 +25,17 @@ struct CliSurroundings {
     std::function<PortFacts(const QString& path)> inspectPort;
 };
 
+/// The options that every command knows.
+struct CommonOptions {
+    bool json = false;
+    bool quiet = false;
+    bool outputIsFile = false;  ///< a memory's HEX file; what is printed goes to the errors
+    bool overwrite = false;     ///< files that exist are replaced
+    std::optional<PortChoice> port = {};  ///< nothing = the stored one
+    std::optional<int> device = {};       ///< entry of the device list; nothing = the stored one
+    std::optional<QString> trace = {};    ///< a file
+};
+
 /// The port of a run.
 struct ChosenPort {
     int number;  ///< 1 to 20

@@ -44,8 +44,8 @@ class TerminalUserInterface : public UserInterface {
     QString MainCaption() const override { return QStringLiteral("tolvex-cli"); }
     bool ContinueReading() override { return true; }
 
-    FileDialogAnswer AskOpenFile(const FileDialogRequest&) override { return {}; }
-    FileDialogAnswer AskSaveFile(const FileDialogRequest&) override { return {}; }
+    std::optional<QString> AskOpenFile(const FileDialogRequest&) override { return {}; }
+    std::optional<QString> AskSaveFile(const FileDialogRequest&) override { return {}; }
     void ShowBox(BoxIcon, const QString& title, const QString& text) override {
         Say(MessageKind::Failure, title + u'\n' + text);
     }

@@ -16,7 +16,8 @@ bool HasCodeExtension(const QString& path) {
 
 /// What stands before the first occurrence of the bare name, less the separator. Nothing for a path
 /// that names no directory.
-std::optional<QString> DirectoryOf(const QString& path, const QString& bareName) {
+std::optional<QString> DirectoryOf(const QString& path) {
+    const QString bareName = QFileInfo(path).fileName();
     const qsizetype position = bareName.isEmpty() ? -1 : path.indexOf(bareName);
     return position < 1 ? std::nullopt : std::optional(path.left(position - 1));
 }
@@ -84,7 +85,7 @@ void FileCommands::OpenDropped(const QStringList& paths) {
     if (chosen.isEmpty()) {
         return;
     }
-    Remember({true, chosen.first(), QFileInfo(chosen.first()).fileName()}, QString());
+    dialogPath_ = chosen.first();
     if (code.isEmpty()) {
         OpenData(data.first());
     } else if (data.isEmpty()) {
@@ -138,23 +139,24 @@ void FileCommands::mnuFileSaveAsData_Click() {
 /// "*.eep" is no path.
 QString FileCommands::AskOpen(FileDialogRequest request) {
     request.directory = context_.settings.GetSetting(QString::fromLatin1(keys::OpenDir), QString());
-    Remember(context_.ui.AskOpenFile(request), request.initialName);
-    const bool isPattern = dialogBareName_.contains(u'*') || dialogBareName_.contains(u'?');
+    dialogPath_ = context_.ui.AskOpenFile(request).value_or(request.initialName);
+    const QString name = QFileInfo(dialogPath_).fileName();
+    const bool isPattern = name.contains(u'*') || name.contains(u'?');
     return isPattern ? QString() : dialogPath_;
 }
 
 void FileCommands::SaveAs(FileDialogRequest request, Memories memories) {
     request.directory = context_.settings.GetSetting(QString::fromLatin1(keys::SaveDir), QString());
-    const FileDialogAnswer answer = context_.ui.AskSaveFile(request);
-    Remember(answer, request.initialName);
-    if (!answer.accepted) {
+    const std::optional<QString> answer = context_.ui.AskSaveFile(request);
+    dialogPath_ = answer.value_or(request.initialName);
+    if (!answer) {
         return;
     }
     if (memories.flash) {
-        names_.CodeSaveName = answer.path;
+        names_.CodeSaveName = *answer;
     }
     if (memories.eeprom) {
-        names_.DataSaveName = DataFileNameFor(answer.path);
+        names_.DataSaveName = DataFileNameFor(*answer);
     }
     const bool replaces = FileExists(memories.flash ? names_.CodeSaveName : names_.DataSaveName);
     if (replaces &&
@@ -176,14 +178,9 @@ ReadProgress FileCommands::Progress() const {
     return [this] { return context_.ui.ContinueReading(); };
 }
 
-void FileCommands::Remember(const FileDialogAnswer& answer, const QString& initialName) {
-    dialogPath_ = answer.accepted ? answer.path : initialName;
-    dialogBareName_ = answer.accepted ? answer.bareName : QFileInfo(initialName).fileName();
-}
-
 /// False when the last dialog's path names no directory; the command then ends.
 bool FileCommands::StoreDirectory(const char* key) {
-    const std::optional<QString> directory = DirectoryOf(dialogPath_, dialogBareName_);
+    const std::optional<QString> directory = DirectoryOf(dialogPath_);
     if (directory) {
         context_.settings.SaveSetting(QString::fromLatin1(key), *directory);
     }

@@ -35,7 +35,6 @@ class FileCommands {
     QString AskOpen(FileDialogRequest request);
     /// The overwrite question is about the first of the files.
     void SaveAs(FileDialogRequest request, Memories memories);
-    void Remember(const FileDialogAnswer& answer, const QString& initialName);
     bool StoreDirectory(const char* key);
 
     void OpenData(const QString& path);
@@ -54,7 +53,6 @@ class FileCommands {
     /// What the last file dialog ended with: the path it returned, or, after a cancel, the name it
     /// had been given.
     QString dialogPath_;
-    QString dialogBareName_;
 };
 
 }  // namespace tolvex

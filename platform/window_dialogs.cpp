@@ -100,8 +100,8 @@ QString WithDefaultSuffix(const QString& path, const QString& suffixes,
     return path.endsWith(u'.') ? path + suffix : path + u'.' + suffix;
 }
 
-FileDialogAnswer AskFile(QWidget* parent, const FileDialogRequest& request,
-                         QFileDialog::AcceptMode mode) {
+std::optional<QString> AskFile(QWidget* parent, const FileDialogRequest& request,
+                               QFileDialog::AcceptMode mode) {
     auto* dialog = new FileDialog(parent, request.title);
     dialog->setObjectName(u"fileDialog"_s);
     const QString system = QGuiApplication::platformName();
@@ -116,14 +116,13 @@ FileDialogAnswer AskFile(QWidget* parent, const FileDialogRequest& request,
     SetStart(*dialog, request);
     SetJapaneseTexts(*dialog, mode == QFileDialog::AcceptOpen ? u"開く"_s : u"保存"_s);
 
-    FileDialogAnswer answer;
-    answer.accepted = Ask(dialog, [&](const FileDialog& shown) {
+    std::optional<QString> answer;
+    Ask(dialog, [&](const FileDialog& shown) {
         const QStringList chosen = shown.selectedFiles();
         if (shown.result() != QDialog::Accepted || chosen.isEmpty()) {
             return false;
         }
-        answer.path = WithDefaultSuffix(chosen.first(), request.defaultSuffix, mode);
-        answer.bareName = QFileInfo(answer.path).fileName();
+        answer = WithDefaultSuffix(chosen.first(), request.defaultSuffix, mode);
         return true;
     });
     return answer;
@@ -193,11 +192,11 @@ QStringList NameFilters(const QString& pairs) {
 
 WindowDialogs::WindowDialogs(std::function<QWidget*()> owner) : owner_(std::move(owner)) {}
 
-FileDialogAnswer WindowDialogs::AskOpenFile(const FileDialogRequest& request) {
+std::optional<QString> WindowDialogs::AskOpenFile(const FileDialogRequest& request) {
     return AskFile(ModalOwner(owner_()), request, QFileDialog::AcceptOpen);
 }
 
-FileDialogAnswer WindowDialogs::AskSaveFile(const FileDialogRequest& request) {
+std::optional<QString> WindowDialogs::AskSaveFile(const FileDialogRequest& request) {
     return AskFile(ModalOwner(owner_()), request, QFileDialog::AcceptSave);
 }
 

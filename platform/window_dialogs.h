@@ -36,8 +36,8 @@ class WindowDialogs : public Dialogs {
     /// nullptr. A question that comes while another one is open blocks that.
     explicit WindowDialogs(std::function<QWidget*()> owner);
 
-    FileDialogAnswer AskOpenFile(const FileDialogRequest& request) override;
-    FileDialogAnswer AskSaveFile(const FileDialogRequest& request) override;
+    std::optional<QString> AskOpenFile(const FileDialogRequest& request) override;
+    std::optional<QString> AskSaveFile(const FileDialogRequest& request) override;
     void ShowBox(BoxIcon icon, const QString& title, const QString& text) override;
     bool AskOkCancel(const QString& title, const QString& text) override;
 

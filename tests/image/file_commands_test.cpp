@@ -47,7 +47,7 @@ struct FileCommandBench : TestBench {
         if (step.command == kDrop) {
             return bench.files.OpenDropped(paths);
         }
-        user.fileAnswers = {paths.isEmpty() ? FileDialogAnswer{} : Chosen(paths.first())};
+        user.fileAnswers = paths.mid(0, 1);
         (bench.files.*step.command)();
     }
     void Fresh() {

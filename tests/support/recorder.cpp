@@ -28,10 +28,10 @@ void Recorder::SetProgress(bool on, double, double value, double maximum) {
     }
 }
 
-FileDialogAnswer Recorder::Ask(const QString& dialog, const FileDialogRequest& request) {
+std::optional<QString> Recorder::Ask(const QString& dialog, const FileDialogRequest& request) {
     fileRequests << request;
     calls << dialog + request.title;
-    return fileAnswers.isEmpty() ? FileDialogAnswer{} : fileAnswers.takeFirst();
+    return fileAnswers.isEmpty() ? std::nullopt : std::optional(fileAnswers.takeFirst());
 }
 
 void Recorder::ShowBox(BoxIcon icon, const QString& title, const QString& text) {
@@ -42,10 +42,6 @@ void Recorder::ShowBox(BoxIcon icon, const QString& title, const QString& text) 
 bool Recorder::AskOkCancel(const QString& title, const QString& text) {
     calls << u"question %1|%2"_s.arg(title, text);
     return !okCancelAnswers.isEmpty() && okCancelAnswers.takeFirst();
-}
-
-FileDialogAnswer Chosen(const QString& path) {
-    return {true, path, QFileInfo(path).fileName()};
 }
 
 }  // namespace tolvex::testing

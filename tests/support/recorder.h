@@ -28,8 +28,8 @@ class Recorder : public UserInterface {
     OptionChoice shownOptions;
     CurrentDevice shownDevice;
 
-    QList<FileDialogAnswer> fileAnswers;  ///< taken from the front; none left = cancelled
-    QList<bool> okCancelAnswers;          ///< none left = Cancel
+    QStringList fileAnswers;      ///< taken from the front; none left = cancelled
+    QList<bool> okCancelAnswers;  ///< none left = Cancel
     QList<FileDialogRequest> fileRequests;
 
     using UserInterface::SetStatusText;
@@ -53,10 +53,10 @@ class Recorder : public UserInterface {
     QString MainCaption() const override { return QStringLiteral("Tolvex 1.2.3"); }
     bool ContinueReading() override { return true; }
 
-    FileDialogAnswer AskOpenFile(const FileDialogRequest& request) override {
+    std::optional<QString> AskOpenFile(const FileDialogRequest& request) override {
         return Ask(QStringLiteral("open dialog "), request);
     }
-    FileDialogAnswer AskSaveFile(const FileDialogRequest& request) override {
+    std::optional<QString> AskSaveFile(const FileDialogRequest& request) override {
         return Ask(QStringLiteral("save dialog "), request);
     }
     void ShowBox(BoxIcon icon, const QString& title, const QString& text) override;
@@ -72,11 +72,10 @@ class Recorder : public UserInterface {
             failures << text;
         }
     }
-    FileDialogAnswer Ask(const QString& dialog, const FileDialogRequest& request);
+    std::optional<QString> Ask(const QString& dialog, const FileDialogRequest& request);
 };
 
 /// An accepted file dialog for `path`.
-FileDialogAnswer Chosen(const QString& path);
 
 /// Settings in memory.
 class MemorySettings : public Settings {
