@@ -147,8 +147,8 @@ JapaneseTexts::JapaneseTexts() {
 QString JapaneseTexts::translate(const char*, const char* source, const char*, int) const {
     static const QHash<QByteArray, QString> kTexts = [] {
         QHash<QByteArray, QString> texts;
-        for (const auto& [source, japanese] : kRows) {
-            texts.insert(source, QString::fromUtf16(japanese));
+        for (const auto& [text, japanese] : kRows) {
+            texts.insert(text, QString::fromUtf16(japanese));
         }
         return texts;
     }();

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Everything that can befall an exchange, and a signal, at every exchange of every command of the
-// terminal tool, in virtual time: tolvex_command_line_sweep [--full].
+// terminal tool, in virtual time: tolvex_command_line_sweep [--full | --brief].
 #include <QCoreApplication>
 #include <QDir>
 #include <QJsonArray>
@@ -279,6 +279,8 @@ int main(int argc, char** argv) {
     using namespace tolvex::testing;
     const QCoreApplication application(argc, argv);
     const bool full = QCoreApplication::arguments().contains(u"--full"_s);
+    // Each trouble at every so many exchanges.
+    const int every = full ? 1 : QCoreApplication::arguments().contains(u"--brief"_s) ? 8 : 2;
     const QString within = u"ARdcCD"_s;  // the memories' loops
     int runs = 0, failures = 0;
     for (const Case& c : kCases) {
@@ -288,7 +290,7 @@ int main(int argc, char** argv) {
             const bool loop = exchange > 1 && within.contains(calm.letters[exchange - 1]) &&
                               within.contains(calm.letters[exchange - 2]);
             const bool chosen = full || calm.letters.size() < 100 || !loop || exchange % 101 == 0;
-            const int step = full || exchange == 0 ? 1 : 2;  // each trouble at every other exchange
+            const int step = exchange == 0 ? 1 : every;
             const int end = chosen ? (exchange == 0 ? 1 : kSignal + 1) : 0;
             for (int trouble = exchange % step; trouble < end; trouble += step) {
                 failures += Fails(c, calm, exchange, trouble);
