@@ -20,6 +20,12 @@ std::span<const CliCommand> CliCommands() {
                                                 u"EEPROM を先に読み、同じ内容を書き戻す。"_s);
     static const QCommandLineOption kVerify(
         u"verify"_s, u"最後に使うセルまでではなく、チップ全体を読み返して比べる。"_s, u"all"_s);
+    static const QCommandLineOption kReadFormat(
+        u"format"_s, u"ファイルの形式。bin はメモリの内容そのもの。ほかの形式は内容で分かる。"_s,
+        u"bin"_s);
+    static const QCommandLineOption kWriteFormat(
+        u"format"_s, u"書くファイルの形式。省略すると Intel HEX。bin はメモリの内容そのもの。"_s,
+        u"hex|bin|srec"_s);
     static const QCommandLineOption kAllPorts(u"all"_s,
                                               u"ないポートも含めて 20 個とも表示する。"_s);
     static const QString kFiles = u"CODE [DATA]"_s;
@@ -28,11 +34,11 @@ std::span<const CliCommand> CliCommands() {
     static const CliCommand kCommands[] = {
         {u"detect"_s, {}, 0, 0, u"ライタとチップを調べる。"_s, {}, Detect},
         {u"program"_s, kFiles, 1, 2, u"消去・書き込み・ベリファイをする（Program ボタン）。"_s,
-         {kForce, kOnly, kKeepEeprom, kBackup, kVerify}, Program},
+         {kForce, kOnly, kKeepEeprom, kBackup, kVerify, kReadFormat}, Program},
         {u"verify"_s, kFiles, 1, 2, u"チップ全体をファイルと比べる（Verify ボタン）。"_s,
-         {kForce, kOnly}, Verify},
+         {kForce, kOnly, kReadFormat}, Verify},
         {u"read"_s, kFiles, 1, 2, u"チップ全体を読んでファイルに書く（Read ボタン）。"_s,
-         {kForce, kOnly}, Read},
+         {kForce, kOnly, kWriteFormat}, Read},
         {u"erase"_s, {}, 0, 0, u"Flash・EEPROM・ロックビットを消去する（Erase ボタン）。"_s,
          {kForce, kBackup}, Erase},
         {u"fuses"_s, u"[NAME=VALUE…]"_s, 0, kAny, u"Lock/Fuse ビットを読む、または書く。"_s, {}, Fuses},

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "cli/image_files.h"
 
-#include <QBuffer>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QSaveFile>
@@ -9,8 +8,9 @@
 #include <filesystem>
 #include <vector>
 
-#include "image/hex_reader.h"
+#include "base/text.h"
 #include "image/hex_writer.h"
+#include "image/srecord.h"
 
 namespace tolvex {
 
@@ -18,45 +18,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QStringView kStandard = u"-";
-/// Of a memory of 64 KiB, even with a byte a line, a HEX file has less.
-constexpr qsizetype kLargestFile = 16 << 20;
-
-/// Why the system does not give the file.
-QString WhyNot(const QString& path, bool tooLarge) {
-    const QFileInfo file(path);
-    if (tooLarge) {
-        return u"大きすぎます"_s;
-    }
-    if (!file.exists()) {
-        return file.isSymLink() ? u"リンクの先がありません"_s : u"ありません"_s;
-    }
-    return file.isDir()         ? u"フォルダです"_s
-           : !file.isReadable() ? u"権限がありません"_s
-                                : u"読み取りエラー"_s;
-}
-
 /// Whether the reader would take characters for something that does not stand there, or bytes from
 /// far above to address 0.
 bool Misread(const HexReport& report) {
     return std::ranges::any_of(report.findings, [](const HexFinding& finding) {
-        return finding.fault == HexFault::LowerCase || finding.fault == HexFault::Digit ||
-               finding.fault == HexFault::Length || finding.fault == HexFault::BaseAddress;
+        return finding.fault == HexFault::Digit || finding.fault == HexFault::Length ||
+               finding.fault == HexFault::BaseAddress;
     });
 }
 
-Status JudgeFindings(Session& session, const QString& path, const HexReport& report, bool force) {
-    QStringList lines;
+Status JudgeFindings(Session& session, const InputFile& file, const HexReport& report, bool force) {
     QJsonArray findings;
     for (const HexFinding& finding : report.findings) {
-        lines << u"%1: %2"_s.arg(path, HexFindingText(finding));
         findings << HexFindingJson(finding);
     }
-    if (const auto cure = CureOf(report)) {
-        lines << *cure;
-    }
     session.output.Report(report::Findings, findings);
-    const QString text = u"HEX ファイルに誤りがあります。\n"_s + lines.join(u'\n');
+    const bool hex = file.kind == FileKind::Hex;
+    const QString text =
+        (hex ? u"HEX ファイルに誤りがあります。\n"_s : Text::tr("ファイルに誤りがあります。\n")) +
+        FindingLines(file.path, report).join(u'\n');
     if (!force || report.goodRecords == 0 || Misread(report)) {
         return Failure{cause::BadFile, text};
     }
@@ -64,23 +44,57 @@ Status JudgeFindings(Session& session, const QString& path, const HexReport& rep
     return {};
 }
 
+Result<InputFile> TakeFile(const QString& path, FileFormat format, bool named) {
+    const bool binary = format == FileFormat::Binary;
+    return binary && named ? TakeBinary(path) : TakeInput(path, binary);
+}
+
 /// Takes the file's content into the image, and `lossless` when all of its data is there.
 template <typename Image>
-Status LoadFile(Session& session, const QString& path, int memoryBytes, bool force, Image& image,
-                HexReadResult (*read)(QIODevice&, Image&, ErrorFlag&), bool& lossless) {
-    const auto text = ReadInput(path);
-    if (!text) {
-        return text.Failed();
+Status LoadFile(Session& session, const InputFile& file, int memoryBytes, bool force, Image& image,
+                bool& lossless) {
+    const HexReport report = FillImage(file, memoryBytes, image);
+    const bool text = file.kind == FileKind::Hex || file.kind == FileKind::SRecord;
+    if (!text && report.bytes == 0 && report.findings.isEmpty()) {
+        return Failure{cause::BadFile,
+                       Text::tr("ファイルにこのメモリのデータがありません: %1").arg(file.path)};
     }
-    QBuffer buffer;
-    buffer.setData(*text);
-    buffer.open(QIODevice::ReadOnly);
-    const HexReport report = CheckHex(buffer, memoryBytes);
-    ErrorFlag flag;
-    buffer.seek(0);
-    read(buffer, image, flag);
     lossless = lossless && report.lossless;
-    return report.Clean() ? Status{} : JudgeFindings(session, path, report, force);
+    return report.Clean() ? Status{} : JudgeFindings(session, file, report, force);
+}
+
+/// A command that programs or compares both memories tells what it found for the second.
+void TellData(Session& session, const ImageFiles& files, bool elf) {
+    if (files.foundData) {
+        session.output.Tell(
+            !files.data ? u"EEPROM のファイルはありません。EEPROM は空（FF）として扱います。"_s
+            : elf ? Text::tr("EEPROM のファイル: %1 (.eeprom)").arg(*files.data)
+                  : u"EEPROM のファイル: %1"_s.arg(*files.data));
+    }
+}
+
+Result<FileFormat> ChooseFormat(const Call& call, FileUse use) {
+    const QString format = call.Value("format").value_or(u"hex"_s);
+    if (format == u"bin") {
+        return FileFormat::Binary;
+    }
+    if (use == FileUse::Read && call.Has("format")) {
+        return Failure{
+            cause::WrongUse,
+            Text::tr("ここでの --format は bin だけです。ほかの形式は内容で分かります: %1")
+                .arg(format)};
+    }
+    if (format != u"hex" && format != u"srec") {
+        return Failure{cause::WrongUse,
+                       Text::tr("--format は hex、bin、srec のどれかです: %1").arg(format)};
+    }
+    return format == u"srec" ? FileFormat::SRecord : FileFormat::Hex;
+}
+
+QByteArray OutputText(FileFormat format, const QByteArray& bytes) {
+    return format == FileFormat::Binary    ? bytes
+           : format == FileFormat::SRecord ? SRecordText(bytes)
+                                           : HexText(bytes);
 }
 
 /// A regular file is replaced as a whole or not at all; anything else is written to.
@@ -117,7 +131,7 @@ bool Commit(QFileDevice& file) {
 }  // namespace
 
 std::optional<QString> DataBeside(const QString& code) {
-    if (code == kStandard) {
+    if (code == kStandardStream) {
         return std::nullopt;
     }
     const QString suffix = QFileInfo(code).suffix();
@@ -131,38 +145,12 @@ bool IsSameFile(const QString& one, const QString& other) {
                                        QFile::encodeName(other).toStdString(), none);
 }
 
-Result<QByteArray> ReadInput(const QString& path) {
-    QFile file;
-    QByteArray text;
-    const bool opened = OpenInput(file, path);
-    while (opened && text.size() <= kLargestFile) {
-        const QByteArray part = file.read(kLargestFile);
-        if (part.isEmpty()) {
-            break;
-        }
-        text += part;
-    }
-    const bool tooLarge = text.size() > kLargestFile;
-    if (!opened || tooLarge || file.error() != QFileDevice::NoError) {
-        return Failure{cause::FileNotReadable,
-                       u"ファイルを読めません (%1): %2"_s.arg(WhyNot(path, tooLarge), path)};
-    }
-    return text;
-}
-
-std::optional<QString> CureOf(const HexReport& report) {
-    const bool above = std::ranges::any_of(report.findings, [](const HexFinding& finding) {
-        return finding.fault == HexFault::BaseAddress;
-    });
-    return above ? std::optional(
-                       u"EEPROM などのデータが混ざっています。avr-objcopy に、コードのファイルでは "
-                       "-R .eeprom を、EEPROM のファイルでは -j .eeprom --change-section-lma "
-                       ".eeprom=0 を付けて作り直してください。"_s)
-                 : std::nullopt;
-}
-
 Result<ImageFiles> ChooseImageFiles(Session& session, const Call& call, FileUse use) {
     const QString first = call.arguments[0];
+    const auto format = ChooseFormat(call, use);
+    if (!format) {
+        return format.Failed();
+    }
     if (const auto only = call.Value("only")) {
         if (only != u"flash" && only != u"eeprom") {
             return Failure{cause::WrongUse, u"--only は flash か eeprom です。"_s};
@@ -170,8 +158,9 @@ Result<ImageFiles> ChooseImageFiles(Session& session, const Call& call, FileUse 
         if (call.arguments.size() > 1) {
             return Failure{cause::WrongUse, u"--only ではファイルは一つです。"_s};
         }
-        return only == u"flash" ? ImageFiles{.code = first, .memories = {.eeprom = false}}
-                                : ImageFiles{.data = first, .memories = {.flash = false}};
+        return only == u"flash"
+                   ? ImageFiles{.code = first, .memories = {.eeprom = false}, .format = *format}
+                   : ImageFiles{.data = first, .memories = {.flash = false}, .format = *format};
     }
     if (IsDataFileName(first)) {
         return Failure{cause::WrongUse,
@@ -181,42 +170,62 @@ Result<ImageFiles> ChooseImageFiles(Session& session, const Call& call, FileUse 
         if (IsSameFile(first, call.arguments[1])) {
             return Failure{cause::WrongUse, u"CODE と DATA が同じファイルです: %1"_s.arg(first)};
         }
-        return ImageFiles{.code = first, .data = call.arguments[1]};
+        return ImageFiles{.code = first, .data = call.arguments[1], .format = *format};
     }
-    ImageFiles files{.code = first, .data = DataBeside(first)};
-    if (use == FileUse::Write && !files.data) {
-        return Failure{
-            cause::WrongUse,
-            u"標準出力には一つのメモリだけを書けます。--only か DATA を指定してください。"_s};
-    }
-    // A dangling link counts as there: reading it fails, and nothing is taken for blank.
-    if (use == FileUse::Read && files.data && !QFileInfo::exists(*files.data) &&
-        !QFileInfo(*files.data).isSymLink()) {
+    ImageFiles files{
+        .code = first, .data = DataBeside(first), .foundData = true, .format = *format};
+    if (use == FileUse::Write) {
+        if (!files.data) {
+            return Failure{
+                cause::WrongUse,
+                u"標準出力には一つのメモリだけを書けます。--only か DATA を指定してください。"_s};
+        }
+        TellData(session, files, false);
+    } else if (files.data && !QFileInfo::exists(*files.data) &&
+               !QFileInfo(*files.data).isSymLink()) {
+        // A dangling link counts as there: reading it fails, and nothing is taken for blank.
         files.data.reset();
-    }
-    if (!call.Has("keep-eeprom")) {
-        session.output.Tell(
-            files.data ? u"EEPROM のファイル: %1"_s.arg(*files.data)
-                       : u"EEPROM のファイルはありません。EEPROM は空（FF）として扱います。"_s);
     }
     return files;
 }
 
 Result<LoadedFiles> LoadFiles(Session& session, const ImageFiles& files, bool force) {
     const CurrentDevice& device = session.access.Device();
+    ImageFiles used = files;
     LoadedFiles loaded;
-    session.output.Report(report::Files, files.Json());
-    if (files.code) {
-        if (const Status failed =
-                LoadFile<FlashImage>(session, *files.code, 2 * device.flashWords, force,
-                                     loaded.images.flash, ReadCodeHex, loaded.lossless)) {
+    session.output.Report(report::Files, used.Json());
+    std::optional<InputFile> code, data;
+    if (used.code) {
+        const auto taken = TakeFile(*used.code, used.format, true);
+        if (!taken) {
+            return taken.Failed();
+        }
+        code = *taken;
+    }
+    if (used.foundData && code && !code->elf.eeprom.isEmpty()) {
+        data = code;
+        used.data = used.code;
+    } else if (used.data) {
+        const auto taken = TakeFile(*used.data, used.format, !used.foundData);
+        if (!taken) {
+            return taken.Failed();
+        }
+        data = *taken;
+    }
+    session.output.Report(report::Files, used.Json());
+    TellData(session, used, data && data->kind == FileKind::Elf);
+    if (code && code->elf.hasOther) {
+        session.output.Tell(Text::tr("ELF ファイルのヒューズやロックビットは書き込みません。"));
+    }
+    if (code) {
+        if (const Status failed = LoadFile(session, *code, 2 * device.flashWords, force,
+                                           loaded.images.flash, loaded.lossless)) {
             return *failed;
         }
     }
-    if (files.data) {
-        if (const Status failed =
-                LoadFile<EepromImage>(session, *files.data, device.eepromBytes, force,
-                                      loaded.images.eeprom, ReadDataHex, loaded.lossless)) {
+    if (data) {
+        if (const Status failed = LoadFile(session, *data, device.eepromBytes, force,
+                                           loaded.images.eeprom, loaded.lossless)) {
             return *failed;
         }
     }
@@ -225,12 +234,13 @@ Result<LoadedFiles> LoadFiles(Session& session, const ImageFiles& files, bool fo
 
 Status RequirePlaces(const ImageFiles& files, bool replace) {
     for (const auto& path : {files.code, files.data}) {
-        const QFileInfo file(path.value_or(kStandard.toString()));
+        const QFileInfo file(path.value_or(kStandardStream.toString()));
         const QFileInfo folder(file.absolutePath());
         if (path && file.isFile() && !replace) {
             return FileExistsFailure(*path);
         }
-        const bool stream = path == kStandard || (file.exists() && !file.isFile() && !file.isDir());
+        const bool stream =
+            path == kStandardStream || (file.exists() && !file.isFile() && !file.isDir());
         if (path && !stream && (file.isDir() || !folder.isDir() || !folder.isWritable())) {
             const QString why = file.isDir()      ? u"フォルダです"_s
                                 : !folder.isDir() ? u"フォルダがありません"_s
@@ -246,8 +256,8 @@ Status SaveImages(Session& session, const ImageFiles& files, const MemoryImages&
                   bool replace) {
     const CurrentDevice& device = session.access.Device();
     const std::pair<std::optional<QString>, QByteArray> outputs[] = {
-        {files.code, CodeHexText(images.flash, device.flashWords)},
-        {files.data, DataHexText(images.eeprom, device.eepromBytes)}};
+        {files.code, OutputText(files.format, CodeBytes(images.flash, device.flashWords))},
+        {files.data, OutputText(files.format, DataBytes(images.eeprom, device.eepromBytes))}};
     std::vector<std::unique_ptr<QFileDevice>> open;
     QStringList written;
     const auto failure = [](const QFileDevice* file, const QString& path) {
@@ -256,7 +266,7 @@ Status SaveImages(Session& session, const ImageFiles& files, const MemoryImages&
                            file ? file->errorString() : u"開けません"_s, path)};
     };
     for (const auto& [path, text] : outputs) {
-        if (path == kStandard) {
+        if (path == kStandardStream) {
             session.output.Put(text);
         } else if (path) {
             open.push_back(OpenOutput(*path));
@@ -288,25 +298,6 @@ Status SaveImages(Session& session, const ImageFiles& files, const MemoryImages&
         session.output.Tell(u"保存しました: %1"_s.arg(written.join(u", "_s)));
     }
     return {};
-}
-
-QJsonObject HexFindingJson(const HexFinding& finding) {
-    QJsonObject object{{u"line"_s, finding.line},
-                       {u"fault"_s, HexFaultName(finding.fault).toString()}};
-    if (finding.address >= 0) {
-        object[u"address"_s] = finding.address;
-    }
-    if (finding.more > 0) {
-        object[u"more"_s] = finding.more;
-    }
-    return object;
-}
-
-bool OpenInput(QFile& file, const QString& path) {
-    constexpr int kStandardInput = 0;
-    file.setFileName(path);
-    return path == kStandard ? file.open(kStandardInput, QIODevice::ReadOnly)
-                             : file.open(QIODevice::ReadOnly);
 }
 
 }  // namespace tolvex

@@ -2,9 +2,11 @@
 #pragma once
 
 #include "cli/command.h"
-#include "image/hex_check.h"
+#include "cli/input_file.h"
 
 namespace tolvex {
+
+enum class FileFormat { Hex, Binary, SRecord };
 
 /// The files of a command that takes CODE [DATA], or with --only the one file. "-" stands for the
 /// standard input or output.
@@ -12,6 +14,9 @@ struct ImageFiles {
     std::optional<QString> code = {};
     std::optional<QString> data = {};
     Memories memories = {};
+    /// DATA was not named: the .eeprom of a CODE that is an ELF file goes before `data`.
+    bool foundData = false;
+    FileFormat format = FileFormat::Hex;  ///< as which they are written, or read where it is Binary
 
     /// A file that there is none of is an empty text.
     QJsonObject Json() const {
@@ -46,15 +51,5 @@ Status SaveImages(Session& session, const ImageFiles& files, const MemoryImages&
 std::optional<QString> DataBeside(const QString& code);
 /// By links of either kind, too.
 bool IsSameFile(const QString& one, const QString& other);
-/// The whole content of a file or of "-", up to 16 MiB.
-Result<QByteArray> ReadInput(const QString& path);
-/// What helps against data that a code file or a data file should not have.
-std::optional<QString> CureOf(const HexReport& report);
-
-/// {"line": 12, "fault": "checksum"}, with an "address" and a number "more" where there is one.
-QJsonObject HexFindingJson(const HexFinding& finding);
-
-/// Opens a file or "-" for reading.
-bool OpenInput(QFile& file, const QString& path);
 
 }  // namespace tolvex

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The commands that need no writer.
-#include <QBuffer>
 #include <QJsonArray>
 
+#include "base/text.h"
 #include "cli/command.h"
-#include "cli/image_files.h"
+#include "cli/input_file.h"
 #include "device/catalogue.h"
 
 namespace tolvex {
@@ -31,54 +31,87 @@ QString State(const ComPort& port, const PortFacts& facts) {
     return port.present ? permission : permission + u" (未接続)"_s;
 }
 
-constexpr int kAnyMemory = 0x10000;  ///< bytes; the form alone is looked at
+/// Bytes, where the form alone is looked at: what the images hold.
+constexpr int kAnyMemory = 0x10000, kAnyEeprom = 2048;
 
-HexReport CheckFile(const QString& path, int memoryBytes) {
-    const auto text = ReadInput(path);
-    if (!text) {
-        return {};
+/// What a file holds for one memory.
+struct CheckedPart {
+    QString name;  ///< as it is told
+    int memoryBytes;
+    HexReport report;
+};
+
+/// An ELF file may have both memories' data, the others have what their names say.
+QList<CheckedPart> CheckFile(Session& session, const InputFile& file) {
+    const CurrentDevice& device = session.access.Device();
+    const int flashBytes = session.DeviceChosen() ? 2 * device.flashWords : kAnyMemory;
+    const int eepromBytes = session.DeviceChosen() ? device.eepromBytes : kAnyEeprom;
+    MemoryImages images;
+    QList<CheckedPart> parts;
+    if (!IsDataFileName(file.path)) {
+        parts << CheckedPart{file.path, flashBytes, FillImage(file, flashBytes, images.flash)};
     }
-    QBuffer buffer;
-    buffer.setData(*text);
-    buffer.open(QIODevice::ReadOnly);
-    return CheckHex(buffer, memoryBytes);
+    if (parts.isEmpty() || !file.elf.eeprom.isEmpty()) {
+        parts << CheckedPart{parts.isEmpty() ? file.path : file.path + u" (.eeprom)"_s, eepromBytes,
+                             FillImage(file, eepromBytes, images.eeprom)};
+    }
+    return parts;
+}
+
+/// True where there is nothing to find fault with.
+bool TellPart(Session& session, const CheckedPart& part) {
+    const QString bytes = QString::number(part.report.bytes);
+    for (const QString& line : FindingLines(part.name, part.report)) {
+        session.output.Print(line);
+    }
+    if (part.report.Clean() && session.DeviceChosen()) {
+        session.output.Print(u"%1: OK (%2 byte / %3 %4 byte)"_s.arg(
+            part.name, bytes, PartNumber(session.access.Device().name),
+            QString::number(part.memoryBytes)));
+    } else if (part.report.Clean()) {
+        session.output.Print(u"%1: OK (%2 byte、デバイスは未指定)"_s.arg(part.name, bytes));
+    }
+    return part.report.Clean();
+}
+
+QJsonObject CheckedJson(const QString& path, const HexReport& report) {
+    QJsonArray findings;
+    for (const HexFinding& finding : report.findings) {
+        findings << HexFindingJson(finding);
+    }
+    return {{u"file"_s, path},
+            {u"readable"_s, report.readable},
+            {u"records"_s, report.records},
+            {u"bytes"_s, report.bytes},
+            {u"findings"_s, findings}};
 }
 
 }  // namespace
 
 Status Check(Session& session, const Call& call) {
-    const CurrentDevice& device = session.access.Device();
     QJsonArray files;
     bool readable = true;
     bool clean = true;
     for (const QString& path : call.arguments) {
-        const bool data = IsDataFileName(path);
-        const int memory = data ? device.eepromBytes : 2 * device.flashWords;
-        const int size = session.DeviceChosen() ? memory : kAnyMemory;
-        const HexReport report = CheckFile(path, size);
-        readable = readable && report.readable;
-        clean = clean && report.Clean();
-        QJsonArray findings;
-        for (const HexFinding& finding : report.findings) {
-            session.output.Print(u"%1: %2"_s.arg(path, HexFindingText(finding)));
-            findings << HexFindingJson(finding);
+        const auto file = TakeInput(path, false);
+        if (!file) {
+            const bool unreadable = file.Failed().cause.code == cause::FileNotReadable.code;
+            session.output.Print(unreadable ? u"%1: 読めません。"_s.arg(path) : file.Failed().text);
+            readable = readable && !unreadable;
+            clean = false;
+            files << CheckedJson(path, {.readable = !unreadable});
+            continue;
         }
-        const QString bytes = QString::number(report.bytes);
-        if (!report.readable) {
-            session.output.Print(u"%1: 読めません。"_s.arg(path));
-        } else if (report.Clean() && session.DeviceChosen()) {
-            session.output.Print(u"%1: OK (%2 byte / %3 %4 byte)"_s.arg(
-                path, bytes, PartNumber(device.name), QString::number(size)));
-        } else if (report.Clean()) {
-            session.output.Print(u"%1: OK (%2 byte、デバイスは未指定)"_s.arg(path, bytes));
-        } else if (const auto cure = CureOf(report)) {
-            session.output.Print(*cure);
+        for (const CheckedPart& part : CheckFile(session, *file)) {
+            clean = TellPart(session, part) && clean;
+            files << CheckedJson(part.name, part.report);
         }
-        files << QJsonObject{{u"file"_s, path},
-                             {u"readable"_s, report.readable},
-                             {u"records"_s, report.records},
-                             {u"bytes"_s, report.bytes},
-                             {u"findings"_s, findings}};
+        if (file->lowerCase) {
+            session.output.Print(
+                Text::tr(
+                    "%1: 小文字の16進数字があります。ウインドウのプログラムは 0 として読みます。")
+                    .arg(path));
+        }
     }
     session.output.Report(report::Checked, files);
     if (!readable) {

@@ -194,6 +194,7 @@ Result<std::optional<Memories>> ChooseKept(const Call& call, ImageFiles& files) 
                            u"--keep-eeprom と EEPROM のファイルは一緒に指定できません。"_s};
         }
         files.data.reset();
+        files.foundData = false;
         return std::optional(Memories{.flash = false});
     }
     return files.memories.Both() ? std::nullopt

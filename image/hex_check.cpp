@@ -221,7 +221,10 @@ QStringView HexFaultText(HexFault fault) {
 }
 
 QString HexFindingText(const HexFinding& finding) {
-    QString text = u"%1 行目: %2"_s.arg(finding.line).arg(HexFaultText(finding.fault));
+    QString text = HexFaultText(finding.fault).toString();
+    if (finding.line > 0) {
+        text = u"%1 行目: %2"_s.arg(finding.line).arg(text);
+    }
     if (finding.address >= 0) {
         text += u" (0x%1)"_s.arg(QString::number(finding.address, 16).toUpper());
     }

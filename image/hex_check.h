@@ -29,7 +29,7 @@ QStringView HexFaultText(HexFault fault);
 
 struct HexFinding {
     HexFault fault;
-    int line;          ///< counted from 1; the last one for a missing end record
+    int line;  ///< counted from 1; the last one for a missing end record; 0 = a file without lines
     int address = -1;  ///< the first byte concerned, base included; -1 = none
     int more{};        ///< further lines with the same fault, which are not listed
 };
@@ -42,7 +42,7 @@ inline constexpr int kListedOfAFault = 10;
 
 struct HexReport {
     bool readable = false;  ///< the file could be read to its end
-    QList<HexFinding> findings;
+    QList<HexFinding> findings = {};
     int records{};      ///< data records
     int goodRecords{};  ///< those of them without a fault
     int bytes{};        ///< different addresses of the memory filled

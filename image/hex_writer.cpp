@@ -3,8 +3,6 @@
 
 #include <cerrno>
 #include <fstream>
-#include <span>
-#include <vector>
 
 #include "image/native_path.h"
 
@@ -14,25 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr std::size_t kBytesPerRecord = 16;
-
-QByteArray DataRecord(std::size_t address, std::span<const std::uint8_t> bytes) {
-    QString record = u":10"_s + HexWord4(static_cast<int>(address)) + u"00"_s;
-    for (const std::uint8_t byte : bytes) {
-        record += HexByte(byte);
-    }
-    AppendChecksum(record);
-    return record.toLatin1() + "\r\n";
-}
-
-/// `bytes` in file order.
-QByteArray Records(std::span<const std::uint8_t> bytes) {
-    QByteArray text;
-    for (std::size_t address = 0; address < bytes.size(); address += kBytesPerRecord) {
-        text += DataRecord(address, bytes.subspan(address, kBytesPerRecord));
-    }
-    return text + ":00000001FF\r\n";
-}
+constexpr qsizetype kBytesPerRecord = 16;
 
 /// A standard stream, because it leaves the system's reason for a refused open in errno; QFile
 /// reports every one as the same open error.
@@ -54,26 +34,39 @@ HexWriteResult Write(const QString& path, const QByteArray& text) {
 
 }  // namespace
 
-QByteArray CodeHexText(const FlashImage& image, std::int32_t flashWords) {
-    std::vector<std::uint8_t> bytes(2 * static_cast<std::size_t>(flashWords));
-    for (std::size_t address = 0; address < bytes.size(); ++address) {
+QByteArray CodeBytes(const FlashImage& image, std::int32_t flashWords) {
+    QByteArray bytes(2 * qsizetype{flashWords}, '\0');
+    for (qsizetype address = 0; address < bytes.size(); ++address) {
         // The image has a word's high byte first, the file its low byte.
-        bytes[address] = image[address ^ 1U];
+        bytes[address] = static_cast<char>(image[static_cast<std::size_t>(address) ^ 1U]);
     }
-    return Records(bytes);
+    return bytes;
 }
 
-QByteArray DataHexText(const EepromImage& image, std::int32_t eepromBytes) {
-    return Records(std::span(image).first(static_cast<std::size_t>(eepromBytes)));
+QByteArray DataBytes(const EepromImage& image, std::int32_t eepromBytes) {
+    return {reinterpret_cast<const char*>(image.data()), eepromBytes};
+}
+
+QByteArray HexText(const QByteArray& bytes) {
+    QByteArray text;
+    for (qsizetype address = 0; address < bytes.size(); address += kBytesPerRecord) {
+        QString record = u":10"_s + HexWord4(static_cast<int>(address)) + u"00"_s;
+        for (const char byte : bytes.mid(address, kBytesPerRecord)) {
+            record += HexByte(static_cast<std::uint8_t>(byte));
+        }
+        AppendChecksum(record);
+        text += record.toLatin1() + "\r\n";
+    }
+    return text + ":00000001FF\r\n";
 }
 
 HexWriteResult WriteCodeHex(const QString& path, const FlashImage& image, std::int32_t flashWords) {
-    return Write(path, CodeHexText(image, flashWords));
+    return Write(path, HexText(CodeBytes(image, flashWords)));
 }
 
 HexWriteResult WriteDataHex(const QString& path, const EepromImage& image,
                             std::int32_t eepromBytes) {
-    return Write(path, DataHexText(image, eepromBytes));
+    return Write(path, HexText(DataBytes(image, eepromBytes)));
 }
 
 void AppendChecksum(QString& record) {

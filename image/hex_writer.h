@@ -19,9 +19,11 @@ HexWriteResult WriteCodeHex(const QString& path, const FlashImage& image, std::i
 HexWriteResult WriteDataHex(const QString& path, const EepromImage& image,
                             std::int32_t eepromBytes);
 
-/// The same files as text, for whoever puts it elsewhere.
-QByteArray CodeHexText(const FlashImage& image, std::int32_t flashWords);
-QByteArray DataHexText(const EepromImage& image, std::int32_t eepromBytes);
+/// The memories as bytes in the order of the files: of a Flash word the low byte first.
+QByteArray CodeBytes(const FlashImage& image, std::int32_t flashWords);
+QByteArray DataBytes(const EepromImage& image, std::int32_t eepromBytes);
+/// The same files as text, for whoever puts it elsewhere; `bytes` of at most 64 KiB.
+QByteArray HexText(const QByteArray& bytes);
 
 /// Appends the two checksum digits to a record that begins with ":" and lacks nothing else.
 void AppendChecksum(QString& record);

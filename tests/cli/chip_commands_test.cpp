@@ -56,6 +56,15 @@ TEST(ReadCommand, WritesFilesThatVerifyAndReplacesNone) {
     EXPECT_EQ(b.Run("read @all.hex --overwrite"), ExitStatus::Done) << b.Err().toStdString();
     EXPECT_TRUE(b.Out().endsWith(u"保存しました: %1, %2\n"_s.arg(b.Path(u"all.hex"_s), data)));
     EXPECT_EQ(b.Run("verify @all.hex"), ExitStatus::Done);
+    for (const char* line : {"read @all.s19 --overwrite --format srec; verify @all.s19",
+                             "read @all.bin --overwrite --format bin; verify @all.bin --format bin",
+                             "read @all.lower --overwrite; verify @all.lower"}) {
+        const QList<QByteArray> lines = QByteArray(line).split(';');
+        EXPECT_EQ(b.Run(lines[0].constData()), ExitStatus::Done) << line;
+        const QString lower = b.Path(u"all.lower"_s);
+        PutFile(lower, QFile::exists(lower) ? Bytes(lower).toLower() : "");
+        EXPECT_EQ(b.Run(lines[1].constData()), ExitStatus::Done) << line << b.Err().toStdString();
+    }
     const QByteArray text = Bytes(data);
     EXPECT_EQ(b.Run("read - --only eeprom"), ExitStatus::Done);
     EXPECT_EQ(b.Out(), QString::fromUtf8(text)) << "and nothing else";

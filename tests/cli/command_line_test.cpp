@@ -144,7 +144,7 @@ TEST(CheckCommand, ReportsEveryFileByLine) {
     const QByteArray record = HexRecord(0x7FF, "\x01");
     b.File(u"good.hex"_s, record + kHexEnd);
     b.File(u"bad.EEP"_s, HexRecord(0, "\x02") + record);
-    b.File(u"many.hex"_s, QByteArray("x\n").repeated(100'000));
+    b.File(u"many.hex"_s, QByteArray("x\n").repeated(100'000) + kHexEnd);
     EXPECT_EQ(b.Run("check @good.hex"), ExitStatus::Done);
     EXPECT_EQ(b.Outcome("check @bad.EEP"), "2 badFile");
     EXPECT_EQ(Compact(b.Json()["checked"_L1][0]["findings"_L1][0].toObject()),

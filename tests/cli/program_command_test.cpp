@@ -48,14 +48,14 @@ TEST(Commands, RefuseWhatIsWrong) {
         {unset, every + "erase; program @a.hex; lock full", "2 noPort"},
         {Spoil('d', Wrong, 200), "program @a.hex --keep-eeprom", "1 unstable"},
         {Spoil('R', Wrong, 9), "program @a.eep --only eeprom", "1 unstable"},
-        {kNothing, "program /dev/zero --force; verify @none", "2 fileNotReadable"},
-        {kNothing, "program @sum.hex; program @sum.hex --force; program @lower.hex --force", "2 badFile"},
+        {kNothing, "program /dev/zero --force; verify @missing", "2 fileNotReadable"},
+        {kNothing, "program @sum.hex; program @sum.hex --force; program @kind --force; verify @kind; program @a.s19; program @lib.o; program @big --format bin; program @none --format bin", "2 badFile"},
         {kNothing, "program @a.hex --backup @sum.hex/x; --trace @no/trace detect; read @no/x.hex", "2 fileNotWritten"},
         {kNothing, "program @a.hex @a.eep --keep-eeprom; program @a.eep; program @a.hex @a.hex", "2 wrongUse"},
         {kNothing, "program @base.hex --force", "2 badFile"},
         {kNothing, "detect --trace @a.hex; read @out.hex --trace @sum.hex", "2 fileExists"},
         {kNothing, "program @a.hex --trace @a.eep --overwrite; check @a.hex --trace @a.hex --overwrite", "2 wrongUse"},
-        {kNothing, "program @a.hex --only lock; program @a.hex @a.eep --only flash", "2 wrongUse"},
+        {kNothing, "program @a.hex --format srec; read @out.hex --format elf; program @a.hex --only lock; program @a.hex @a.eep --only flash", "2 wrongUse"},
         {kNothing, "; check caf\xE9.hex; burn; program; program a b c; detect x; detect --force; read -", "2 wrongUse"},
         {kNothing, "--port COM0 detect; --port 21 detect; --device AT90 detect", "2 wrongUse"},
         {kNothing, "read @out.hex @out.hex; read - --only flash --json", "2 wrongUse"},
@@ -69,7 +69,14 @@ TEST(Commands, RefuseWhatIsWrong) {
             b.File(u"base.hex"_s,
                    HexRecord(0, kCode) + ":02000004008179\r\n" + HexRecord(0, kData) + kHexEnd);
             b.File(u"sum.hex"_s, ":0100000001FF\r\n" + kHexEnd);
-            b.File(u"lower.hex"_s, HexRecord(0, kCode) + ":01000600ab4e\r\n" + kHexEnd);
+            b.File(u"kind"_s, QByteArray("x\n").repeated(1000));
+            b.File(u"a.s19"_s, "S1040000FFFC\nS1040001FF00\nS5030003F9\n");
+            b.File(u"lib.o"_s,
+                   "\x7F"
+                   "ELF\1\1\1" +
+                       QByteArray(60, '\0'));
+            b.File(u"big"_s, QByteArray(2049, 'x'));
+            b.File(u"none"_s, {});
             b.Fill();
             fault(b);
             const ChipContents before = b.chip->Contents();

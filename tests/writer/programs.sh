@@ -56,6 +56,28 @@ ends 0 'flock $(readlink -f $folder/port) $bin/tolvex-cli --port $folder/port do
 ends 1 'LC_ALL=C cli --quiet detect 2>&1 | grep Qt'
 end_board
 
+# Files of the other tools, and for them.
+if command -v avr-gcc >/dev/null && command -v srec_cat >/dev/null; then
+    cat >"$folder/t.c" <<'END'
+__attribute__((section(".eeprom"))) char e[] = {1, 2};
+volatile int d = 0x1234;
+int main(void) { return d++; }
+END
+    avr-gcc -mmcu=at90s2313 "$folder/t.c" -o "$folder/t.elf"
+    avr-objcopy -O ihex -R .eeprom "$folder/t.elf" "$folder/t.hex"
+    avr-objcopy -O srec -R .eeprom "$folder/t.elf" "$folder/t.srec"
+    srec_cat "$folder/t.hex" -intel -o "$folder/t.s19" -motorola
+    start_board tolvex-writer --baud 0 --device AT90S2313
+    ends 0 'cli program $folder/t.elf && cli verify $folder/t.elf | grep "t.elf (.eeprom)"'
+    ends 0 'for f in hex srec s19; do cli verify --only flash $folder/t.$f || exit; done'
+    ends 0 'cli read $folder/r.bin --format bin --overwrite && cli read --only flash - --format srec >$folder/r.s'
+    ends 0 'avr-objcopy -I srec -O binary $folder/r.s $folder/b1 && cmp $folder/r.bin $folder/b1'
+    ends 0 'srec_cat $folder/r.s -motorola -o $folder/b2 -binary && cmp $folder/r.bin $folder/b2'
+    ends 2 'avr-gcc -c -mmcu=at90s2313 $folder/t.c -o $folder/t.o; cli program $folder/t.o'
+    ends 2 'cli program $bin/tolvex-cli'
+    end_board
+fi
+
 # The board keeps chip, log and link over hang-ups and runs.
 # Bytes that a terminal would take for control characters or new lines.
 printf ':100000000003040A0D1113151617191A1C7F80FF1F\r\n:00000001FF\r\n' >"$folder/raw.hex"
