@@ -11,6 +11,7 @@
 #include "base/text.h"
 #include "image/hex_writer.h"
 #include "image/srecord.h"
+#include "platform/program_start.h"
 
 namespace tolvex {
 
@@ -99,12 +100,11 @@ QByteArray OutputText(FileFormat format, const QByteArray& bytes) {
 
 /// A regular file is replaced as a whole or not at all; anything else is written to.
 std::unique_ptr<QFileDevice> OpenOutput(const QString& path) {
-    std::unique_ptr<QFileDevice> file;
     if (QFileInfo::exists(path) && !QFileInfo(path).isFile()) {
-        file = std::make_unique<QFile>(path);
-    } else {
-        file = std::make_unique<QSaveFile>(path);
+        auto stream = std::make_unique<QFile>(path);
+        return OpenStream(*stream) ? std::move(stream) : nullptr;
     }
+    auto file = std::make_unique<QSaveFile>(path);
     return file->open(QIODevice::WriteOnly) ? std::move(file) : nullptr;
 }
 
@@ -123,9 +123,45 @@ void PutBack(const std::vector<std::pair<QString, std::optional<QByteArray>>>& f
     }
 }
 
+/// Takes the name of a file to be made. False: in the meantime somebody else did.
+bool Reserve(const QFileDevice& file) {
+    const QString path = file.fileName();
+    const bool isLink = QFileInfo(path).isSymLink();
+    return qobject_cast<const QSaveFile*>(&file) == nullptr || isLink ||
+           QFile(path).open(QIODevice::WriteOnly | QIODevice::NewOnly);
+}
+
 bool Commit(QFileDevice& file) {
     auto* const safe = qobject_cast<QSaveFile*>(&file);
-    return safe ? safe->commit() : file.flush();
+    return safe ? SyncToDisk(file) && safe->commit() : file.flush();
+}
+
+/// Why no file can be put there; nothing = it can, or it is a stream.
+std::optional<QString> WhyNoPlace(const QString& path) {
+    constexpr qsizetype kLongestName = 255;
+    const QFileInfo file(path);
+    const QFileInfo folder(file.absolutePath());
+    std::error_code error;
+    const auto target = std::filesystem::status(QFile::encodeName(path).toStdString(), error);
+    if (path == kStandardStream || (file.exists() && !file.isFile() && !file.isDir())) {
+        return std::nullopt;
+    }
+    if (file.isDir()) {
+        return u"フォルダです"_s;
+    }
+    if (!folder.isDir()) {
+        return u"フォルダがありません"_s;
+    }
+    if (!folder.isWritable()) {
+        return u"フォルダに書く権限がありません"_s;
+    }
+    if (target.type() == std::filesystem::file_type::none &&
+        error == std::errc::too_many_symbolic_link_levels) {
+        return Text::tr("リンクが自分自身を指しています");
+    }
+    return QFile::encodeName(file.fileName()).size() > kLongestName
+               ? std::optional(Text::tr("名前が長すぎます"))
+               : std::nullopt;
 }
 
 }  // namespace
@@ -234,19 +270,12 @@ Result<LoadedFiles> LoadFiles(Session& session, const ImageFiles& files, bool fo
 
 Status RequirePlaces(const ImageFiles& files, bool replace) {
     for (const auto& path : {files.code, files.data}) {
-        const QFileInfo file(path.value_or(kStandardStream.toString()));
-        const QFileInfo folder(file.absolutePath());
-        if (path && file.isFile() && !replace) {
+        if (path && QFileInfo(*path).isFile() && !replace) {
             return FileExistsFailure(*path);
         }
-        const bool stream =
-            path == kStandardStream || (file.exists() && !file.isFile() && !file.isDir());
-        if (path && !stream && (file.isDir() || !folder.isDir() || !folder.isWritable())) {
-            const QString why = file.isDir()      ? u"フォルダです"_s
-                                : !folder.isDir() ? u"フォルダがありません"_s
-                                                  : u"フォルダに書く権限がありません"_s;
+        if (const auto why = path ? WhyNoPlace(*path) : std::nullopt) {
             return Failure{cause::FileNotWritten,
-                           u"ファイルを書けません (%1): %2"_s.arg(why, *path)};
+                           u"ファイルを書けません (%1): %2"_s.arg(*why, *path)};
         }
     }
     return {};
@@ -282,14 +311,16 @@ Status SaveImages(Session& session, const ImageFiles& files, const MemoryImages&
         const QString path = file->fileName();
         QFile old(path);
         const bool existed = QFileInfo(path).isFile() && old.open(QIODevice::ReadOnly);
-        if (existed && !replace) {
+        if (!replace && (existed || !Reserve(*file))) {
             PutBack(before);
             return FileExistsFailure(path);
         }
         before.emplace_back(path, existed ? std::optional(old.readAll()) : std::nullopt);
         old.close();
         if (!Commit(*file)) {
-            before.pop_back();
+            if (existed) {
+                before.pop_back();
+            }
             PutBack(before);
             return failure(file.get(), path);
         }

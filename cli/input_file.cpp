@@ -10,6 +10,7 @@
 #include "base/text.h"
 #include "image/hex_reader.h"
 #include "image/srecord.h"
+#include "platform/program_start.h"
 
 namespace tolvex {
 
@@ -19,13 +20,6 @@ namespace {
 
 /// Of a memory of 64 KiB, even with a byte a line, a HEX file has less.
 constexpr qsizetype kLargestFile = 16 << 20;
-
-bool OpenInput(QFile& file, const QString& path) {
-    constexpr int kStandardInput = 0;
-    file.setFileName(path);
-    return path == kStandardStream ? file.open(kStandardInput, QIODevice::ReadOnly)
-                                   : file.open(QIODevice::ReadOnly);
-}
 
 /// Why the system does not give the file.
 QString WhyNot(const QString& path, bool tooLarge) {
@@ -152,22 +146,19 @@ std::optional<QString> CureOf(const HexReport& report) {
 }  // namespace
 
 Result<QByteArray> ReadInput(const QString& path) {
-    QFile file;
-    QByteArray text;
-    const bool opened = OpenInput(file, path);
-    while (opened && text.size() <= kLargestFile) {
-        const QByteArray part = file.read(kLargestFile);
-        if (part.isEmpty()) {
-            break;
-        }
-        text += part;
+    std::optional<QByteArray> text;
+    QFile file(path);
+    if (path == kStandardStream) {
+        text = ReadStandardInput(kLargestFile + 1);
+    } else if (file.open(QIODevice::ReadOnly)) {
+        text = file.read(kLargestFile + 1);
     }
-    const bool tooLarge = text.size() > kLargestFile;
-    if (!opened || tooLarge || file.error() != QFileDevice::NoError) {
+    const bool tooLarge = text && text->size() > kLargestFile;
+    if (!text || tooLarge || file.error() != QFileDevice::NoError) {
         return Failure{cause::FileNotReadable,
                        Text::tr("ファイルを読めません (%1): %2").arg(WhyNot(path, tooLarge), path)};
     }
-    return text;
+    return *text;
 }
 
 Result<InputFile> TakeInput(const QString& path, bool binary) {

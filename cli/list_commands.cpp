@@ -96,7 +96,7 @@ Status Check(Session& session, const Call& call) {
         const auto file = TakeInput(path, false);
         if (!file) {
             const bool unreadable = file.Failed().cause.code == cause::FileNotReadable.code;
-            session.output.Print(unreadable ? u"%1: 読めません。"_s.arg(path) : file.Failed().text);
+            session.output.Print(file.Failed().text);
             readable = readable && !unreadable;
             clean = false;
             files << CheckedJson(path, {.readable = !unreadable});

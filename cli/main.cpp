@@ -15,10 +15,9 @@ constexpr int kOutput = 1;
 constexpr int kErrors = 2;
 
 /// Asked for the first time when the port is about to be opened: until then there is nothing to put
-/// in order, and a signal ends the tool at once. From then on it waits for the orderly stop, also
-/// of those who send two (`timeout` signals the process and its group); the third ends it.
+/// in order, and a signal ends the tool at once. From then on it waits for the orderly stop.
 int SignalAfterStart() {
-    tolvex::CatchStopSignals(3);
+    tolvex::CatchStopSignals(tolvex::kSignalThatEnds);
     return tolvex::StopSignal();
 }
 

@@ -84,10 +84,13 @@ Status Session::OpenTrace() {
 
 ExitStatus Session::Finish(const Status& failed) {
     Status end = failed;
-    if (end && !record_.Stopped()) {
-        output.TellFailure(*end);
+    if (end) {
+        record_.MaySend();  // what fails after a signal was interrupted by it
     }
     const bool stopped = record_.Stopped();
+    if (end && !stopped) {
+        output.TellFailure(*end);
+    }
     LeaveWriter();
     if (stopped) {
         end = Failure{cause::Interrupted, u"中断しました。\n"_s + record_.Text()};

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QFile>
 #include <QLockFile>
 
 #include "base/settings.h"
@@ -18,6 +19,21 @@ void OpenStandardStreams();
 
 /// Columns of the terminal that the error stream is; 0 = it is none.
 int TerminalColumns();
+
+/// So many stop signals end the terminal tool at once; before, they ask. Those who send two
+/// (`timeout` signals the process and its group) get the orderly stop.
+inline constexpr int kSignalThatEnds = 3;
+
+/// Up to `most` bytes of the standard input, to its end. Nothing: it can't be read, or a stop
+/// signal came first; from now on those only ask.
+std::optional<QByteArray> ReadStandardInput(qsizetype most);
+
+/// Opens a device or a FIFO for writing; the latter waits for a reader. False: it can't be opened,
+/// or a stop signal came first.
+bool OpenStream(QFile& file);
+
+/// The file's content is on the disk. True as well where there is no disk to ask.
+bool SyncToDisk(const QFileDevice& file);
 
 /// Makes `programFolder` the current directory, where it can be entered. Listings belong there, or
 /// in `userFolder` when it doesn't take them, as where the program is installed for all users.

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include <fcntl.h>
 #include <langinfo.h>
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
 #include <QStandardPaths>
+#include <cerrno>
 #include <clocale>
 #include <csignal>
 
+#include "base/stop_signals.h"
 #include "platform/program_start.h"
 
 namespace tolvex {
@@ -35,6 +38,49 @@ int TerminalColumns() {
     }
     winsize size{};
     return ::ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : kUsual;
+}
+
+std::optional<QByteArray> ReadStandardInput(qsizetype most) {
+    CatchStopSignals(kSignalThatEnds);
+    QByteArray text;
+    QByteArray part(1 << 16, '\0');
+    pollfd waiting[] = {{STDIN_FILENO, POLLIN, 0}, {StopDescriptor(), POLLIN, 0}};
+    while (text.size() < most) {
+        ::poll(waiting, std::size(waiting), -1);
+        if (StopSignal() != 0) {
+            return std::nullopt;
+        }
+        const ssize_t count = ::read(STDIN_FILENO, part.data(), part.size());
+        if (count == 0) {
+            break;
+        }
+        if (count < 0 && errno != EINTR) {
+            return std::nullopt;
+        }
+        text += QByteArrayView(part).first(std::max<ssize_t>(count, 0));
+    }
+    return text;
+}
+
+bool OpenStream(QFile& file) {
+    constexpr int kPollMs = 50;
+    const QByteArray name = QFile::encodeName(file.fileName());
+    for (;;) {
+        const int stream = ::open(name.constData(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+        if (stream != -1) {
+            ::fcntl(stream, F_SETFL, O_WRONLY);
+            return file.open(stream, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle);
+        }
+        if (errno != ENXIO || StopSignal() != 0) {
+            return false;
+        }
+        pollfd stop{StopDescriptor(), POLLIN, 0};
+        ::poll(&stop, 1, kPollMs);
+    }
+}
+
+bool SyncToDisk(const QFileDevice& file) {
+    return ::fsync(file.handle()) == 0 || errno == EINVAL || errno == ENOSYS;
 }
 
 QString UserConfigFolder() {

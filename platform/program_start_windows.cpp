@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <io.h>
 #include <windows.h>
 
 #include <QDir>
+#include <cerrno>
 #include <cstdlib>
 
 #include "platform/program_start.h"
@@ -41,6 +43,20 @@ int TerminalColumns() {
 
 // Qt's folder for settings is the one that stays on this machine; this one goes along with the
 // user.
+std::optional<QByteArray> ReadStandardInput(qsizetype most) {
+    QFile file;
+    const bool opened = file.open(0, QIODevice::ReadOnly);
+    return opened ? std::optional(file.read(most)) : std::nullopt;
+}
+
+bool OpenStream(QFile& file) {
+    return file.open(QIODevice::WriteOnly);
+}
+
+bool SyncToDisk(const QFileDevice& file) {
+    return ::_commit(file.handle()) == 0 || errno == EBADF;
+}
+
 QString UserConfigFolder() {
     return QDir::fromNativeSeparators(qEnvironmentVariable("APPDATA"));
 }

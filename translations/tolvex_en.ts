@@ -72,12 +72,20 @@ avr-objcopy -O ihex INPUT OUTPUT.hex makes a HEX file of other kinds. If it is a
         <translation>it is a folder</translation>
     </message>
     <message>
+        <source>リンクが自分自身を指しています</source>
+        <translation>the link points to itself</translation>
+    </message>
+    <message>
         <source>リンクされていません</source>
         <translation>not linked</translation>
     </message>
     <message>
         <source>リンクの先がありません</source>
         <translation>the link leads nowhere</translation>
+    </message>
+    <message>
+        <source>名前が長すぎます</source>
+        <translation>the name is too long</translation>
     </message>
     <message>
         <source>壊れています</source>

@@ -150,12 +150,12 @@ TEST(CheckCommand, ReportsEveryFileByLine) {
     EXPECT_EQ(Compact(b.Json()["checked"_L1][0]["findings"_L1][0].toObject()),
               R"({"address":2047,"fault":"outsideMemory","line":2})");
     EXPECT_EQ(b.Run("check @bad.EEP @good.hex @none @many.hex"), ExitStatus::WrongUse);
-    EXPECT_TRUE(
-        b.Out()
-            .remove(b.Path({}) + u'/')
-            .startsWith(u"bad.EEP: 2 行目: デバイスのメモリの外のデータです。 (0x7FF)\n"
-                        "bad.EEP: 2 行目: エンドレコードがありません。\n"
-                        "good.hex: OK (1 byte / AT90S2313 2048 byte)\nnone: 読めません。\n"_s))
+    EXPECT_TRUE(b.Out()
+                    .remove(b.Path({}) + u'/')
+                    .startsWith(u"bad.EEP: 2 行目: デバイスのメモリの外のデータです。 (0x7FF)\n"
+                                "bad.EEP: 2 行目: エンドレコードがありません。\n"
+                                "good.hex: OK (1 byte / AT90S2313 2048 byte)\n"
+                                "ファイルを読めません (ありません): none\n"_s))
         << b.Out().toStdString();
     EXPECT_EQ(b.Out().count(u'\n'), 4 + 11) << "ten lines, and that the end is missing";
     EXPECT_TRUE(b.Out().contains(u"10 行目: 行頭がコロンではありません。 ほか 99990 行\n"_s));
