@@ -68,6 +68,11 @@ void EventLoopClock::Yield(Instant deadline) {
     } else {
         QCoreApplication::processEvents();
     }
+    if (!ended_) {
+        // On Windows a pass ends with the message that something was posted, such as received
+        // bytes; the next one would deliver it and then rest, as if nothing had come.
+        QCoreApplication::sendPostedEvents();
+    }
     Now();  // notices a gap
     resumedDepth_ = --depth_;
     rest_ = outerRest;

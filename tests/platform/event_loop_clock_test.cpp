@@ -45,6 +45,15 @@ TEST(EventLoopClock, StandsWhileTheProcessDoesNotRun) {
     EXPECT_LT(clock.Now() - begin, 500ms);
 }
 
+TEST(EventLoopClock, AYieldDeliversWhatItsEventsPost) {
+    EventLoopClock clock;
+    bool delivered = false;
+    const auto receive = [&] { delivered = true; };
+    QTimer::singleShot(0, [&] { QMetaObject::invokeMethod(qApp, receive, Qt::QueuedConnection); });
+    clock.Yield(clock.Now() + 5s);
+    EXPECT_TRUE(delivered);
+}
+
 TEST(EventLoopClock, TheEndReleasesEveryWaitAndDeliversNothingMore) {
     EventLoopClock clock;
     bool late = false;
