@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <vector>
 
+#include "base/text.h"
+
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -25,13 +27,13 @@ struct NameRow {
 
 std::vector<NameRow> NameRows() {
     return {
-        {u"Label1"_s, u"28pin Socket"_s, {658, 50}, kOnLight},
-        {u"Label1"_s, u"ZIP Socket"_s, {270, 27}, kOnDark},
-        {u"Label1"_s, u"8pin"_s, {292.5, 290}, kOnDark},
-        {u"Label1"_s, u"20pin"_s, {139.5, 290}, kOnDark},
-        {u"Label1"_s, u"40pin"_s, {270, 93}, kOnDark},
+        {u"Label1"_s, Text::tr("28pin Socket"), {658, 50}, kOnLight},
+        {u"Label1"_s, Text::tr("ZIP Socket"), {270, 27}, kOnDark},
+        {u"Label1"_s, Text::tr("8pin"), {292.5, 290}, kOnDark},
+        {u"Label1"_s, Text::tr("20pin"), {139.5, 290}, kOnDark},
+        {u"Label1"_s, Text::tr("40pin"), {270, 93}, kOnDark},
         {u"Label6"_s, u"CN1"_s, {398, 225}, kOnDark},
-        {u"Label5"_s, u" 4MHz  OSC"_s, {572, 275}, kOnLight},
+        {u"Label5"_s, Text::tr(" 4MHz  OSC"), {572, 275}, kOnLight},
     };
 }
 
@@ -40,9 +42,9 @@ std::vector<NameRow> NameRows() {
 BoardDrawing::BoardDrawing(const QString& pinNames, QWidget* parent)
     : QWidget(parent), drawing_(u":/icons/board.svg"_s) {
     setObjectName(u"BoardDrawing"_s);
-    setAccessibleName(u"ライタボードの図"_s);
-    setAccessibleDescription(
-        u"赤線：CN1から8pinソケットへの結線。青線：CN1から追加した28pinソケットへの結線。"_s);
+    setAccessibleName(Text::tr("ライタボードの図"));
+    setAccessibleDescription(Text::tr(
+        "赤線：CN1から8pinソケットへの結線。青線：CN1から追加した28pinソケットへの結線。"));
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     AddLabels(pinNames);
     PlaceLabels();

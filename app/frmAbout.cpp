@@ -10,6 +10,7 @@
 #include <QPushButton>
 
 #include "base/product.h"
+#include "base/text.h"
 
 namespace tolvex {
 
@@ -31,7 +32,7 @@ frmAbout::frmAbout(QWidget* parent, const OpenPage& openPage)
       lblDisclaimer_(AddLabel(u"lblDisclaimer"_s)),
       label1_(AddLabel(u"Label1"_s)) {
     setObjectName(u"frmAbout"_s);
-    setWindowTitle(u"バージョン情報"_s);
+    setWindowTitle(Text::tr("バージョン情報"));
     auto* buttons = new QHBoxLayout;
     const auto addButton = [&](const QString& name, const QString& caption) {
         auto* button = new QPushButton(caption, this);
@@ -40,10 +41,10 @@ frmAbout::frmAbout(QWidget* parent, const OpenPage& openPage)
         buttons->addWidget(button);
         return button;
     };
-    QPushButton* command1 = addButton(u"Command1"_s, u"サポートホームページへジャンプ"_s);
+    QPushButton* command1 = addButton(u"Command1"_s, Text::tr("サポートホームページへジャンプ"));
     command1->setAutoDefault(false);
     buttons->addStretch();
-    QPushButton* cmdOK = addButton(u"cmdOK"_s, u"閉じる"_s);
+    QPushButton* cmdOK = addButton(u"cmdOK"_s, Text::tr("閉じる"));
     cmdOK->setDefault(true);
     connect(command1, &QPushButton::clicked, this, [openPage] {
         const QUrl page(product::SupportAddress());
@@ -78,7 +79,7 @@ void frmAbout::ArrangeControls(QLayout* buttons) {
     picIcon_->setPixmap(
         QIcon(u":/icons/tolvex.svg"_s).pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
     picIcon_->setFixedSize(kIconSize, kIconSize);
-    picIcon_->setAccessibleName(u"アイコン"_s);
+    picIcon_->setAccessibleName(Text::tr("アイコン"));
     QFont titleFont = font();
     titleFont.setPixelSize(qRound(QFontInfo(font()).pixelSize() * kTitleScale));
     titleFont.setBold(true);

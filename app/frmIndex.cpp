@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "app/board_drawing.h"
+#include "base/text.h"
 
 namespace tolvex {
 
@@ -14,20 +15,22 @@ using namespace Qt::StringLiterals;
 
 frmIndex::frmIndex(QWidget* parent) : QDialog(parent) {
     setObjectName(u"frmIndex"_s);
-    setWindowTitle(u"ボードの修正"_s);
+    setWindowTitle(Text::tr("ボードの修正"));
 
     auto* drawing = new BoardDrawing(PinNames(), this);
-    QLabel* firmware =
-        AddText(u"Label3"_s,
-                u"２８pinマイコンを使用するときはファームウエアバージョンSW3.9以降が必要です。"_s);
-    QLabel* modification =
-        AddText(u"Label3"_s, u"８pin、２８pinマイコンを使用するときは、ボードの修正が必要です。"_s);
+    QLabel* firmware = AddText(
+        u"Label3"_s,
+        Text::tr("２８pinマイコンを使用するときはファームウエアバージョンSW3.9以降が必要です。"));
+    QLabel* modification = AddText(
+        u"Label3"_s, Text::tr("８pin、２８pinマイコンを使用するときは、ボードの修正が必要です。"));
     QLabel* wiring28 = AddText(
         u"Label2"_s,
-        u"28pinマイコンを使用するには、28ピンソケットを追加し、ボード上のコネクタCN1と結線する必要があります。XTAL1(9ピン)、XTAL2(10ピン)には、4MHzの発振子を取り付けてください。"_s);
-    QLabel* wiring8 =
-        AddText(u"Label2"_s, u"8pinマイコンを使用するときは、上図、赤線部分の結線が必要です。"_s);
-    auto* close = new QPushButton(u"閉じる"_s, this);
+        Text::tr(
+            "28pinマイコンを使用するには、28ピンソケットを追加し、ボード上のコネクタCN1と結線する必"
+            "要があります。XTAL1(9ピン)、XTAL2(10ピン)には、4MHzの発振子を取り付けてください。"));
+    QLabel* wiring8 = AddText(
+        u"Label2"_s, Text::tr("8pinマイコンを使用するときは、上図、赤線部分の結線が必要です。"));
+    auto* close = new QPushButton(Text::tr("閉じる"), this);
     close->setObjectName(u"Command1"_s);
     close->setAccessibleName(close->text());
     close->setDefault(true);

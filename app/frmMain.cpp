@@ -14,6 +14,7 @@
 #include <algorithm>
 
 #include "base/settings.h"
+#include "base/text.h"
 #include "image/listing_window.h"
 
 namespace tolvex {
@@ -62,7 +63,7 @@ frmMain::frmMain(const Settings& settings) : area_(new QMdiArea(this)) {
     captions.setLetterSpacing(QFont::PercentageSpacing, 92);
     QApplication::setFont(captions, "QMdiSubWindowTitleBar");
     area_->setObjectName(u"Area"_s);
-    area_->setAccessibleName(u"作業領域"_s);
+    area_->setAccessibleName(Text::tr("作業領域"));
     area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     area_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setCentralWidget(area_);

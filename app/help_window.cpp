@@ -17,6 +17,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "base/text.h"
 #include "widgets/controls.h"
 
 namespace tolvex {
@@ -73,7 +74,7 @@ class HelpPage : public Undraggable<QTextBrowser> {
 HelpWindow::HelpWindow()
     : page_(new HelpPage), contents_(new QTreeWidget), search_(new QLineEdit), found_(new QLabel) {
     setObjectName(u"helpWindow"_s);
-    setWindowTitle(u"ヘルプ"_s);
+    setWindowTitle(Text::tr("ヘルプ"));
     setAttribute(Qt::WA_QuitOnClose, false);  // never what keeps the program running
     auto* whole = new QWidget;
     auto* layout = new QVBoxLayout(whole);
@@ -88,10 +89,10 @@ HelpWindow::HelpWindow()
 }
 
 QWidget* HelpWindow::NewToolBar() {
-    auto* back = NewButton(u"cmdBack"_s, u"戻る"_s, Qt::ALT | Qt::Key_Left);
-    auto* forward = NewButton(u"cmdForward"_s, u"進む"_s, Qt::ALT | Qt::Key_Right);
-    auto* home = NewButton(u"cmdHome"_s, u"ホーム"_s, Qt::ALT | Qt::Key_Home);
-    auto* next = NewButton(u"cmdFindNext"_s, u"次を検索"_s, Qt::Key_F3);
+    auto* back = NewButton(u"cmdBack"_s, Text::tr("戻る"), Qt::ALT | Qt::Key_Left);
+    auto* forward = NewButton(u"cmdForward"_s, Text::tr("進む"), Qt::ALT | Qt::Key_Right);
+    auto* home = NewButton(u"cmdHome"_s, Text::tr("ホーム"), Qt::ALT | Qt::Key_Home);
+    auto* next = NewButton(u"cmdFindNext"_s, Text::tr("次を検索"), Qt::Key_F3);
     connect(back, &QToolButton::clicked, page_, &QTextBrowser::backward);
     connect(forward, &QToolButton::clicked, page_, &QTextBrowser::forward);
     connect(home, &QToolButton::clicked, page_, &QTextBrowser::home);
@@ -99,11 +100,11 @@ QWidget* HelpWindow::NewToolBar() {
     connect(page_, &QTextBrowser::backwardAvailable, back, &QWidget::setEnabled);
     connect(page_, &QTextBrowser::forwardAvailable, forward, &QWidget::setEnabled);
 
-    auto* caption = new QLabel(u"検索"_s);
+    auto* caption = new QLabel(Text::tr("検索"));
     caption->setBuddy(search_);
     found_->setObjectName(u"LblFound"_s);
     search_->setObjectName(u"txtSearch"_s);
-    search_->setAccessibleName(u"検索"_s);
+    search_->setAccessibleName(Text::tr("検索"));
     search_->setClearButtonEnabled(true);
     search_->setMaximumWidth(260);
     connect(search_, &QLineEdit::returnPressed, this, &HelpWindow::FindNext);
@@ -125,8 +126,8 @@ QWidget* HelpWindow::NewToolBar() {
 
 QWidget* HelpWindow::NewPages() {
     contents_->setObjectName(u"treeContents"_s);
-    contents_->setAccessibleName(u"目次"_s);
-    contents_->setHeaderLabel(u"目次"_s);
+    contents_->setAccessibleName(Text::tr("目次"));
+    contents_->setHeaderLabel(Text::tr("目次"));
     const auto visit = [this](QTreeWidgetItem* item) {
         page_->setSource(PageUrl(item->data(0, kAnchorRole).toString()));
     };
@@ -134,7 +135,7 @@ QWidget* HelpWindow::NewPages() {
     connect(contents_, &QTreeWidget::itemActivated, this, visit);
 
     page_->setObjectName(u"txtHelp"_s);
-    page_->setAccessibleName(u"ヘルプ"_s);
+    page_->setAccessibleName(Text::tr("ヘルプ"));
     page_->setOpenExternalLinks(true);
     page_->setSource(PageUrl(), QTextDocument::MarkdownResource);
     // A search goes on from the first line that shows. And the way back remembers where the cursor
@@ -179,8 +180,8 @@ bool HelpWindow::Read(const QString& file) {
     if (readable) {
         page_->setMarkdown(QString::fromUtf8(source.readAll()));
     } else {
-        page_->setPlainText(u"ヘルプファイルを開くことができません。\n"_s +
-                            QDir::toNativeSeparators(file));
+        page_->setPlainText(Text::tr("ヘルプファイルを開くことができません。\n%1")
+                                .arg(QDir::toNativeSeparators(file)));
     }
     FillContents();
     edit.endEditBlock();
@@ -235,7 +236,7 @@ void HelpWindow::FindNext() {
     if (match.isNull()) {
         match = text.find(search_->text());
     }
-    found_->setText(match.isNull() ? u"見つかりません。"_s : QString());
+    found_->setText(match.isNull() ? Text::tr("見つかりません。") : QString());
     if (!match.isNull()) {
         page_->setTextCursor(match);  // selects it and scrolls it into view
     }

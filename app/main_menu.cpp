@@ -5,6 +5,7 @@
 #include "app/frmAbout.h"
 #include "app/frmIndex.h"
 #include "app/window_program.h"
+#include "base/text.h"
 #include "platform/window_dialogs.h"
 
 namespace tolvex {
@@ -50,76 +51,80 @@ std::span<const MenuRow> WindowProgram::MenuRows() {
     using Program = WindowProgram;
     // In the order in which they appear.
     static constexpr MenuRow kRows[] = {
-        {"mnuFile", u"ファイル(&F)", kTop},
-        {"mnuFileOpen", u"コード/データファイルを開く(&O)", kExclusive,
+        {"mnuFile", QT_TRANSLATE_NOOP("Tolvex", "ファイル(&F)"), kTop},
+        {"mnuFileOpen", QT_TRANSLATE_NOOP("Tolvex", "コード/データファイルを開く(&O)"), kExclusive,
          [](Program& p) { p.bench_.files.mnuFileOpen_Click(); }, u"Ctrl+O"},
-        {"mnuFileOpenCode", u"コードファイルを開く", kExclusive,
+        {"mnuFileOpenCode", QT_TRANSLATE_NOOP("Tolvex", "コードファイルを開く"), kExclusive,
          [](Program& p) { p.bench_.files.mnuFileOpenCode_Click(); }},
-        {"mnuFileOpenData", u"データファイルを開く", kExclusive,
+        {"mnuFileOpenData", QT_TRANSLATE_NOOP("Tolvex", "データファイルを開く"), kExclusive,
          [](Program& p) { p.bench_.files.mnuFileOpenData_Click(); }},
-        {"mnuFileBarx", {}, kSeparator},
-        {"mnuFileSave", u"上書き保存(&S)", kExclusive,
+        {"mnuFileBarx", "", kSeparator},
+        {"mnuFileSave", QT_TRANSLATE_NOOP("Tolvex", "上書き保存(&S)"), kExclusive,
          [](Program& p) { p.bench_.files.mnuFileSave_Click(); }},
-        {"mnuFileBarxxx", {}, kSeparator},
-        {"mnuFileSaveAs", u"コード/データファイルを別名で保存(&A)", kExclusive,
-         [](Program& p) { p.bench_.files.mnuFileSaveAs_Click(); }, u"Ctrl+S"},
-        {"mnuFileSaveAsCode", u"コードファイルを別名で保存", kExclusive,
+        {"mnuFileBarxxx", "", kSeparator},
+        {"mnuFileSaveAs", QT_TRANSLATE_NOOP("Tolvex", "コード/データファイルを別名で保存(&A)"),
+         kExclusive, [](Program& p) { p.bench_.files.mnuFileSaveAs_Click(); }, u"Ctrl+S"},
+        {"mnuFileSaveAsCode", QT_TRANSLATE_NOOP("Tolvex", "コードファイルを別名で保存"), kExclusive,
          [](Program& p) { p.bench_.files.mnuFileSaveAsCode_Click(); }},
-        {"mnuFileSaveAsData", u"データファイルを別名で保存", kExclusive,
+        {"mnuFileSaveAsData", QT_TRANSLATE_NOOP("Tolvex", "データファイルを別名で保存"), kExclusive,
          [](Program& p) { p.bench_.files.mnuFileSaveAsData_Click(); }},
-        {"mnuFileBar2", {}, kSeparator},
-        {"mnuFileExit", u"終了(&X)", 0, [](Program& p) { p.ShutDown(); }},
+        {"mnuFileBar2", "", kSeparator},
+        {"mnuFileExit", QT_TRANSLATE_NOOP("Tolvex", "終了(&X)"), 0,
+         [](Program& p) { p.ShutDown(); }},
 
-        {"mmuComCheck", u"通信チェック(&C)", kTop},
-        {"mmuCominucation", u"COMポート選択(&C)", kExclusive,
+        {"mmuComCheck", QT_TRANSLATE_NOOP("Tolvex", "通信チェック(&C)"), kTop},
+        {"mmuCominucation", QT_TRANSLATE_NOOP("Tolvex", "COMポート選択(&C)"), kExclusive,
          [](Program& p) { p.mmuCominucation_Click(); }},
-        {"mnuFileBary", {}, kSeparator | kHidden},
-        {"mmuLEDon", u"ライターのLEDオン(&O)", kHidden | kExclusive,
+        {"mnuFileBary", "", kSeparator | kHidden},
+        {"mmuLEDon", QT_TRANSLATE_NOOP("Tolvex", "ライターのLEDオン(&O)"), kHidden | kExclusive,
          [](Program& p) { p.bench_.commands.LedOn(); }},
-        {"mmuLEDoff", u"ライターのLEDオフ(&F)", kHidden | kExclusive,
+        {"mmuLEDoff", QT_TRANSLATE_NOOP("Tolvex", "ライターのLEDオフ(&F)"), kHidden | kExclusive,
          [](Program& p) { p.bench_.commands.LedOff(); }},
 
-        {"mnuView", u"表示(&V)", kTop},
-        {"mnuViewToolbar", u"ツールバー(&T)", kChecked,
+        {"mnuView", QT_TRANSLATE_NOOP("Tolvex", "表示(&V)"), kTop},
+        {"mnuViewToolbar", QT_TRANSLATE_NOOP("Tolvex", "ツールバー(&T)"), kChecked,
          [](Program& p) { Toggle(p.window_.Tools()); }},
-        {"mnuViewStatusBar", u"ステータスバー(&B)", kChecked,
+        {"mnuViewStatusBar", QT_TRANSLATE_NOOP("Tolvex", "ステータスバー(&B)"), kChecked,
          [](Program& p) { Toggle(p.window_.Panels()); }},
-        {"mnuViewBar2", {}, kSeparator | kHidden},
-        {"mnuViewOptions", u"オプション(&O)...", kHidden | kExclusive,
+        {"mnuViewBar2", "", kSeparator | kHidden},
+        {"mnuViewOptions", QT_TRANSLATE_NOOP("Tolvex", "オプション(&O)..."), kHidden | kExclusive,
          [](Program& p) { p.mnuViewOptions_Click(); }},
 
-        {"mnuWindow", u"ウインドウ(&W)", kTop | kWindowList},
-        {"mmuWindowReDrow", u"ウインドウの再整列", 0, [](Program& p) { p.children_.OpenAll(); }},
-        {"mnuFileBarz", {}, kSeparator},
-        {"mmuOpenSettingWindow", u"設定ウインドウを開く", 0,
+        {"mnuWindow", QT_TRANSLATE_NOOP("Tolvex", "ウインドウ(&W)"), kTop | kWindowList},
+        {"mmuWindowReDrow", QT_TRANSLATE_NOOP("Tolvex", "ウインドウの再整列"), 0,
+         [](Program& p) { p.children_.OpenAll(); }},
+        {"mnuFileBarz", "", kSeparator},
+        {"mmuOpenSettingWindow", QT_TRANSLATE_NOOP("Tolvex", "設定ウインドウを開く"), 0,
          [](Program& p) { p.children_.OpenSettingWindow(); }},
-        {"mmuOpenProgramWindow", u"プログラムメモリウインドウを開く", 0,
+        {"mmuOpenProgramWindow", QT_TRANSLATE_NOOP("Tolvex", "プログラムメモリウインドウを開く"), 0,
          [](Program& p) { p.children_.OpenProgramWindow(); }},
-        {"mmuOpenEEpromWindow", u"EEPROMデータメモリウインドウを開く", 0,
-         [](Program& p) { p.children_.OpenEepromWindow(); }},
-        {"mnuWindowBar1", {}, kSeparator | kHidden},
-        {"mnuWindowCascade", u"重ねて表示(&C)", kHidden,
+        {"mmuOpenEEpromWindow", QT_TRANSLATE_NOOP("Tolvex", "EEPROMデータメモリウインドウを開く"),
+         0, [](Program& p) { p.children_.OpenEepromWindow(); }},
+        {"mnuWindowBar1", "", kSeparator | kHidden},
+        {"mnuWindowCascade", QT_TRANSLATE_NOOP("Tolvex", "重ねて表示(&C)"), kHidden,
          [](Program& p) { p.window_.Area().cascadeSubWindows(); }},
-        {"mnuWindowTileHorizontal", u"上下に並べて表示(&H)", kHidden,
+        {"mnuWindowTileHorizontal", QT_TRANSLATE_NOOP("Tolvex", "上下に並べて表示(&H)"), kHidden,
          [](Program& p) { Tile(p.window_.Area(), true); }},
-        {"mnuWindowTileVertical", u"左右に並べて表示(&V)", kHidden,
+        {"mnuWindowTileVertical", QT_TRANSLATE_NOOP("Tolvex", "左右に並べて表示(&V)"), kHidden,
          [](Program& p) { Tile(p.window_.Area(), false); }},
-        {"mnuWindowArrangeIcons", u"アイコンの整列(&A)", kHidden,
+        {"mnuWindowArrangeIcons", QT_TRANSLATE_NOOP("Tolvex", "アイコンの整列(&A)"), kHidden,
          [](Program& p) { ArrangeIcons(p.window_.Area()); }},
 
-        {"mnuHelp", u"ヘルプ(&H)", kTop},
-        {"mnuHelpContents", u"目次(&C)", kHidden | kExclusive,
+        {"mnuHelp", QT_TRANSLATE_NOOP("Tolvex", "ヘルプ(&H)"), kTop},
+        {"mnuHelpContents", QT_TRANSLATE_NOOP("Tolvex", "目次(&C)"), kHidden | kExclusive,
          [](Program& p) { p.mnuHelpContents_Click(); }},
-        {"mnuHelpSearch", u"トピックの検索(&S)...", kHidden | kExclusive,
-         [](Program& p) { p.mnuHelpContents_Click(); }},
-        {"mmuIndex", u"ボードの修正(&8)", kExclusive, [](Program& p) { p.mmuIndex_Click(); }},
-        {"mnuHelpBar1", {}, kSeparator},
-        {"mnuHelpSub", u"ヘルプ(&H)", 0, [](Program& p) { p.mnuHelpSub_Click(); }},
-        {"mnuHelpAbout", u"バージョン情報(&A)", kExclusive,
+        {"mnuHelpSearch", QT_TRANSLATE_NOOP("Tolvex", "トピックの検索(&S)..."),
+         kHidden | kExclusive, [](Program& p) { p.mnuHelpContents_Click(); }},
+        {"mmuIndex", QT_TRANSLATE_NOOP("Tolvex", "ボードの修正(&8)"), kExclusive,
+         [](Program& p) { p.mmuIndex_Click(); }},
+        {"mnuHelpBar1", "", kSeparator},
+        {"mnuHelpSub", QT_TRANSLATE_NOOP("Tolvex", "ヘルプ(&H)"), 0,
+         [](Program& p) { p.mnuHelpSub_Click(); }},
+        {"mnuHelpAbout", QT_TRANSLATE_NOOP("Tolvex", "バージョン情報(&A)"), kExclusive,
          [](Program& p) { p.mnuHelpAbout_Click(); }},
 
-        {"mnuReLoad", u"【HEXファイルの再ロード】(&R)", kOnBar | kExclusive,
-         [](Program& p) { p.bench_.files.mnuReLoad_Click(); }},
+        {"mnuReLoad", QT_TRANSLATE_NOOP("Tolvex", "【HEXファイルの再ロード】(&R)"),
+         kOnBar | kExclusive, [](Program& p) { p.bench_.files.mnuReLoad_Click(); }},
     };
     return kRows;
 }
@@ -130,13 +135,14 @@ void WindowProgram::mmuCominucation_Click() {
 }
 
 void WindowProgram::mnuViewOptions_Click() {
-    ShowBox(BoxIcon::None, u"Tolvex"_s, u"ｵﾌﾟｼｮﾝ ﾀﾞｲｱﾛｸﾞのｺｰﾄﾞをここに記述します !"_s);
+    ShowBox(BoxIcon::None, u"Tolvex"_s, Text::tr("ｵﾌﾟｼｮﾝ ﾀﾞｲｱﾛｸﾞのｺｰﾄﾞをここに記述します !"));
 }
 
 /// No help file is registered with the program.
 void WindowProgram::mnuHelpContents_Click() {
-    ShowBox(BoxIcon::Information, MainCaption(),
-            u"ﾍﾙﾌﾟの目次を表示できません。 このﾌﾟﾛｼﾞｪｸﾄに関連付けられたﾍﾙﾌﾟが存在しません。"_s);
+    ShowBox(
+        BoxIcon::Information, MainCaption(),
+        Text::tr("ﾍﾙﾌﾟの目次を表示できません。 このﾌﾟﾛｼﾞｪｸﾄに関連付けられたﾍﾙﾌﾟが存在しません。"));
 }
 
 void WindowProgram::mmuIndex_Click() {
@@ -145,7 +151,7 @@ void WindowProgram::mmuIndex_Click() {
 }
 
 void WindowProgram::mnuHelpSub_Click() {
-    parts_.showHelp(parts_.folders.program + u"tolvex.hlp"_s);
+    parts_.showHelp(parts_.folders.program + Text::tr("tolvex.hlp"));  // one in each language
 }
 
 void WindowProgram::mnuHelpAbout_Click() {
@@ -154,7 +160,8 @@ void WindowProgram::mnuHelpAbout_Click() {
 }
 
 void WindowProgram::sbStatusBar_PanelClick(int panel) {
-    if (window_.Panels().PanelText(panel).startsWith(u"COM"_s)) {
+    // It says "COM:3", or nothing before the first detection.
+    if (panel == kPortPanel && !window_.Panels().PanelText(panel).isEmpty()) {
         RunAlone([this] { ShowPortDialog(); });
     }
 }

@@ -6,6 +6,8 @@
 #include <QMenu>
 #include <QMouseEvent>
 
+#include "base/text.h"
+
 namespace tolvex {
 
 MenuBar::MenuBar(std::span<const MenuRow> rows, QWidget* parent) : QMenuBar(parent) {
@@ -13,7 +15,7 @@ MenuBar::MenuBar(std::span<const MenuRow> rows, QWidget* parent) : QMenuBar(pare
     QMenu* menu = nullptr;
     for (const MenuRow& row : rows) {
         if ((row.flags & kTop) != 0) {
-            menu = addMenu(row.caption.toString());
+            menu = addMenu(Text::tr(row.caption));
             menu->setObjectName(QString::fromLatin1(row.name));
             windowMenu_ = (row.flags & kWindowList) != 0 ? menu : windowMenu_;
         } else {
@@ -23,7 +25,7 @@ MenuBar::MenuBar(std::span<const MenuRow> rows, QWidget* parent) : QMenuBar(pare
 }
 
 void MenuBar::AddItem(const MenuRow& row, QMenu* menu) {
-    auto* action = new QAction(row.caption.toString(), this);
+    auto* action = new QAction(Text::tr(row.caption), this);
     action->setObjectName(QString::fromLatin1(row.name));
     action->setSeparator((row.flags & kSeparator) != 0);
     action->setVisible((row.flags & kHidden) == 0);

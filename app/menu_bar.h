@@ -22,7 +22,7 @@ enum MenuFlag {
 /// An item of the menu bar, or a menu, to which the items below it belong.
 struct MenuRow {
     const char* name;
-    QStringView caption;
+    const char* caption;  ///< marked for translation; empty for a separator
     int flags{};
     void (*run)(WindowProgram& program) = nullptr;
     QStringView shortcut = {};

@@ -10,6 +10,7 @@
 #include <QMouseEvent>
 #include <algorithm>
 
+#include "base/text.h"
 #include "base/user_interface.h"
 
 namespace tolvex {
@@ -41,14 +42,14 @@ QAccessibleInterface* NewNotification(const QString&, QObject* object) {
 StatusBar::StatusBar(QWidget* parent) : QStatusBar(parent) {
     const PanelRow rows[kPanels] = {
         // clang-format off
-        {u"メッセージ"_s, 1, 0, QSizePolicy::Ignored}, {u"ライタ"_s, 0, 24, QSizePolicy::Preferred},
-        {u"シグネチャ"_s, 0, 24, QSizePolicy::Fixed}, {u"日付"_s, 0, 24, QSizePolicy::Preferred},
-        {u"通信ポート"_s, 0, 40, QSizePolicy::Fixed},
+        {Text::tr("メッセージ"), 1, 0, QSizePolicy::Ignored}, {Text::tr("ライタ"), 0, 24, QSizePolicy::Preferred},
+        {Text::tr("シグネチャ"), 0, 24, QSizePolicy::Fixed}, {Text::tr("日付"), 0, 24, QSizePolicy::Preferred},
+        {Text::tr("通信ポート"), 0, 40, QSizePolicy::Fixed},
         // clang-format on
     };
     setObjectName(u"sbStatusBar"_s);
     QAccessible::installFactory(NewNotification);
-    setAccessibleName(u"ステータスバー"_s);
+    setAccessibleName(Text::tr("ステータスバー"));
     for (int i = 0; i < kPanels; ++i) {
         auto* label = new FittedLabel(rows[i].spoken, this);
         label->setObjectName(u"Panel%1"_s.arg(i + 1));

@@ -4,6 +4,8 @@
 #include <QIcon>
 #include <QToolButton>
 
+#include "base/text.h"
+
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -24,25 +26,27 @@ struct ButtonRow {
 
 Toolbar::Toolbar(QWidget* parent) : QToolBar(parent) {
     const ButtonRow rows[] = {
-        {u"Open"_s, u"開く"_s, u"コード/データファイルを開く"_s, 0},
-        {u"Save"_s, u"保存"_s, u"コード/データファイルを名前をつけて保存"_s, 1},
-        {u"ReLoad"_s, u"ReLoad"_s, u"HEXファイルの再ロード"_s, 1},
-        {u"Program"_s, u"Program"_s, u"プログラム/EEPROMデータメモリのプログラム"_s, 0},
-        {u"Read"_s, u"Read"_s, u"プログラム/EEPROMデータメモリのリード"_s, 0},
-        {u"Verify"_s, u"Verify"_s, u"プログラム/EEPROMデータメモリのベリファイ"_s, 0},
-        {u"Erase"_s, u"Erase"_s, u"プログラム/EEPROMデータメモリ Lock/Fuseビット消去"_s, 3},
-        {u"Clear"_s, u"ﾊﾞｯﾌｧｸﾘｱ"_s, u"PCバッファクリア"_s, 3},
-        {u"ComSelect"_s, u"COM選択"_s, QString(), 0},
+        {u"Open"_s, Text::tr("開く"), Text::tr("コード/データファイルを開く"), 0},
+        {u"Save"_s, Text::tr("保存"), Text::tr("コード/データファイルを名前をつけて保存"), 1},
+        {u"ReLoad"_s, Text::tr("ReLoad"), Text::tr("HEXファイルの再ロード"), 1},
+        {u"Program"_s, Text::tr("Program"), Text::tr("プログラム/EEPROMデータメモリのプログラム"),
+         0},
+        {u"Read"_s, Text::tr("Read"), Text::tr("プログラム/EEPROMデータメモリのリード"), 0},
+        {u"Verify"_s, Text::tr("Verify"), Text::tr("プログラム/EEPROMデータメモリのベリファイ"), 0},
+        {u"Erase"_s, Text::tr("Erase"),
+         Text::tr("プログラム/EEPROMデータメモリ Lock/Fuseビット消去"), 3},
+        {u"Clear"_s, Text::tr("ﾊﾞｯﾌｧｸﾘｱ"), Text::tr("PCバッファクリア"), 3},
+        {u"ComSelect"_s, Text::tr("COM選択"), QString(), 0},
     };
     setObjectName(u"tbToolBar"_s);
-    setAccessibleName(u"ツールバー"_s);
-    setWindowTitle(u"ツールバー"_s);
+    setAccessibleName(Text::tr("ツールバー"));
+    setWindowTitle(Text::tr("ツールバー"));
     setMovable(false);
     setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     setIconSize({kIconSize, kIconSize});
     // Qt's own button for what a narrow window hides.
     if (auto* more = findChild<QToolButton*>(u"qt_toolbar_ext_button"_s)) {
-        more->setAccessibleName(u"その他のボタン"_s);
+        more->setAccessibleName(Text::tr("その他のボタン"));
     }
     for (const ButtonRow& row : rows) {
         QAction* action = addAction(QIcon(u":/icons/%1.svg"_s.arg(row.key)), row.caption, this,

@@ -6,6 +6,7 @@
 
 #include "app/focus_keys.h"
 #include "base/product.h"
+#include "base/text.h"
 #include "image/frmModify.h"
 #include "link/frmCom.h"
 #include "platform/window_dialogs.h"
@@ -13,14 +14,6 @@
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QString ReadingText() {
-    return u"ファイルを読み込んでいます。"_s;
-}
-
-}  // namespace
 
 WindowProgram::WindowProgram(const Parts& parts)
     : parts_(parts),
@@ -154,9 +147,9 @@ void WindowProgram::SetWaiting(bool waiting) {
 
 /// A file of many megabytes: the window says so and goes on showing itself.
 bool WindowProgram::ContinueReading() {
-    if (!messageBeforeReading_) {
-        messageBeforeReading_ = window_.Panels().PanelText(kMessagePanel);
-        window_.SetStatusText(kMessagePanel, ReadingText());
+    if (!messageAfterReading_) {
+        messageAfterReading_ = window_.Panels().PanelText(kMessagePanel);
+        window_.SetStatusText(kMessagePanel, Text::tr("ファイルを読み込んでいます。"));
         window_.setCursor(Qt::WaitCursor);
     }
     clock_.Yield(clock_.Now());
@@ -164,12 +157,10 @@ bool WindowProgram::ContinueReading() {
 }
 
 void WindowProgram::EndReading() {
-    if (messageBeforeReading_) {
+    if (messageAfterReading_) {
         window_.unsetCursor();
-        if (window_.Panels().PanelText(kMessagePanel) == ReadingText()) {
-            window_.SetStatusText(kMessagePanel, *messageBeforeReading_);
-        }
-        messageBeforeReading_.reset();
+        window_.SetStatusText(kMessagePanel, *messageAfterReading_);
+        messageAfterReading_.reset();
     }
 }
 
@@ -223,6 +214,9 @@ void WindowProgram::MDIForm_Unload() {
 
 void WindowProgram::SetStatusText(int panel, const QString& text, MessageKind kind) {
     window_.SetStatusText(panel, text);
+    if (panel == kMessagePanel && messageAfterReading_) {
+        messageAfterReading_ = text;
+    }
     if (panel == kMessagePanel && kind == MessageKind::Result && !message_->isVisible()) {
         window_.Panels().AnnounceMessage();
     }

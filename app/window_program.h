@@ -114,10 +114,10 @@ class WindowProgram : public QObject, private UserInterface {
     frmSetting* setting_ = nullptr;
     frmMsg* message_ = nullptr;
     Workbench bench_;
-    bool busy_ = false;                            ///< something runs alone
-    bool waiting_ = false;                         ///< and has served the event loop
-    QPointer<QWidget> focus_;                      ///< of the window when it began
-    std::optional<QString> messageBeforeReading_;  ///< while a long file is read
+    bool busy_ = false;                           ///< something runs alone
+    bool waiting_ = false;                        ///< and has served the event loop
+    QPointer<QWidget> focus_;                     ///< of the window when it began
+    std::optional<QString> messageAfterReading_;  ///< while a long file is read
 };
 
 }  // namespace tolvex

@@ -15,7 +15,7 @@ using Signature = std::array<std::uint8_t, 3>;
 
 /// A row of the device catalogue.
 struct DeviceRecord {
-    QString name;               ///< shown in the device list, and the look-up key
+    QString name;               ///< the look-up key; untranslated
     std::uint8_t deviceCode{};  ///< the writer's own chip class, sent after 'T'
     std::int32_t flashWords{};  ///< 16-bit words
     std::int32_t eepromBytes{};

@@ -3,17 +3,25 @@
 
 #include <algorithm>
 
+#include "base/text.h"
 #include "device/device.h"
 
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr char k1200[] = QT_TRANSLATE_NOOP("Tolvex", "AT90S1200 (外部ｸﾛｯｸ)");
+constexpr char k1200A[] = QT_TRANSLATE_NOOP("Tolvex", "AT90S1200A(内部RCｸﾛｯｸ1MHz)");
+
+}  // namespace
+
 std::span<const DeviceRecord> Catalogue() {
     // The code is the writer's own class of chip, which several chips share.
     static const DeviceRecord kCatalogue[] = {
-        {u"AT90S1200 (外部ｸﾛｯｸ)"_s, 0x11, 512, 64, FuseGroup::LockOnly, {0x01, 0x90, 0x1E}},
-        {u"AT90S1200A(内部RCｸﾛｯｸ1MHz)"_s, 0x11, 512, 64, FuseGroup::LockOnly, {0x01, 0x90, 0x1E}},
+        {QString::fromUtf8(k1200), 0x11, 512, 64, FuseGroup::LockOnly, {0x01, 0x90, 0x1E}},
+        {QString::fromUtf8(k1200A), 0x11, 512, 64, FuseGroup::LockOnly, {0x01, 0x90, 0x1E}},
         {u"AT90S2313"_s, 0x21, 1024, 128, FuseGroup::LockOnly, {0x01, 0x91, 0x1E}},
         {u"AT90S2323"_s, 0x11, 1024, 128, FuseGroup::FSTRT, {0x02, 0x91, 0x1E}},
         {u"AT90S2333"_s, 0x22, 1024, 128, FuseGroup::BOD_CKSEL, {0x05, 0x91, 0x1E}},
@@ -24,6 +32,10 @@ std::span<const DeviceRecord> Catalogue() {
         {u"AT90S8535"_s, 0x22, 4096, 512, FuseGroup::FSTRT, {0x03, 0x93, 0x1E}},
     };
     return kCatalogue;
+}
+
+QString ShownName(const DeviceRecord& device) {
+    return Text::tr(device.name.toUtf8());
 }
 
 int FlashWordsOfSizeCode(std::uint8_t sizeCode) {
@@ -61,7 +73,8 @@ std::optional<int> FindDevice(const QString& text) {
     const auto rows = Catalogue();
     for (std::size_t index = 0; index < rows.size(); ++index) {
         const QString& name = rows[index].name;
-        if (name == text || PartNumber(name).compare(text, Qt::CaseInsensitive) == 0) {
+        if (name == text || ShownName(rows[index]) == text ||
+            PartNumber(name).compare(text, Qt::CaseInsensitive) == 0) {
             return static_cast<int>(index);
         }
     }
@@ -81,10 +94,20 @@ std::span<const OptionRow> OptionRows() {
          2},
         {OptionList::LockBit,
          u"LOCK"_s,
-         {u"書込み & ベリファイ 禁止"_s, u"書込み禁止"_s, u"プロテクトなし"_s},
+         {QString::fromUtf8(QT_TRANSLATE_NOOP("Tolvex", "書込み & ベリファイ 禁止")),
+          QString::fromUtf8(QT_TRANSLATE_NOOP("Tolvex", "書込み禁止")),
+          QString::fromUtf8(QT_TRANSLATE_NOOP("Tolvex", "プロテクトなし"))},
          2},
     };
     return kRows;
+}
+
+QStringList ShownEntries(const OptionRow& row) {
+    QStringList shown;
+    for (const QString& entry : row.entries) {
+        shown << Text::tr(entry.toUtf8());
+    }
+    return shown;
 }
 
 bool HasOption(FuseGroup group, OptionList list) {

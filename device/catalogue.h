@@ -14,6 +14,8 @@ std::span<const DeviceRecord> Catalogue();
 /// The size of a chip's program memory in words that stands behind the middle byte of its
 /// signature; 0 for a byte that stands for none.
 int FlashWordsOfSizeCode(std::uint8_t sizeCode);
+/// What the device list shows.
+QString ShownName(const DeviceRecord& device);
 /// "AT90S1200A" out of a catalogue name: what can be typed on any keyboard.
 QString PartNumber(const QString& catalogueName);
 /// The part number of the chip with this signature; nothing when the catalogue has none.
@@ -25,12 +27,14 @@ std::optional<int> FindDevice(const QString& text);
 struct OptionRow {
     OptionList list;
     QString name;         ///< "CKSEL": what the data sheets call it
-    QStringList entries;  ///< as the settings window shows them
+    QStringList entries;  ///< untranslated
     int preset;  ///< selected at start-up, and when a device that has the option is selected
 };
 
 /// The six lists, in the order of `OptionList`.
 std::span<const OptionRow> OptionRows();
+/// As the settings window shows them.
+QStringList ShownEntries(const OptionRow& row);
 /// Every chip has the lock list, the others belong to a fuse group.
 bool HasOption(FuseGroup group, OptionList list);
 

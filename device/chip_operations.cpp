@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Erase, read and program. Each phase works on one memory between entering and leaving programming
 // mode. A failing command does not stop its phase, which reports once at its end.
+#include "base/text.h"
 #include "device/device.h"
 
 namespace tolvex {
@@ -44,13 +45,13 @@ std::optional<PhaseResult> ReadFlash(const ChipContext& context) {
             return std::nullopt;
         }
     }
-    return EndPhase(context, Memory::Flash, u"Flashメモリ リード失敗"_s,
-                    u"Flashメモリ リード失敗"_s);
+    return EndPhase(context, Memory::Flash, Text::tr("Flashメモリ リード失敗"),
+                    Text::tr("Flashメモリ リード失敗"));
 }
 
 PhaseResult ReadEeprom(const ChipContext& context) {
     const int bytes = context.state.device.eepromBytes;
-    context.ui.ShowMessage(MessageKind::Progress, u"EEPROM Data Memory Reading !"_s);
+    context.ui.ShowMessage(MessageKind::Progress, Text::tr("EEPROM Data Memory Reading !"));
     context.state.errorFlag.Clear();
     context.commands.EnterProgrammingMode();
     // A failed read stores what the last successful one gave.
@@ -61,8 +62,8 @@ PhaseResult ReadEeprom(const ChipContext& context) {
         context.commands.ReadDataByte(data);
         context.state.images.eeprom[static_cast<std::size_t>(address)] = data;
     }
-    return EndPhase(context, Memory::Eeprom, u"EEPROMメモリ リード失敗"_s,
-                    u"EEROMメモリ リード失敗"_s);
+    return EndPhase(context, Memory::Eeprom, Text::tr("EEPROMメモリ リード失敗"),
+                    Text::tr("EEROMメモリ リード失敗"));
 }
 
 PhaseResult ProgramFlash(const ChipContext& context, int words) {
@@ -74,13 +75,13 @@ PhaseResult ProgramFlash(const ChipContext& context, int words) {
         const auto cell = 2 * static_cast<std::size_t>(word);
         context.commands.WriteProgramWord(flash[cell], flash[cell + 1]);
     }
-    return EndPhase(context, Memory::Flash, u"Flashメモリ ライト失敗"_s,
-                    u"Flashメモリ ライト失敗"_s);
+    return EndPhase(context, Memory::Flash, Text::tr("Flashメモリ ライト失敗"),
+                    Text::tr("Flashメモリ ライト失敗"));
 }
 
 PhaseResult ProgramEeprom(const ChipContext& context) {
     const int bytes = context.state.device.eepromBytes;
-    context.ui.ShowMessage(MessageKind::Progress, u"EEPROM Data Memory Programming !"_s);
+    context.ui.ShowMessage(MessageKind::Progress, Text::tr("EEPROM Data Memory Programming !"));
     context.commands.EnterProgrammingMode();
     for (int address = 0; address < bytes; ++address) {
         context.ui.SetProgress(true, 0, address, bytes - 1);
@@ -90,8 +91,8 @@ PhaseResult ProgramEeprom(const ChipContext& context) {
             context.commands.WriteDataByte(data);
         }
     }
-    return EndPhase(context, Memory::Eeprom, u"EEPROMメモリ ライト失敗"_s,
-                    u"EEROMメモリ ライト失敗"_s);
+    return EndPhase(context, Memory::Eeprom, Text::tr("EEPROMメモリ ライト失敗"),
+                    Text::tr("EEROMメモリ ライト失敗"));
 }
 
 template <typename Image>
@@ -115,8 +116,8 @@ int LastUsedByte(const ProgramState& state) {
 }
 
 PhaseResult EraseChip(const ChipContext& context) {
-    const QString failed = u"Flash & EEPROM メモリクリアー失敗"_s;
-    context.ui.ShowMessage(MessageKind::Progress, u"Eraseing Flash & EEPROM memory !"_s);
+    const QString failed = Text::tr("Flash & EEPROM メモリクリアー失敗");
+    context.ui.ShowMessage(MessageKind::Progress, Text::tr("Eraseing Flash & EEPROM memory !"));
     context.state.errorFlag.Clear();
     context.commands.EnterProgrammingMode();
     if (IsStillProven(context)) {
@@ -127,11 +128,12 @@ PhaseResult EraseChip(const ChipContext& context) {
 
 ReadResult ReadChip(const ChipContext& context) {
     ReadResult result;
-    context.ui.ShowMessage(MessageKind::Progress, u"Flash Program Memory Reading !"_s);
+    context.ui.ShowMessage(MessageKind::Progress, Text::tr("Flash Program Memory Reading !"));
     context.state.errorFlag.Clear();
     result.chip = CheckDevice(context);
     if (!result.chip.Passed()) {
-        context.ui.SetStatusText(kMessagePanel, u"リードを中止しました。"_s, MessageKind::Failure);
+        context.ui.SetStatusText(kMessagePanel, Text::tr("リードを中止しました。"),
+                                 MessageKind::Failure);
         return result;
     }
     const auto flash = ReadFlash(context);
@@ -151,12 +153,12 @@ ReadResult ReadChip(const ChipContext& context) {
 ProgramResult ProgramChip(const ChipContext& context) {
     ProgramResult result;
     context.ui.SetProgress(true, 0, 0, context.state.device.flashWords - 1);
-    context.ui.ShowMessage(MessageKind::Progress, u"Flash Program Memory Programming !"_s);
+    context.ui.ShowMessage(MessageKind::Progress, Text::tr("Flash Program Memory Programming !"));
 
     int lastWord = LastUsedWord(context.state);
     if (lastWord < 0 && LastUsedByte(context.state) < 0) {
         result.nothingToWrite = true;
-        const QString cleared = u"Lock bit & プログラム/EEPROMデータ メモリクリアー完了。"_s;
+        const QString cleared = Text::tr("Lock bit & プログラム/EEPROMデータ メモリクリアー完了。");
         context.ui.ShowMessage(MessageKind::Result, cleared);
         context.ui.SetStatusText(kMessagePanel, cleared, MessageKind::Result);
         return result;
@@ -168,7 +170,7 @@ ProgramResult ProgramChip(const ChipContext& context) {
     context.state.errorFlag.Clear();
     result.chip = CheckDevice(context);
     if (!result.chip.Passed()) {
-        context.ui.SetStatusText(kMessagePanel, u"プログラミングを中止しました。"_s,
+        context.ui.SetStatusText(kMessagePanel, Text::tr("プログラミングを中止しました。"),
                                  MessageKind::Failure);
         return result;
     }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "base/text.h"
 #include "device/device.h"
 
 namespace tolvex {
@@ -58,26 +59,27 @@ bool Prove(const ChipContext& context, const Signature& signature, bool mayBeLoc
 ChipVerdict Judge(const ChipContext& context, const Signature& signature, int flashWords) {
     const std::uint8_t sizeCode = signature[1];
     if (context.provenSignature && !Prove(context, signature, false)) {
-        return Reject(context, ChipVerdict::ContactLost, u"チップとの接触が失われました。"_s);
+        return Reject(context, ChipVerdict::ContactLost,
+                      Text::tr("チップとの接触が失われました。"));
     }
     if (sizeCode <= kHighestLockedCode) {
         context.state.options[OptionList::LockBit] = kLockEntryUnlocked;
         context.ui.ShowSettings();
         return Reject(context, ChipVerdict::Locked,
-                      u"デバイスがプロテクトされています。\r\n"
-                      "チップイレース(<消 Erase>ボタン)を実行してください。"_s);
+                      Text::tr("デバイスがプロテクトされています。\r\n"
+                               "チップイレース(<消 Erase>ボタン)を実行してください。"));
     }
     if (sizeCode == kEmptySocketCode) {
         return Reject(context, ChipVerdict::EmptySocket,
-                      u"デバイスが、ソケットにセットされていません。"_s);
+                      Text::tr("デバイスが、ソケットにセットされていません。"));
     }
     if (context.provenSignature ? signature == context.state.device.signature
                                 : flashWords == context.state.device.flashWords) {
         return ChipVerdict::Accepted;
     }
-    const QString mismatch =
-        u"デバイス選択と、ソケット上のデバイスが一致しません。\r\n"
-        "購入直後のデバイスを使用する場合は、チップイレース(<消 Erase>ボタン)を実行してください。"_s;
+    const QString mismatch = Text::tr(
+        "デバイス選択と、ソケット上のデバイスが一致しません。\r\n"
+        "購入直後のデバイスを使用する場合は、チップイレース(<消 Erase>ボタン)を実行してください。");
     if (context.tolerateMismatch) {
         context.ui.ShowMessage(MessageKind::Result, mismatch);
         return ChipVerdict::Tolerated;

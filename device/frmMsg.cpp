@@ -5,6 +5,7 @@
 #include <QEvent>
 
 #include "base/settings.h"
+#include "base/text.h"
 #include "widgets/fonts.h"
 
 namespace tolvex {
@@ -24,11 +25,11 @@ frmMsg::frmMsg(QWidget* owner, Placement placement)
     : QDialog(owner, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
                          Qt::WindowStaysOnTopHint),
       placement_(std::move(placement)),
-      txtMsg_(new FittedLabel(u"メッセージ"_s, this)),
+      txtMsg_(new FittedLabel(Text::tr("メッセージ"), this)),
       cmdOkm_(new QPushButton(u"OK"_s, this)),
       progBar_(new QProgressBar(this)) {
     setObjectName(u"frmMsg"_s);
-    setWindowTitle(u"メッセージ"_s);
+    setWindowTitle(Text::tr("メッセージ"));
     setFixedSize(PixelsFromTwips(5745), PixelsFromTwips(1800));
 
     txtMsg_->setObjectName(u"txtMsg"_s);
@@ -40,7 +41,7 @@ frmMsg::frmMsg(QWidget* owner, Placement placement)
     cmdOkm_->setDefault(true);
     cmdOkm_->setGeometry(Place(2355, 945, 1275, 330));
     progBar_->setObjectName(u"ProgBar"_s);
-    progBar_->setAccessibleName(u"進行状況"_s);
+    progBar_->setAccessibleName(Text::tr("進行状況"));
     progBar_->setTextVisible(false);
     progBar_->setGeometry(Place(180, 1080, 5280, 210));
     connect(cmdOkm_, &QPushButton::clicked, this, &QDialog::accept);

@@ -5,6 +5,7 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include "base/text.h"
 #include "device/catalogue.h"
 #include "widgets/controls.h"
 #include "widgets/fonts.h"
@@ -44,7 +45,7 @@ DropDown* NewList(const QString& name, const QString& spoken, const QStringList&
 
 frmSetting::frmSetting(QWidget* parent) : QWidget(parent), column_(new QVBoxLayout(this)) {
     setObjectName(u"frmSetting"_s);
-    setWindowTitle(u"AVRシリーズISPプログラマ　設定ウインドウ"_s);
+    setWindowTitle(Text::tr("AVRシリーズISPプログラマ　設定ウインドウ"));
     setFont(ListingFont(kPoints));  // compact: the designed size is tight
     column_->setContentsMargins(4, 1, 4, 1);
     column_->setSpacing(kGap);
@@ -61,7 +62,8 @@ frmSetting::frmSetting(QWidget* parent) : QWidget(parent), column_(new QVBoxLayo
 
 QComboBox* frmSetting::AddOptionList(OptionList option, const QString& name, const QString& spoken,
                                      QWidget* parent) {
-    QComboBox* list = NewList(u"Combo_"_s + name, spoken, OptionRowOf(option).entries, parent);
+    QComboBox* list =
+        NewList(u"Combo_"_s + name, spoken, ShownEntries(OptionRowOf(option)), parent);
     connect(list, &QComboBox::currentIndexChanged, this,
             [this, option](int entry) { Q_EMIT OptionChosen(option, entry); });
     options_[option] = list;
@@ -71,17 +73,17 @@ QComboBox* frmSetting::AddOptionList(OptionList option, const QString& name, con
 Frame* frmSetting::BuildDeviceFrame() {
     QStringList names;
     for (const DeviceRecord& record : Catalogue()) {
-        names << record.name;
+        names << ShownName(record);
     }
-    Frame* frame = new Frame(u"Frame1"_s, u"デバイス選択"_s, this);
+    Frame* frame = new Frame(u"Frame1"_s, Text::tr("デバイス選択"), this);
     auto* column = new QVBoxLayout(frame);
     column->setContentsMargins(kFrameMargins);
     column->setSpacing(kGap);
-    comboDevice_ = NewList(u"Combo_device"_s, u"デバイス選択"_s, names, frame);
+    comboDevice_ = NewList(u"Combo_device"_s, Text::tr("デバイス選択"), names, frame);
     comboDevice_->setMaxVisibleItems(comboDevice_->count());
-    label3_ = new QLabel(u"Programメモリサイズ : --- word"_s, frame);
+    label3_ = new QLabel(Text::tr("Programメモリサイズ : --- word"), frame);
     label3_->setObjectName(u"Label3"_s);
-    label4_ = new QLabel(u"EEPROM メモリサイズ : --- byte"_s, frame);
+    label4_ = new QLabel(Text::tr("EEPROM メモリサイズ : --- byte"), frame);
     label4_->setObjectName(u"Label4"_s);
     column->addWidget(comboDevice_);
     column->addWidget(label3_);
@@ -90,28 +92,30 @@ Frame* frmSetting::BuildDeviceFrame() {
 }
 
 Frame* frmSetting::BuildLockFuseFrame() {
-    Frame* frame = new Frame(u"Frame4"_s, u"Lock/Fuse ビット"_s, this);
+    Frame* frame = new Frame(u"Frame4"_s, Text::tr("Lock/Fuse ビット"), this);
     auto* grid = new QGridLayout(frame);
     grid->setContentsMargins(kFrameMargins);
     grid->setSpacing(kGap);
     grid->addWidget(BuildFuseFrame(), 0, 0, 1, 2);
-    Frame* lock = new Frame(u"Frame3"_s, u"Lock"_s, this);
+    Frame* lock = new Frame(u"Frame3"_s, Text::tr("Lock"), this);
     auto* column = new QVBoxLayout(lock);
     column->setContentsMargins(kFrameMargins);
-    column->addWidget(AddOptionList(OptionList::LockBit, u"LockBit"_s, u"Lock"_s, lock));
+    column->addWidget(AddOptionList(OptionList::LockBit, u"LockBit"_s, Text::tr("Lock"), lock));
     grid->addWidget(lock, 1, 0, 1, 2);
-    cmdFuseRead_ = AddButton(u"cmdFuseRead"_s, u"Lock/Fuse READ"_s, grid, 0);
-    cmdFuseWrite_ = AddButton(u"cmdFuseWrite"_s, u"Lock/Fuse WRITE"_s, grid, 1);
+    cmdFuseRead_ = AddButton(u"cmdFuseRead"_s, Text::tr("Lock/Fuse READ"), grid, 0);
+    cmdFuseWrite_ = AddButton(u"cmdFuseWrite"_s, Text::tr("Lock/Fuse WRITE"), grid, 1);
     return frame;
 }
 
 Frame* frmSetting::BuildFuseFrame() {
     const std::pair<OptionList, QString> captions[] = {
-        {OptionList::FSTRT, u"FSTRT"_s},        {OptionList::RCEN, u"RCEN"_s},
-        {OptionList::BODLEVEL, u"BOD LEVEL"_s}, {OptionList::BODEN, u"BOD ENABLE"_s},
-        {OptionList::CKSEL, u"Reset Delay"_s},
+        {OptionList::FSTRT, u"FSTRT"_s},
+        {OptionList::RCEN, u"RCEN"_s},
+        {OptionList::BODLEVEL, Text::tr("BOD LEVEL")},
+        {OptionList::BODEN, Text::tr("BOD ENABLE")},
+        {OptionList::CKSEL, Text::tr("Reset Delay")},
     };
-    Frame* frame = new Frame(u"Frame2"_s, u"Fuse"_s, this);
+    Frame* frame = new Frame(u"Frame2"_s, Text::tr("Fuse"), this);
     auto* grid = new QGridLayout(frame);
     grid->setContentsMargins(kFrameMargins);
     grid->setHorizontalSpacing(8);
@@ -163,9 +167,9 @@ void frmSetting::ShowState(const ProgramState& state) {
     }
     // Chips without fuses can't be asked for their lock bits either.
     cmdFuseRead_->setEnabled(device.fuseGroup != FuseGroup::LockOnly);
-    comboDevice_->setCurrentIndex(comboDevice_->findText(device.name));
-    label3_->setText(u"Programメモリサイズ : %1 word"_s.arg(device.flashWords));
-    label4_->setText(u"EEPROM メモリサイズ : %1 byte"_s.arg(device.eepromBytes));
+    comboDevice_->setCurrentIndex(FindDevice(device.name).value_or(-1));
+    label3_->setText(Text::tr("Programメモリサイズ : %n word", nullptr, device.flashWords));
+    label4_->setText(Text::tr("EEPROM メモリサイズ : %n byte", nullptr, device.eepromBytes));
 }
 
 }  // namespace tolvex

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The two buttons of the lock and fuse area.
+#include "base/text.h"
 #include "device/device.h"
 #include "device/fuse_encoding.h"
 
@@ -89,12 +90,12 @@ LockFuseResult cmdFuseRead_Click(const ChipContext& context) {
     if (!result.detection) {
         return result;
     }
-    context.ui.ShowMessage(MessageKind::Progress, u"Lock/Fuse bit リード中..."_s);
+    context.ui.ShowMessage(MessageKind::Progress, Text::tr("Lock/Fuse bit リード中..."));
     context.state.errorFlag.Clear();
     result.chip = CheckDevice(context);
     if (!result.chip.Passed()) {
         context.ui.ShowMessage(MessageKind::Failure,
-                               u"設定デバイスと、ソケット上のデバイスがミスマッチです。"_s);
+                               Text::tr("設定デバイスと、ソケット上のデバイスがミスマッチです。"));
         return result;
     }
     context.state.errorFlag.Clear();
@@ -102,8 +103,8 @@ LockFuseResult cmdFuseRead_Click(const ChipContext& context) {
         return result;
     }
     ReadOptions(context, result);
-    result.done = TellEnd(context, u"Lock/Fuse bit リードが完了しました。"_s,
-                          u"Lock/Fuse bit リードに失敗しました。"_s);
+    result.done = TellEnd(context, Text::tr("Lock/Fuse bit リードが完了しました。"),
+                          Text::tr("Lock/Fuse bit リードに失敗しました。"));
     return result;
 }
 
@@ -117,15 +118,15 @@ LockFuseResult WriteLockFuse(const ChipContext& context, LockFusePart part) {
     if (!result.detection) {
         return result;
     }
-    context.ui.ShowMessage(MessageKind::Progress, u"Lock/Fuse bit ライト中...."_s);
+    context.ui.ShowMessage(MessageKind::Progress, Text::tr("Lock/Fuse bit ライト中...."));
     context.state.errorFlag.Clear();
     result.chip = CheckDevice(context);
     if (!result.chip.Passed() || context.state.device.name.isEmpty()) {
         return result;
     }
     WriteOptions(context, part);
-    result.done = TellEnd(context, u"Lock/Fuse bit ライトが完了しました。"_s,
-                          u"Lock/Fuse bit ライトに失敗しました。"_s);
+    result.done = TellEnd(context, Text::tr("Lock/Fuse bit ライトが完了しました。"),
+                          Text::tr("Lock/Fuse bit ライトに失敗しました。"));
     return result;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
 
+#include "base/text.h"
 #include "device/device.h"
 
 namespace tolvex {
@@ -47,12 +48,12 @@ void CompareFlash(const ChipContext& context, int words, VerifyResult& result) {
     LeaveWithProof(context);
     result.flashCompared = !context.state.errorFlag.Failed();
     if (!result.flashCompared) {
-        context.ui.Tell(MessageKind::Failure, u"Flash メモリ ベリファイ失敗"_s);
+        context.ui.Tell(MessageKind::Failure, Text::tr("Flash メモリ ベリファイ失敗"));
     }
 }
 
 void CompareEeprom(const ChipContext& context, int bytes, VerifyResult& result) {
-    context.ui.ShowMessage(MessageKind::Progress, u"EEPROM Data Memory Verifying !"_s);
+    context.ui.ShowMessage(MessageKind::Progress, Text::tr("EEPROM Data Memory Verifying !"));
     context.state.errorFlag.Clear();
     context.commands.EnterProgrammingMode();
     std::uint8_t chip = 0;
@@ -73,7 +74,7 @@ void CompareEeprom(const ChipContext& context, int bytes, VerifyResult& result) 
 /// False: the report could not be shown.
 bool Judge(const ChipContext& context, const VerifyResult& result) {
     if (!result.eepromCompared) {
-        context.ui.Tell(MessageKind::Failure, u"ベリファイ　通信エラー"_s);
+        context.ui.Tell(MessageKind::Failure, Text::tr("ベリファイ　通信エラー"));
         return true;
     }
     if (!result.differences.isEmpty() && !context.listings.ShowVerifyReport()) {
@@ -82,7 +83,7 @@ bool Judge(const ChipContext& context, const VerifyResult& result) {
     const QString flash = result.Differs(true) ? u"NG"_s : u"OK"_s;
     const QString eeprom = result.Differs(false) ? u"NG"_s : u"OK"_s;
     context.ui.Tell(MessageKind::Result,
-                    u"ベリファイ　FLASH : %1 / EEPROM : %2"_s.arg(flash, eeprom));
+                    Text::tr("ベリファイ　FLASH : %1 / EEPROM : %2").arg(flash, eeprom));
     return true;
 }
 
@@ -97,12 +98,12 @@ VerifyResult VerifyChip(const ChipContext& context, VerifyMode mode) {
     const CurrentDevice& device = context.state.device;
     const bool whole = mode == VerifyMode::WholeChip;
     context.ui.SetProgress(true, 0, 0, device.flashWords - 1);
-    context.ui.ShowMessage(MessageKind::Progress, u"Flash Program Memory Verifying !"_s);
+    context.ui.ShowMessage(MessageKind::Progress, Text::tr("Flash Program Memory Verifying !"));
     context.state.errorFlag.Clear();
     if (whole) {
         result.chip = CheckDevice(context);
         if (!result.chip.Passed()) {
-            context.ui.SetStatusText(kMessagePanel, u"ベリファイを中止しました。"_s,
+            context.ui.SetStatusText(kMessagePanel, Text::tr("ベリファイを中止しました。"),
                                      MessageKind::Failure);
             return result;
         }

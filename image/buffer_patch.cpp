@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "base/text.h"
 #include "image/image.h"
 
 namespace tolvex {
@@ -13,7 +14,7 @@ std::optional<int> Parse(const ImageContext& context, const QString& text) {
     flag.Clear();
     const int value = ParseHex4(text, flag);
     if (flag.Failed()) {
-        context.ui.ShowMessage(MessageKind::Failure, u"入力データに誤りがあります．"_s);
+        context.ui.ShowMessage(MessageKind::Failure, Text::tr("入力データに誤りがあります．"));
         return std::nullopt;
     }
     return value;
@@ -28,8 +29,8 @@ std::optional<std::size_t> Cell(const ImageContext& context, const QString& addr
     const CurrentDevice& device = context.state.device;
     if (*parsed >= (isFlash ? device.flashWords : device.eepromBytes)) {
         context.ui.ShowMessage(MessageKind::Failure,
-                               isFlash ? u"Flash アドレスが範囲を超えています．"_s
-                                       : u"EEPROM アドレスが範囲を超えています．"_s);
+                               isFlash ? Text::tr("Flash アドレスが範囲を超えています．")
+                                       : Text::tr("EEPROM アドレスが範囲を超えています．"));
         return std::nullopt;
     }
     const auto first = static_cast<std::size_t>(*parsed);

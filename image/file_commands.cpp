@@ -3,6 +3,8 @@
 
 #include <QFileInfo>
 
+#include "base/text.h"
+
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -25,8 +27,8 @@ std::optional<QString> DirectoryOf(const QString& path) {
 }  // namespace
 
 void FileCommands::mnuFileOpenCode_Click() {
-    const QString path = AskOpen({.title = u"コードファイル(*.hex)を開く"_s,
-                                  .filter = u"Hex File|*.hex;*.rom|All Files|*.*|"_s,
+    const QString path = AskOpen({.title = Text::tr("コードファイル(*.hex)を開く"),
+                                  .filter = Text::tr("Hex File|*.hex;*.rom|All Files|*.*|"),
                                   .defaultSuffix = u"hex;rom"_s});
     if (!path.isEmpty()) {
         names_.CodeFileName = path;
@@ -37,7 +39,7 @@ void FileCommands::mnuFileOpenCode_Click() {
     if (!HasCodeExtension(names_.CodeFileName)) {
         names_.CodeFileName.clear();
         context_.ui.ShowBox(BoxIcon::Information, context_.ui.MainCaption(),
-                            u"指定されたファイルを開くことができませんでした。"_s);
+                            Text::tr("指定されたファイルを開くことができませんでした。"));
         return;
     }
     if (OpenNamedCode()) {
@@ -46,8 +48,8 @@ void FileCommands::mnuFileOpenCode_Click() {
 }
 
 void FileCommands::mnuFileOpenData_Click() {
-    OpenData(AskOpen({.title = u"データファイル(*.eep)を開く"_s,
-                      .filter = u"eep File|*.eep|All Files|*.*|"_s,
+    OpenData(AskOpen({.title = Text::tr("データファイル(*.eep)を開く"),
+                      .filter = Text::tr("eep File|*.eep|All Files|*.*|"),
                       .defaultSuffix = u"eep"_s}));
 }
 
@@ -56,8 +58,8 @@ void FileCommands::mnuFileOpen_Click() {
         OpenNamedBoth();
         return;
     }
-    OpenBoth(AskOpen({.title = u"コードファイル ＆ データファイルを開く"_s,
-                      .filter = u"Hex File|*.hex;*.rom|All Files|*.*|"_s,
+    OpenBoth(AskOpen({.title = Text::tr("コードファイル ＆ データファイルを開く"),
+                      .filter = Text::tr("Hex File|*.hex;*.rom|All Files|*.*|"),
                       .defaultSuffix = u"hex;rom"_s,
                       .initialName = dialogPath_}));
 }
@@ -77,8 +79,9 @@ void FileCommands::OpenDropped(const QStringList& paths) {
         }
     }
     if (code.size() > 1 || data.size() > 1) {
-        context_.ui.ShowMessage(MessageKind::Failure,
-                                u"コードファイルとデータファイルは1つずつドロップしてください。"_s);
+        context_.ui.ShowMessage(
+            MessageKind::Failure,
+            Text::tr("コードファイルとデータファイルは1つずつドロップしてください。"));
         return;
     }
     const QStringList chosen = code + data;
@@ -99,8 +102,9 @@ void FileCommands::OpenDropped(const QStringList& paths) {
 
 void FileCommands::mnuFileSave_Click() {
     if (names_.CodeFileName.isEmpty()) {
-        context_.ui.ShowMessage(MessageKind::Failure, u"ファイルがオープンされていません．"_s);
-        context_.ui.SetStatusText(kMessagePanel, u"ファイルがオープンされていません"_s,
+        context_.ui.ShowMessage(MessageKind::Failure,
+                                Text::tr("ファイルがオープンされていません．"));
+        context_.ui.SetStatusText(kMessagePanel, Text::tr("ファイルがオープンされていません"),
                                   MessageKind::Failure);
         return;
     }
@@ -108,28 +112,29 @@ void FileCommands::mnuFileSave_Click() {
     names_.DataSaveName = names_.DataFileName;
     WriteCode();
     WriteData();
-    context_.ui.SetStatusText(kMessagePanel, u"ファイルを保存しました．"_s, MessageKind::Result);
+    context_.ui.SetStatusText(kMessagePanel, Text::tr("ファイルを保存しました．"),
+                              MessageKind::Result);
 }
 
 void FileCommands::mnuFileSaveAs_Click() {
-    SaveAs({.title = u"コードファイル ＆ データファイルの保存"_s,
-            .filter = u"Hex File|*.HEX|All Files|*.*|"_s,
+    SaveAs({.title = Text::tr("コードファイル ＆ データファイルの保存"),
+            .filter = Text::tr("Hex File|*.HEX|All Files|*.*|"),
             .defaultSuffix = u"hex"_s,
             .initialName = dialogPath_},
            {.flash = true, .eeprom = true});
 }
 
 void FileCommands::mnuFileSaveAsCode_Click() {
-    SaveAs({.title = u"コードファイル(*.hex)の保存"_s,
-            .filter = u"Hex File|*.HEX|All Files|*.*|"_s,
+    SaveAs({.title = Text::tr("コードファイル(*.hex)の保存"),
+            .filter = Text::tr("Hex File|*.HEX|All Files|*.*|"),
             .defaultSuffix = u"hex"_s,
             .initialName = u"*.hex"_s},
            {.flash = true, .eeprom = false});
 }
 
 void FileCommands::mnuFileSaveAsData_Click() {
-    SaveAs({.title = u"データファイル(*.eep)の保存"_s,
-            .filter = u"Eep File|*.eep|All Files|*.*|"_s,
+    SaveAs({.title = Text::tr("データファイル(*.eep)の保存"),
+            .filter = Text::tr("Eep File|*.eep|All Files|*.*|"),
             .defaultSuffix = u"eep"_s,
             .initialName = u"*.eep"_s},
            {.flash = false, .eeprom = true});
@@ -159,8 +164,8 @@ void FileCommands::SaveAs(FileDialogRequest request, Memories memories) {
         names_.DataSaveName = DataFileNameFor(*answer);
     }
     const bool replaces = FileExists(memories.flash ? names_.CodeSaveName : names_.DataSaveName);
-    if (replaces &&
-        !context_.ui.AskOkCancel(u"ファイル保存"_s, u"ファイルが存在します。上書きしますか？"_s)) {
+    if (replaces && !context_.ui.AskOkCancel(Text::tr("ファイル保存"),
+                                             Text::tr("ファイルが存在します。上書きしますか？"))) {
         return;
     }
     if (!StoreDirectory(keys::SaveDir)) {
@@ -206,42 +211,42 @@ void FileCommands::OpenNamedBoth() {
     QString& name = names_.CodeFileName;
     if (!name.isEmpty() && !FileExists(name)) {
         name.clear();
-        context_.ui.SetFlashCaption(u"Program : Not found HEX file"_s);
+        context_.ui.SetFlashCaption(Text::tr("Program : Not found HEX file"));
         context_.state.images.ClearFlashImage();
         if (!context_.listings.RefreshFlashListing()) {
             return;
         }
     } else if (HasCodeExtension(name)) {
         if (OpenNamedCode() && StoreDirectory(keys::OpenDir) && OpenNamedData()) {
-            context_.ui.SetStatusText(kMessagePanel, u"ファイルをオープンしました。"_s,
+            context_.ui.SetStatusText(kMessagePanel, Text::tr("ファイルをオープンしました。"),
                                       MessageKind::Result);
         }
         return;
     }
     name.clear();
     context_.ui.ShowMessage(MessageKind::Failure,
-                            u"指定されたファイルを開くことができませんでした。"_s);
+                            Text::tr("指定されたファイルを開くことができませんでした。"));
 }
 
 bool FileCommands::OpenNamedCode() {
     const QString& name = names_.CodeFileName;
-    context_.ui.SetFlashCaption(u"Program : "_s + name);
+    context_.ui.SetFlashCaption(Text::tr("Program : %1").arg(name));
     context_.state.images.ClearFlashImage();
     return Continues(
                ReadCodeHex(name, context_.state.images.flash, context_.state.errorFlag, Progress()),
-               u"HEX ファイルのオープンエラー"_s) &&
+               Text::tr("HEX ファイルのオープンエラー")) &&
            context_.listings.RefreshFlashListing();
 }
 
 bool FileCommands::OpenNamedData() {
     const QString& name = names_.DataFileName;
     const bool found = FileExists(name);
-    context_.ui.SetEepromCaption(found ? u"EEPROM : "_s + name
-                                       : u"EEPROM memory : Not found EEP file"_s);
+    context_.ui.SetEepromCaption(found ? Text::tr("EEPROM : %1").arg(name)
+                                       : Text::tr("EEPROM memory : Not found EEP file"));
     context_.state.images.ClearEepromImage();
     if (found && !Continues(ReadDataHex(name, context_.state.images.eeprom,
                                         context_.state.errorFlag, Progress()),
-                            u"EEP  ファイルのオープンエラー"_s)) {
+                            Text::tr("EEP  ファイルのオープンエラー"))) {
         return false;
     }
     return context_.listings.RefreshEepromListing();
@@ -267,10 +272,10 @@ void FileCommands::WriteData() {
 
 void FileCommands::Report(HexWriteResult result) {
     if (result != HexWriteResult::Written) {
-        context_.ui.ShowBox(BoxIcon::Stop, u"ファイル保存"_s,
+        context_.ui.ShowBox(BoxIcon::Stop, Text::tr("ファイル保存"),
                             result == HexWriteResult::AccessRefused
-                                ? u"リードオンリーファイルにアクセスしました。"_s
-                                : u"ファイル保存できませんでした。"_s);
+                                ? Text::tr("リードオンリーファイルにアクセスしました。")
+                                : Text::tr("ファイル保存できませんでした。"));
     }
 }
 

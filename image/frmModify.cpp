@@ -4,6 +4,7 @@
 #include <QFontMetrics>
 #include <QLabel>
 
+#include "base/text.h"
 #include "widgets/fonts.h"
 
 namespace tolvex {
@@ -26,20 +27,20 @@ constexpr int kButtonWidth = 118;
 }  // namespace
 
 frmModify::frmModify(const ImageContext& context, QWidget* parent)
-    : Frame(u"frmModify"_s, u"PCバッファメモリ修正"_s, parent), context_(context) {
+    : Frame(u"frmModify"_s, Text::tr("PCバッファメモリ修正"), parent), context_(context) {
     setFont(ListingFont(kPanelPoints));
     setFixedHeight(kPanelHeight);
 
-    txtAddress_ =
-        AddBox(u"txtAddress"_s, u"0"_s, u"Label1"_s, u"アドレス:"_s, u"        (Hex)"_s, kFirstRow);
-    txtData_ =
-        AddBox(u"txtData"_s, u"FF"_s, u"Label2"_s, u"デ ー タ:"_s, u"        (Hex)"_s, kSecondRow);
-    optionProgram_ = AddOption(u"OptionProgram"_s, u"PROGRAM"_s, kFirstRow);
+    txtAddress_ = AddBox(u"txtAddress"_s, u"0"_s, u"Label1"_s, Text::tr("アドレス:"),
+                         u"        (Hex)"_s, kFirstRow);
+    txtData_ = AddBox(u"txtData"_s, u"FF"_s, u"Label2"_s, Text::tr("デ ー タ:"), u"        (Hex)"_s,
+                      kSecondRow);
+    optionProgram_ = AddOption(u"OptionProgram"_s, Text::tr("PROGRAM"), kFirstRow);
     optionEeprom_ = AddOption(u"OptionEeprom"_s, u"EEPROM"_s, kSecondRow);
     optionEeprom_->setChecked(true);
-    cmdRead_ = AddButton(u"CmdRead"_s, u"Buffer READ"_s, kLeft);
-    cmdWrite_ = AddButton(u"CmdWrite"_s, u"Buffer WRITE"_s, kLeft + kButtonWidth + 4);
-    auto* note = new QLabel(u"バッファ修正のみ。デバイスには書込みません。"_s, this);
+    cmdRead_ = AddButton(u"CmdRead"_s, Text::tr("Buffer READ"), kLeft);
+    cmdWrite_ = AddButton(u"CmdWrite"_s, Text::tr("Buffer WRITE"), kLeft + kButtonWidth + 4);
+    auto* note = new QLabel(Text::tr("バッファ修正のみ。デバイスには書込みません。"), this);
     note->setObjectName(u"Label5"_s);
     QFont small = font();
     small.setPixelSize(11);
@@ -59,7 +60,7 @@ QLineEdit* frmModify::AddBox(const QString& name, const QString& text, const QSt
     label->setGeometry(kLeft, top, kOptionLeft - kLeft, kRowHeight);
     auto* box = new QLineEdit(text, this);
     box->setObjectName(name);
-    box->setAccessibleName(caption.chopped(1) + u" (Hex)"_s);
+    box->setAccessibleName(caption.trimmed().chopped(1) + u" (Hex)"_s);
     label->setBuddy(box);
     const QFontMetrics metrics(font());
     const int blanks = metrics.horizontalAdvance(gap.left(gap.indexOf(u'(')));

@@ -8,6 +8,7 @@
 #include <optional>
 #include <vector>
 
+#include "base/text.h"
 #include "image/hex_reader.h"
 
 namespace tolvex {
@@ -19,21 +20,28 @@ namespace {
 struct FaultRow {
     HexFault fault;
     QStringView name;
-    QStringView text;
+    const char* text;
 };
 
 constexpr FaultRow kFaults[] = {
-    {HexFault::NoColon, u"noColon", u"行頭がコロンではありません。"},
-    {HexFault::LowerCase, u"lowerCase", u"小文字の16進数字があります。大文字だけが使えます。"},
-    {HexFault::Digit, u"digit", u"16進数字ではない文字があります。"},
-    {HexFault::Length, u"length", u"長さがバイト数と合いません。"},
-    {HexFault::Checksum, u"checksum", u"チェックサムが違います。"},
-    {HexFault::UnknownType, u"unknownType", u"知らないレコードタイプです。"},
-    {HexFault::BaseAddress, u"baseAddress", u"0 以外の拡張アドレスには対応していません。"},
-    {HexFault::Overlap, u"overlap", u"前のレコードと同じ番地のデータです。"},
-    {HexFault::OutsideMemory, u"outsideMemory", u"デバイスのメモリの外のデータです。"},
-    {HexFault::EarlyEnd, u"earlyEnd", u"エンドレコードの後に行が続いています。"},
-    {HexFault::MissingEnd, u"missingEnd", u"エンドレコードがありません。"},
+    {HexFault::NoColon, u"noColon", QT_TRANSLATE_NOOP("Tolvex", "行頭がコロンではありません。")},
+    {HexFault::LowerCase, u"lowerCase",
+     QT_TRANSLATE_NOOP("Tolvex", "小文字の16進数字があります。大文字だけが使えます。")},
+    {HexFault::Digit, u"digit", QT_TRANSLATE_NOOP("Tolvex", "16進数字ではない文字があります。")},
+    {HexFault::Length, u"length", QT_TRANSLATE_NOOP("Tolvex", "長さがバイト数と合いません。")},
+    {HexFault::Checksum, u"checksum", QT_TRANSLATE_NOOP("Tolvex", "チェックサムが違います。")},
+    {HexFault::UnknownType, u"unknownType",
+     QT_TRANSLATE_NOOP("Tolvex", "知らないレコードタイプです。")},
+    {HexFault::BaseAddress, u"baseAddress",
+     QT_TRANSLATE_NOOP("Tolvex", "0 以外の拡張アドレスには対応していません。")},
+    {HexFault::Overlap, u"overlap",
+     QT_TRANSLATE_NOOP("Tolvex", "前のレコードと同じ番地のデータです。")},
+    {HexFault::OutsideMemory, u"outsideMemory",
+     QT_TRANSLATE_NOOP("Tolvex", "デバイスのメモリの外のデータです。")},
+    {HexFault::EarlyEnd, u"earlyEnd",
+     QT_TRANSLATE_NOOP("Tolvex", "エンドレコードの後に行が続いています。")},
+    {HexFault::MissingEnd, u"missingEnd",
+     QT_TRANSLATE_NOOP("Tolvex", "エンドレコードがありません。")},
 };
 
 const FaultRow& Row(HexFault fault) {
@@ -216,19 +224,15 @@ QStringView HexFaultName(HexFault fault) {
     return Row(fault).name;
 }
 
-QStringView HexFaultText(HexFault fault) {
-    return Row(fault).text;
-}
-
 QString HexFindingText(const HexFinding& finding) {
-    QString text = HexFaultText(finding.fault).toString();
+    QString text = Text::tr(Row(finding.fault).text);
     if (finding.line > 0) {
-        text = u"%1 行目: %2"_s.arg(finding.line).arg(text);
+        text = Text::tr("%1 行目: %2").arg(finding.line).arg(text);
     }
     if (finding.address >= 0) {
         text += u" (0x%1)"_s.arg(QString::number(finding.address, 16).toUpper());
     }
-    return finding.more == 0 ? text : text + u" ほか %1 行"_s.arg(finding.more);
+    return finding.more == 0 ? text : text + Text::tr(" ほか %n 行", nullptr, finding.more);
 }
 
 HexReport CheckHex(const QString& path, int memoryBytes) {

@@ -24,8 +24,6 @@ enum class HexFault {
 
 /// "noColon", for a machine.
 QStringView HexFaultName(HexFault fault);
-/// A sentence, for the user.
-QStringView HexFaultText(HexFault fault);
 
 struct HexFinding {
     HexFault fault;

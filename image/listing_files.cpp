@@ -6,6 +6,7 @@
 #include <span>
 #include <utility>
 
+#include "base/text.h"
 #include "image/image.h"
 
 namespace tolvex {
@@ -147,7 +148,7 @@ void ListingFiles::TellOnce() {
     if (!std::exchange(told_, true)) {
         ui_.ShowMessage(
             MessageKind::Failure,
-            u"リストファイルを書き込めるフォルダがないため、リストを表示できません。"_s);
+            Text::tr("リストファイルを書き込めるフォルダがないため、リストを表示できません。"));
     }
 }
 

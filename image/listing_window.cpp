@@ -8,6 +8,7 @@
 #include <QStyleOptionTitleBar>
 
 #include "base/settings.h"
+#include "base/text.h"
 #include "widgets/controls.h"
 #include "widgets/fonts.h"
 
@@ -24,15 +25,15 @@ constexpr int kListingPoints = 9;
 namespace listing_looks {
 
 ListingLook Program() {
-    return {"frmProgram", "txtPrg", u"プログラムメモリ"_s, u"Program Memoey"_s, 0};
+    return {"frmProgram", "txtPrg", Text::tr("プログラムメモリ"), Text::tr("Program Memoey"), 0};
 }
 
 ListingLook Eeprom() {
-    return {"frmEEprom", "txtEEp", u"EEPROMデータメモリ"_s, u"EEPROM memory"_s, 0};
+    return {"frmEEprom", "txtEEp", Text::tr("EEPROMデータメモリ"), Text::tr("EEPROM memory"), 0};
 }
 
 ListingLook Verify() {
-    return {"frmVerify", "rtVerify", u"Verify Window"_s, QString(), 20};
+    return {"frmVerify", "rtVerify", Text::tr("Verify Window"), QString(), 20};
 }
 
 }  // namespace listing_looks

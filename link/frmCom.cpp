@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "base/text.h"
 #include "widgets/controls.h"
 
 namespace tolvex {
@@ -15,9 +16,9 @@ using namespace Qt::StringLiterals;
 frmCom::frmCom(const LinkContext& link, const QStringList& toolTips, QWidget* parent)
     : QDialog(parent), link_(link), comboCom_(new DropDown(this)) {
     setObjectName(u"frmCom"_s);
-    setWindowTitle(u"通信ポート選択"_s);
+    setWindowTitle(Text::tr("通信ポート選択"));
 
-    auto* prompt = new QLabel(u"通信ポートを選んでください。"_s, this);
+    auto* prompt = new QLabel(Text::tr("通信ポートを選んでください。"), this);
     prompt->setObjectName(u"Label1"_s);
     prompt->setBuddy(comboCom_);
     auto* ok = new QPushButton(u"OK"_s, this);

@@ -1,9 +1,17 @@
 // SPDX-License-Identifier: MIT
+#include "base/text.h"
 #include "link/link.h"
 
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
+
+/// What counts as a right reply.
+enum class RightReply {
+    Any,
+    Acknowledge,        ///< a carriage return
+    AcknowledgeOrQuote  ///< the same; a wrong one is told with its byte as a character
+};
 
 /// How a command goes out and how its reply is judged.
 struct CommandRow {
@@ -11,9 +19,9 @@ struct CommandRow {
     int need;      ///< reply bytes
     int seconds;   ///< time-out
     double pause;  ///< seconds between letter and arguments
-    QStringView noReply;
-    QStringView wrongReply;  ///< null: any reply is right; else only a carriage return is
-    bool quoteReply;         ///< append the wrong byte as a character
+    RightReply right;
+    const char* name;                     ///< in the texts that tell a failure
+    const char* nameAtWrongReply = name;  ///< the same, where a reply came
 };
 
 namespace {
@@ -21,81 +29,55 @@ namespace {
 constexpr std::uint8_t kAcknowledge = 13;
 constexpr double kSettleSeconds = 0.1;
 
-// Both texts of 'y' name the letter of 'x'; users know them so.
-constexpr CommandRow kReadSoftwareId{'S', 7,    2, 0, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Software ID Read S",
-                                     {},  false};
-constexpr CommandRow kReadSoftwareVersion{'V', 2,    2, 0, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Software Ver Read V",
-                                          {},  false};
-constexpr CommandRow kReadHardwareVersion{'v', 2,    2, 0, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Hardware Ver Read v",
-                                          {},  false};
-constexpr CommandRow kSelectDeviceCode{'T',
-                                       1,
-                                       5,
-                                       0,
-                                       u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Select device command T",
-                                       u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : select device command T",
-                                       false};
-constexpr CommandRow kEnterProgrammingMode{'P',
-                                           1,
-                                           5,
-                                           0,
-                                           u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Enter programming Mode P",
-                                           u"返答ﾃﾞｰﾀﾐｽ : Enter programming Mode P ",
-                                           true};
-constexpr CommandRow kLeaveProgrammingMode{'L',
-                                           1,
-                                           5,
-                                           0,
-                                           u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Leave programming Mode L",
-                                           u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Leave programming Mode L",
-                                           false};
-constexpr CommandRow kReadSignature{'s', 3,    5, 0, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Read Signature bytes s",
-                                    {},  false};
-constexpr CommandRow kSetAddress{
-    'A', 1, 5, 0, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Address Select A", u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Address Select A", false};
-constexpr CommandRow kReadProgramWord{'R', 2,    5, 0, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Read Program Memory R",
-                                      {},  false};
-constexpr CommandRow kWriteLowByte{'c',
-                                   1,
-                                   5,
-                                   0,
-                                   u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Low byte Write Program Memory c",
-                                   u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Low byte Write Data Memory c",
-                                   false};
-constexpr CommandRow kWriteHighByte{'C',
-                                    1,
-                                    5,
-                                    0,
-                                    u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Hi byte Write Program Memory C",
-                                    u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Hi byte Write Data Memory C",
-                                    false};
-constexpr CommandRow kReadDataByte{'d', 1, 5, 0, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Read Data Memory d", {}, false};
-constexpr CommandRow kWriteDataByte{
-    'D',  1, 5, 0, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Write Data Memory D", u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Write Data Memory D",
-    false};
-constexpr CommandRow kChipErase{
-    'e', 1, 5, 0, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Chip Erase e", u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Chip Erase e", false};
-constexpr CommandRow kWriteFuseBits{'f',
-                                    1,
-                                    5,
-                                    kSettleSeconds,
-                                    u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Write Fuse bit f",
-                                    u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Write Fuse bit f",
-                                    false};
-constexpr CommandRow kWriteLockBits{'l',
-                                    1,
-                                    5,
-                                    kSettleSeconds,
-                                    u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Write Lock bit l",
-                                    u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Write Lock bit l",
-                                    false};
-constexpr CommandRow kReadLockFuseBits{'F', 1,    5, 0, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Read Lock & Fuse bit F",
-                                       {},  false};
-constexpr CommandRow kReadFuseBits{'r', 1, 5, 0, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : Read Fuse bit r", {}, false};
-constexpr CommandRow kLedOn{'x', 1, 1, 0, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : LED on x", u"返答ﾃﾞｰﾀﾐｽ : LED on x ",
-                            true};
-constexpr CommandRow kLedOff{'y', 1, 1, 0, u"ｺﾐﾆｭｹｰｼｮﾝ失敗 : LED off x", u"返答ﾃﾞｰﾀﾐｽ : LED off x ",
-                             true};
+using enum RightReply;
+
+// The letter of 'x' stands in the name of 'y', too, and some names differ by how the command
+// failed; users know them so.
+// clang-format off
+constexpr CommandRow kReadSoftwareId{'S', 7, 2, 0, Any,
+    QT_TRANSLATE_NOOP("Tolvex", "Software ID Read S")};
+constexpr CommandRow kReadSoftwareVersion{'V', 2, 2, 0, Any,
+    QT_TRANSLATE_NOOP("Tolvex", "Software Ver Read V")};
+constexpr CommandRow kReadHardwareVersion{'v', 2, 2, 0, Any,
+    QT_TRANSLATE_NOOP("Tolvex", "Hardware Ver Read v")};
+constexpr CommandRow kSelectDeviceCode{'T', 1, 5, 0, Acknowledge,
+    QT_TRANSLATE_NOOP("Tolvex", "Select device command T"),
+    QT_TRANSLATE_NOOP("Tolvex", "select device command T")};
+constexpr CommandRow kEnterProgrammingMode{'P', 1, 5, 0, AcknowledgeOrQuote,
+    QT_TRANSLATE_NOOP("Tolvex", "Enter programming Mode P")};
+constexpr CommandRow kLeaveProgrammingMode{'L', 1, 5, 0, Acknowledge,
+    QT_TRANSLATE_NOOP("Tolvex", "Leave programming Mode L")};
+constexpr CommandRow kReadSignature{'s', 3, 5, 0, Any,
+    QT_TRANSLATE_NOOP("Tolvex", "Read Signature bytes s")};
+constexpr CommandRow kSetAddress{'A', 1, 5, 0, Acknowledge,
+    QT_TRANSLATE_NOOP("Tolvex", "Address Select A")};
+constexpr CommandRow kReadProgramWord{'R', 2, 5, 0, Any,
+    QT_TRANSLATE_NOOP("Tolvex", "Read Program Memory R")};
+constexpr CommandRow kWriteLowByte{'c', 1, 5, 0, Acknowledge,
+    QT_TRANSLATE_NOOP("Tolvex", "Low byte Write Program Memory c"),
+    QT_TRANSLATE_NOOP("Tolvex", "Low byte Write Data Memory c")};
+constexpr CommandRow kWriteHighByte{'C', 1, 5, 0, Acknowledge,
+    QT_TRANSLATE_NOOP("Tolvex", "Hi byte Write Program Memory C"),
+    QT_TRANSLATE_NOOP("Tolvex", "Hi byte Write Data Memory C")};
+constexpr CommandRow kReadDataByte{'d', 1, 5, 0, Any,
+    QT_TRANSLATE_NOOP("Tolvex", "Read Data Memory d")};
+constexpr CommandRow kWriteDataByte{'D', 1, 5, 0, Acknowledge,
+    QT_TRANSLATE_NOOP("Tolvex", "Write Data Memory D")};
+constexpr CommandRow kChipErase{'e', 1, 5, 0, Acknowledge,
+    QT_TRANSLATE_NOOP("Tolvex", "Chip Erase e")};
+constexpr CommandRow kWriteFuseBits{'f', 1, 5, kSettleSeconds, Acknowledge,
+    QT_TRANSLATE_NOOP("Tolvex", "Write Fuse bit f")};
+constexpr CommandRow kWriteLockBits{'l', 1, 5, kSettleSeconds, Acknowledge,
+    QT_TRANSLATE_NOOP("Tolvex", "Write Lock bit l")};
+constexpr CommandRow kReadLockFuseBits{'F', 1, 5, 0, Any,
+    QT_TRANSLATE_NOOP("Tolvex", "Read Lock & Fuse bit F")};
+constexpr CommandRow kReadFuseBits{'r', 1, 5, 0, Any,
+    QT_TRANSLATE_NOOP("Tolvex", "Read Fuse bit r")};
+constexpr CommandRow kLedOn{'x', 1, 1, 0, AcknowledgeOrQuote,
+    QT_TRANSLATE_NOOP("Tolvex", "LED on x")};
+constexpr CommandRow kLedOff{'y', 1, 1, 0, AcknowledgeOrQuote,
+    QT_TRANSLATE_NOOP("Tolvex", "LED off x")};
+// clang-format on
 
 QChar Character(char byte) {
     return QChar(static_cast<char16_t>(static_cast<std::uint8_t>(byte)));
@@ -129,7 +111,7 @@ Outcome WriterCommands::RunUnasked(const CommandRow& row, std::span<const std::u
                                             .need = row.need,
                                             .timeOut = std::chrono::seconds(row.seconds)},
                                            reply_);
-    if (outcome == Outcome::Ok && !row.wrongReply.isNull() && Byte(0) != kAcknowledge) {
+    if (outcome == Outcome::Ok && row.right != Any && Byte(0) != kAcknowledge) {
         outcome = Outcome::WrongReply;
     }
     if (hooks_.onEnd) {
@@ -143,13 +125,11 @@ Outcome WriterCommands::RunUnasked(const CommandRow& row, std::span<const std::u
 
 void WriterCommands::TellFailure(const CommandRow& row, Outcome outcome) {
     flag_.Set();
-    QString text = row.noReply.toString();
-    if (outcome == Outcome::WrongReply) {
-        text = row.wrongReply.toString();
-        if (row.quoteReply) {
-            text += Character(Byte(0));
-        }
-    }
+    const bool wrong = outcome == Outcome::WrongReply;
+    const QString name = Text::tr(wrong ? row.nameAtWrongReply : row.name);
+    const QString text = wrong && row.right == AcknowledgeOrQuote
+                             ? Text::tr("返答ﾃﾞｰﾀﾐｽ : %1 %2").arg(name, Character(Byte(0)))
+                             : Text::tr("ｺﾐﾆｭｹｰｼｮﾝ失敗 : %1").arg(name);
     ui_.SetStatusText(kMessagePanel, text, MessageKind::Failure);
 }
 
@@ -190,8 +170,8 @@ Outcome WriterCommands::ReadHardwareVersion(QString& version) {
 }
 
 Outcome WriterCommands::SelectDeviceCode(std::uint8_t deviceCode) {
-    ui_.SetStatusText(kMessagePanel, u"ｺﾏﾝﾄﾞ送信 : Select device command T , 0x"_s +
-                                         QString::number(deviceCode, 16).toUpper());
+    ui_.SetStatusText(kMessagePanel, Text::tr("ｺﾏﾝﾄﾞ送信 : Select device command T , 0x%1")
+                                         .arg(QString::number(deviceCode, 16).toUpper()));
     // The firmware takes two bytes here; the second one is always zero.
     const std::uint8_t arguments[] = {deviceCode, 0};
     return Run(kSelectDeviceCode, arguments);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Finding the writer, and choosing the port that it hangs on.
+#include "base/text.h"
 #include "link/link.h"
 
 namespace tolvex {
@@ -8,13 +9,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The command that decides ends the handshake; `failure` is then its text.
-Outcome ShakeHands(const LinkContext& link, DetectionResult& result, QStringView& failure) {
-    failure = u"ライタと通信ができませんでした。(レジストリリード)";
+/// The command that decides ends the handshake; `failure` is then its text, untranslated.
+Outcome ShakeHands(const LinkContext& link, DetectionResult& result, const char*& failure) {
+    failure = QT_TRANSLATE_NOOP("Tolvex", "ライタと通信ができませんでした。(レジストリリード)");
     if (GetNumber(link.settings, keys::ComNoxChosen) == 0) {
         return Outcome::NotSent;
     }
-    failure = u"ライタと通信ができませんでした。(Command_S)";
+    failure = QT_TRANSLATE_NOOP("Tolvex", "ライタと通信ができませんでした。(Command_S)");
     if (!link.connection.IsOpen() && !link.connection.OpenPort()) {
         return Outcome::NotSent;
     }
@@ -22,48 +23,49 @@ Outcome ShakeHands(const LinkContext& link, DetectionResult& result, QStringView
     if (outcome != Outcome::Ok) {
         return outcome;
     }
-    failure = u"ライタと通信ができませんでした。(Command_V)";
+    failure = QT_TRANSLATE_NOOP("Tolvex", "ライタと通信ができませんでした。(Command_V)");
     outcome = link.commands.ReadSoftwareVersion(result.softwareVersion);
     if (outcome != Outcome::Ok) {
         return outcome;
     }
-    failure = u"ライタと通信ができませんでした。(Command_v)";
+    failure = QT_TRANSLATE_NOOP("Tolvex", "ライタと通信ができませんでした。(Command_v)");
     outcome = link.commands.ReadHardwareVersion(result.hardwareVersion);
     if (outcome != Outcome::Ok) {
         return outcome;
     }
-    failure = u"ライタと通信ができませんでした。(Command_T)";
+    failure = QT_TRANSLATE_NOOP("Tolvex", "ライタと通信ができませんでした。(Command_T)");
     return link.commands.SelectDeviceCode(link.state.device.deviceCode);
 }
 
 void ReportSuccess(const LinkContext& link, const DetectionResult& result) {
     link.ui.SetStatusText(kWriterPanel, result.identifier + u" SW:"_s + result.softwareVersion +
                                             u" HW:"_s + result.hardwareVersion);
-    link.ui.SetStatusText(kMessagePanel, u"ライタを検出しました。 COM"_s +
-                                             QString::number(link.connection.PortNumber()));
+    link.ui.SetStatusText(
+        kMessagePanel, Text::tr("ライタを検出しました。 COM%1").arg(link.connection.PortNumber()));
     link.ui.CloseMessage();
 }
 
-void ReportFailure(const LinkContext& link, QStringView statusText) {
+void ReportFailure(const LinkContext& link, const QString& statusText) {
     link.connection.ClosePort();
     link.ui.ShowMessage(MessageKind::Failure,
-                        u"ライタと通信ができませんでした。\r\n"
-                        "PCとライタの接続を確認後、メニューバーの\r\n"
-                        "[通信チェック] [COMポート選択]を実行して下さい。\r\n"_s);
+                        Text::tr("ライタと通信ができませんでした。\r\n"
+                                 "PCとライタの接続を確認後、メニューバーの\r\n"
+                                 "[通信チェック] [COMポート選択]を実行して下さい。\r\n"));
     // Replaces the failing command's own text.
-    link.ui.SetStatusText(kMessagePanel, statusText.toString(), MessageKind::Failure);
+    link.ui.SetStatusText(kMessagePanel, statusText, MessageKind::Failure);
 }
 
 void ReportOpenFailure(const LinkContext& link, const QString& port) {
-    link.ui.ShowBox(BoxIcon::Stop, u"ポートオープン失敗"_s,
-                    port + u" のオープンに失敗しました。\rポート番号を再設定してください。"_s);
+    link.ui.ShowBox(
+        BoxIcon::Stop, Text::tr("ポートオープン失敗"),
+        Text::tr("%1 のオープンに失敗しました。\rポート番号を再設定してください。").arg(port));
     link.state.errorFlag.Set();
 }
 
 }  // namespace
 
 DetectionResult WriterCheck(const LinkContext& link) {
-    link.ui.ShowMessage(MessageKind::Progress, u"ライタと通信中！"_s);
+    link.ui.ShowMessage(MessageKind::Progress, Text::tr("ライタと通信中！"));
     link.connection.ClosePort();
     const int number = static_cast<int>(GetNumber(link.settings, keys::ComNox));
     link.connection.ConfigurePort(number);
@@ -71,12 +73,12 @@ DetectionResult WriterCheck(const LinkContext& link) {
     link.state.errorFlag.Clear();
 
     DetectionResult result;
-    QStringView failure;
+    const char* failure = nullptr;
     result.outcome = ShakeHands(link, result, failure);
     if (result) {
         ReportSuccess(link, result);
     } else {
-        ReportFailure(link, failure);
+        ReportFailure(link, Text::tr(failure));
     }
     return result;
 }
@@ -121,14 +123,14 @@ bool ConfirmPortChoice(const LinkContext& link, int index,
     if (link.commands.SoftwareVersion() != kFullFirmware) {
         link.ui.SetStatusText(
             kMessagePanel,
-            u"このファームウエアバージョンでは、AT90S2333/4433をサポートしません。"_s,
+            Text::tr("このファームウエアバージョンでは、AT90S2333/4433をサポートしません。"),
             MessageKind::Result);
     }
     return true;
 }
 
 void CancelPortChoice(const LinkContext& link) {
-    link.ui.SetStatusText(kMessagePanel, u"ライター接続確認が終了していません。"_s,
+    link.ui.SetStatusText(kMessagePanel, Text::tr("ライター接続確認が終了していません。"),
                           MessageKind::Result);
     link.state.errorFlag.Set();
 }

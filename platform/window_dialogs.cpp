@@ -13,6 +13,8 @@
 #include <QPushButton>
 #include <QRegularExpression>
 
+#include "base/text.h"
+
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -79,12 +81,12 @@ void SetStart(QFileDialog& dialog, const FileDialogRequest& request) {
     }
 }
 
-void SetJapaneseTexts(QFileDialog& dialog, const QString& accept) {
-    dialog.setLabelText(QFileDialog::LookIn, u"場所:"_s);
-    dialog.setLabelText(QFileDialog::FileName, u"ファイル名:"_s);
-    dialog.setLabelText(QFileDialog::FileType, u"ファイルの種類:"_s);
+void SetTexts(QFileDialog& dialog, const QString& accept) {
+    dialog.setLabelText(QFileDialog::LookIn, Text::tr("場所:"));
+    dialog.setLabelText(QFileDialog::FileName, Text::tr("ファイル名:"));
+    dialog.setLabelText(QFileDialog::FileType, Text::tr("ファイルの種類:"));
     dialog.setLabelText(QFileDialog::Accept, accept);
-    dialog.setLabelText(QFileDialog::Reject, u"キャンセル"_s);
+    dialog.setLabelText(QFileDialog::Reject, Text::tr("キャンセル"));
 }
 
 /// `path` with the first of `suffixes` ("hex;rom") when its name has none. A file that is to be
@@ -114,7 +116,7 @@ std::optional<QString> AskFile(QWidget* parent, const FileDialogRequest& request
     dialog->setFileMode(QFileDialog::AnyFile);
     dialog->setNameFilters(NameFilters(request.filter));
     SetStart(*dialog, request);
-    SetJapaneseTexts(*dialog, mode == QFileDialog::AcceptOpen ? u"開く"_s : u"保存"_s);
+    SetTexts(*dialog, mode == QFileDialog::AcceptOpen ? Text::tr("開く") : Text::tr("保存"));
 
     std::optional<QString> answer;
     Ask(dialog, [&](const FileDialog& shown) {
@@ -206,7 +208,7 @@ void WindowDialogs::ShowBox(BoxIcon icon, const QString& title, const QString& t
 
 bool WindowDialogs::AskOkCancel(const QString& title, const QString& text) {
     QMessageBox* box = NewBox(ModalOwner(owner_()), BoxIcon::Information, title, text);
-    QPushButton* cancel = box->addButton(u"キャンセル"_s, QMessageBox::RejectRole);
+    QPushButton* cancel = box->addButton(Text::tr("キャンセル"), QMessageBox::RejectRole);
     cancel->setObjectName(u"Command_cancel"_s);
     box->setEscapeButton(cancel);
     return Ask(box, [](const QMessageBox& shown) {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "base/text.h"
 #include "port/port_remedy.h"
 
 #include <QFileInfo>
@@ -15,18 +16,23 @@ bool IsBoardPort(const QString& path) {
     return path.startsWith(u"/dev/ttyS"_s);
 }
 
-QString UdevText(UdevRule rule) {
+QString GroupText(UdevRule rule) {
     switch (rule) {
         case UdevRule::NotForDevice:
             break;
         case UdevRule::Missing:
-            return u"パッケージをインストールしてアダプタを挿し直すと、"
-                   "マシンの前にいる人は使えます。または、"_s;
+            return Text::tr(
+                "%1 を使う権限がありません。パッケージをインストールしてアダプタを挿し直すと、"
+                "マシンの前にいる人は使えます。または、次のコマンドを実行し、"
+                "ログインし直してください。");
         case UdevRule::Installed:
-            return u"パッケージの udev の規則では、マシンの前にいる人が使えます。"
-                   "インストールの前に挿したアダプタは挿し直してください。それでも使えなければ、"_s;
+            return Text::tr(
+                "%1 を使う権限がありません。"
+                "パッケージの udev の規則では、マシンの前にいる人が使えます。"
+                "インストールの前に挿したアダプタは挿し直してください。それでも使えなければ、"
+                "次のコマンドを実行し、ログインし直してください。");
     }
-    return {};
+    return Text::tr("%1 を使う権限がありません。次のコマンドを実行し、ログインし直してください。");
 }
 
 }  // namespace
@@ -44,27 +50,28 @@ PortRemedy MissingPort(const ComPorts& ports, int number) {
     for (const ComPort& other : ports.All()) {
         if (ports.LinkFolder() && other.present && other.devicePath != path &&
             !IsBoardPort(other.devicePath)) {
-            return {u"%1 はありません。%2 があります。"_s.arg(path, other.devicePath),
+            return {Text::tr("%1 はありません。%2 があります。").arg(path, other.devicePath),
                     u"mkdir -p %1 && ln -sfn %2 %3"_s.arg(
                         Quoted(*ports.LinkFolder()), Quoted(other.devicePath),
                         Quoted(*ports.LinkFolder() + u"/com"_s + QString::number(number)))};
         }
     }
-    return {u"%1 はありません。アダプタを挿し直し、認識されたか調べてください。"_s.arg(path),
+    return {Text::tr("%1 はありません。アダプタを挿し直し、認識されたか調べてください。").arg(path),
             u"ls -l /dev/ttyUSB* /dev/ttyACM*"_s};
 }
 
 PortRemedy ForbiddenPort(const QString& path, const PortFacts& facts) {
-    const QString text = u"%1 を使う権限がありません。"_s.arg(path);
     if (!facts.group || facts.group == u"root"_s) {
-        return {text, u"sudo chmod a+rw %1"_s.arg(Quoted(path))};
+        return {Text::tr("%1 を使う権限がありません。").arg(path),
+                u"sudo chmod a+rw %1"_s.arg(Quoted(path))};
     }
     if (facts.member) {
-        return {
-            text + u"グループ %1 には登録済みです。ログインし直してください。"_s.arg(*facts.group),
-            u"newgrp %1"_s.arg(Quoted(*facts.group))};
+        return {Text::tr("%1 を使う権限がありません。"
+                         "グループ %2 には登録済みです。ログインし直してください。")
+                    .arg(path, *facts.group),
+                u"newgrp %1"_s.arg(Quoted(*facts.group))};
     }
-    return {text + UdevText(facts.udevRule) + u"次のコマンドを実行し、ログインし直してください。"_s,
+    return {GroupText(facts.udevRule).arg(path),
             u"sudo usermod -aG %1 $USER"_s.arg(Quoted(*facts.group))};
 }
 
@@ -72,13 +79,14 @@ PortRemedy BusyPort(const QString& path, const PortFacts& facts, const QString& 
     if (facts.holder) {
         const auto& [program, process] = *facts.holder;
         return {
-            u"%1 は %2 (PID %3) が使っています。そのプログラムを終了してください。"
-            "できなければ次のコマンドで止められますが、そこで保存していない内容は失われます。"_s
+            Text::tr(
+                "%1 は %2 (PID %3) が使っています。そのプログラムを終了してください。"
+                "できなければ次のコマンドで止められますが、そこで保存していない内容は失われます。")
                 .arg(path, program, QString::number(process)),
             u"kill %1"_s.arg(process)};
     }
-    return {u"%1 をほかのプログラムが使っています (%2)。次のコマンドで調べられます。"_s.arg(path,
-                                                                                            reason),
+    return {Text::tr("%1 をほかのプログラムが使っています (%2)。次のコマンドで調べられます。")
+                .arg(path, reason),
             u"sudo fuser -v %1"_s.arg(Quoted(path))};
 }
 
@@ -86,17 +94,16 @@ PortRemedy SlowPort(const QString& path) {
     const QString name =
         QFileInfo(QFileInfo(path).exists() ? QFileInfo(path).canonicalFilePath() : path).fileName();
     return {
-        u"応答が遅すぎます。アダプタの待ち時間を短くしてください。"_s,
+        Text::tr("応答が遅すぎます。アダプタの待ち時間を短くしてください。"),
         name.startsWith(u"ttyUSB"_s)
             ? u"echo 1 | sudo tee /sys/bus/usb-serial/devices/%1/latency_timer"_s.arg(Quoted(name))
             : u"sudo setserial %1 low_latency"_s.arg(Quoted(path))};
 }
 
 PortRemedy LockedPort(const QString& lockFile) {
-    return {
-        u"終了したプログラムのロックファイルが残っています。ここでは無視しますが、"
-        "ほかのプログラムは開けません。"_s,
-        u"sudo rm %1"_s.arg(Quoted(lockFile))};
+    return {Text::tr("終了したプログラムのロックファイルが残っています。ここでは無視しますが、"
+                     "ほかのプログラムは開けません。"),
+            u"sudo rm %1"_s.arg(Quoted(lockFile))};
 }
 
 }  // namespace tolvex

@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <algorithm>
 
+#include "base/text.h"
 #include "port/serial_device.h"
 
 namespace tolvex {
@@ -36,6 +37,23 @@ bool IsFatal(QSerialPort::SerialPortError error, const QSerialPort& port) {
             return true;
         default:
             return HasHungUp(port.handle());
+    }
+}
+
+/// In the program's own words: Qt's are the system's, in English.
+QString Reason(QSerialPort::SerialPortError error) {
+    switch (error) {
+        case QSerialPort::DeviceNotFoundError:
+            return Text::tr("見つかりません");
+        case QSerialPort::PermissionError:
+            return Text::tr("使用中か、使う権限がありません");
+        case QSerialPort::NoError:
+        case QSerialPort::ResourceError:
+        case QSerialPort::ReadError:
+        case QSerialPort::WriteError:
+            return Text::tr("接続が切れました");
+        default:
+            return Text::tr("シリアルポートとして使えません");
     }
 }
 
@@ -79,13 +97,13 @@ bool QtSerialPort::Open() {
     ApplySettings();
     busy_ = false;
     if (!port_->open(QIODevice::ReadWrite) && !OpenPastStaleLockFile(*port_)) {
-        SetLastError(port_->errorString());
+        SetLastError(Reason(port_->error()));
         // Qt's word for a busy device, for a lock file, and for a device without permission.
         busy_ = port_->error() == QSerialPort::PermissionError;
         return false;
     }
     if (!LockDevice(port_->handle())) {
-        SetLastError(u"another program holds the device"_s);
+        SetLastError(Text::tr("ほかのプログラムが使っています"));
         busy_ = true;
         port_->close();
         return false;
@@ -145,7 +163,7 @@ void QtSerialPort::NoticeError(int error) {
 /// here on, and the event loop closes the device itself. That can't wait until somebody calls
 /// `Close`: a hung-up device wakes the event loop without pause.
 void QtSerialPort::LoseLine() {
-    SetLastError(port_->error() == QSerialPort::NoError ? u"hung up"_s : port_->errorString());
+    SetLastError(Reason(port_->error()));
     open_ = false;
     input_.clear();
     const auto closeUnlessReopened = [this] {

@@ -35,7 +35,7 @@ class QtSerialPort : public SerialPort {
     bool Write(QByteArrayView bytes) override;
     QByteArray ReadAll() override { return std::exchange(input_, {}); }
 
-    /// What failed last, for logs: device path and the system's reason. Empty before any failure.
+    /// What failed last, for logs: device path and reason. Empty before any failure.
     QString LastError() const { return lastError_; }
     /// The last opening failed because another program has the device or its lock.
     bool IsBusy() const { return busy_; }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "workbench/workbench.h"
 
+#include "base/text.h"
+
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -12,7 +14,7 @@ namespace {
 void Finish(Workbench& bench, SequenceResult& result, bool listingsUpdated, const QString& text) {
     if (!listingsUpdated) {
         bench.ui.Tell(MessageKind::Failure,
-                      u"リストファイルを書き込めないため、処理を途中で終了しました。"_s);
+                      Text::tr("リストファイルを書き込めないため、処理を途中で終了しました。"));
         return;
     }
     result.ended = true;
@@ -30,7 +32,7 @@ void ClearBuffers(Workbench& bench, SequenceResult& result) {
     if (updated) {
         ResetOptions(bench.chip);
     }
-    Finish(bench, result, updated, u"バッファーをクリアしました。"_s);
+    Finish(bench, result, updated, Text::tr("バッファーをクリアしました。"));
 }
 
 /// Tells the user about the chip as it was found. The erase runs all the same: it is what frees a
@@ -51,7 +53,7 @@ SequenceResult DetectAndErase(Workbench& bench) {
 }  // namespace
 
 SequenceResult ProgramSequence(Workbench& bench) {
-    const QString finished = u"プログラム終了しました。"_s;
+    const QString finished = Text::tr("プログラム終了しました。");
     SequenceResult result = DetectAndErase(bench);
     if (!result.erase) {
         return result;
@@ -74,7 +76,7 @@ SequenceResult ReadSequence(Workbench& bench) {
     result.detection = WriterCheck(bench.chip);
     if (result.detection) {
         result.read = ReadChip(bench.chip);
-        Finish(bench, result, result.read->listingsUpdated, u"リード終了しました。"_s);
+        Finish(bench, result, result.read->listingsUpdated, Text::tr("リード終了しました。"));
     }
     return result;
 }
@@ -84,7 +86,7 @@ SequenceResult VerifySequence(Workbench& bench) {
     result.detection = WriterCheck(bench.chip);
     if (result.detection) {
         result.verify = VerifyChip(bench.chip, VerifyMode::WholeChip);
-        Finish(bench, result, result.verify->listingsUpdated, u"ベリファイ終了しました。"_s);
+        Finish(bench, result, result.verify->listingsUpdated, Text::tr("ベリファイ終了しました。"));
     }
     return result;
 }
@@ -98,7 +100,7 @@ SequenceResult EraseSequence(Workbench& bench) {
         ResetOptions(bench.chip);
     }
     Finish(bench, result, result.erase->listingsUpdated,
-           u"Lock bit & Flash & EEPROM メモリクリアー完了。"_s);
+           Text::tr("Lock bit & Flash & EEPROM メモリクリアー完了。"));
     return result;
 }
 
