@@ -25,7 +25,7 @@ frmCom::frmCom(const LinkContext& link, const QStringList& toolTips, QWidget* pa
     ok->setObjectName(u"Command_ok"_s);
     ok->setAccessibleName(ok->text());
     ok->setDefault(true);
-    auto* cancel = new QPushButton(u"CANCEL"_s, this);
+    auto* cancel = new QPushButton(Text::tr("CANCEL"), this);
     cancel->setObjectName(u"Command_cancel"_s);
     cancel->setAccessibleName(cancel->text());
 

@@ -10,7 +10,7 @@ set(CPACK_PACKAGE_DESCRIPTION
 "Tolvex erases, programs, verifies and reads the chips of Atmel's AT90S family
 and their lock and fuse bits, through a small writer board at a serial port. It
 opens and saves Intel HEX files, shows them as listings and changes single
-cells. Its window is in Japanese.
+cells. Its window is in Japanese or English.
 .
 tolvex-cli does the same on the terminal and in scripts. tolvex-writer is a
 simulated board, for trying everything without hardware.")

@@ -141,7 +141,7 @@ use_the_window() {
     step "the window, by the desktop entry's command"
     start_display
     local command settings=$home/.config/Tolvex/Tolvex.conf
-    command=$(sed -n 's/^Exec=//p' /usr/share/applications/tolvex.desktop)
+    command=$(sed -n '/^.Desktop Action/q; s/^Exec=//p' /usr/share/applications/tolvex.desktop)
     on_display sh -c "${command/\%f/}" 2>/tmp/said &
     window_appears
     end_programs

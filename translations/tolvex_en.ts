@@ -161,6 +161,10 @@
         <translation>Write buffer</translation>
     </message>
     <message>
+        <source>CANCEL</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
         <source>COMポート選択(&amp;C)</source>
         <translation>&amp;Select COM port...</translation>
     </message>

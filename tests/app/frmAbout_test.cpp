@@ -12,6 +12,7 @@
 
 #include "app/frmIndex.h"
 #include "app/japanese_texts.h"
+#include "base/language.h"
 #include "link/frmCom.h"
 #include "tests/app/window_bench.h"
 #include "widgets/fonts.h"
@@ -65,18 +66,26 @@ std::string Texts(QWidget& window) {
     return texts.join(u'|').toStdString();
 }
 
+using enum Language;
+
 TEST(Panels, SayWhatTheyShouldInAnyFontAndClose) {
     const QFont before = QApplication::font();
-    for (const int points : {7, 20}) {
+    for (const auto& [points, language] :
+         {std::pair(7, Japanese), {20, Japanese}, {7, English}, {20, English}}) {
+        const auto translator = InstallTexts(language);
         QApplication::setFont(QFont(before.family(), points));
         QList<QUrl> opened;
         frmAbout about(nullptr, [&opened](const QUrl& page) { opened << page; });
         frmIndex board;
+        const std::string aboutTexts = Texts(about), boardTexts = Texts(board);
+        if (language == English) {
+            continue;  // whole
+        }
         // clang-format off
-        EXPECT_EQ(Texts(about), "AT90Sシリーズ用シリアルISPライタのプログラミングソフトウエア|"
+        EXPECT_EQ(aboutTexts, "AT90Sシリーズ用シリアルISPライタのプログラミングソフトウエア|"
             "MITライセンスで配布されているフリーソフトウエアです。|Tolvex|Version " TOLVEX_VERSION "|サポートホームページへジャンプ|閉じる|"
             "ｻﾎﾟｰﾄﾍﾟｰｼﾞ : https://tolvex.example/support");
-        EXPECT_EQ(Texts(board), " 4MHz  OSC|20pin|28pin Socket|"
+        EXPECT_EQ(boardTexts, " 4MHz  OSC|20pin|28pin Socket|"
             "28pinマイコンを使用するには、28ピンソケットを追加し、ボード上のコネクタCN1と結線する必要があります。"
             "XTAL1(9ピン)、XTAL2(10ピン)には、4MHzの発振子を取り付けてください。|40pin|8pin|"
             "8pinマイコンを使用するときは、上図、赤線部分の結線が必要です。|CN1|"
@@ -96,6 +105,13 @@ TEST(Panels, SayWhatTheyShouldInAnyFontAndClose) {
 TEST(Panels, SettingsAndPortDialogAreWhole) {
     const QFont before = QApplication::font();
     QApplication::setFont(WindowFont(QFont(before.family(), 14)));
+    for (const int device : {0, 1, 7}) {  // the longest names, and all lists
+        const auto translator = InstallTexts(English);
+        testing::RunningBench b(device);
+        Texts(*b.Child("frmSetting")->widget());
+        frmCom dialog(b.program.Bench().chip, {}, nullptr);
+        Texts(dialog);
+    }
     testing::RunningBench b(7);
     // clang-format off
     EXPECT_EQ(Texts(*b.Child("frmSetting")->widget()),
