@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "cli/chip_access.h"
 
-#include <QJsonArray>
-
 #include "cli/chip_memories.h"
 
 namespace tolvex {
@@ -50,6 +48,11 @@ ChipReading ChipAccess::LookAtChip() {
     const ChipReading look = Look(0);
     const bool known = look.verdict == ChipVerdict::Accepted || look.signature == kLockedSignature;
     return known || look.verdict == ChipVerdict::NoReply ? look : Look(1);
+}
+
+std::optional<tolvex::Signature> ChipAccess::Peek() {
+    const ChipReading look = Look(0);
+    return look.verdict == ChipVerdict::NoReply ? std::nullopt : std::optional(look.signature);
 }
 
 ChipReading ChipAccess::Look(double settleSeconds) {
@@ -232,17 +235,12 @@ Status ChipAccess::Judge(bool success, const Failure& otherwise) {
 }
 
 Status ChipAccess::JudgeDifferences(const QList<Difference>& differences) {
-    QJsonArray array;
     for (const auto& [flash, address, expected, chip] : differences) {
         const auto hex = flash ? HexWord4 : HexByte;
         p_.output.Print(u"%1 %2: ファイル %3, チップ %4"_s.arg(
             flash ? u"Flash "_s : u"EEPROM"_s, HexWord4(address), hex(expected), hex(chip)));
-        array << QJsonObject{{u"memory"_s, flash ? u"flash"_s : u"eeprom"_s},
-                             {u"address"_s, address},
-                             {u"expected"_s, expected},
-                             {u"chip"_s, chip}};
     }
-    p_.output.Report(report::Differences, array);
+    p_.output.Report(report::Differences, DifferencesJson(differences));
     return Judge(
         differences.isEmpty(),
         {cause::Differs, u"チップの内容が違います（%1 か所）。"_s.arg(differences.size())});

@@ -36,6 +36,8 @@ class ChipAccess {
     bool FindWriter();
     /// The port could not be opened for the last detection.
     bool OpenFailed() const { return detection_.outcome == Outcome::NotSent; }
+    /// The signature of the chip, of a writer that was found; nothing when it does not answer.
+    std::optional<tolvex::Signature> Peek();
     /// Requires a writer, and reads the signature of the chip, whatever that is.
     Status DetectChip();
     /// Requires the detected chip to be readable and the selected device; `force` tells another one

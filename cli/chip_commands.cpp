@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The commands that look at the chip and change nothing in it.
+#include <QJsonArray>
+
+#include "base/text.h"
 #include "cli/chip_memories.h"
 #include "cli/command.h"
 #include "cli/image_files.h"
@@ -111,6 +114,73 @@ Status Read(Session& session, const Call& call) {
     }
     session.output.Report(report::Files, files->Json());
     return SaveImages(session, *files, images, replace);
+}
+
+namespace {
+
+/// How many cells that are not blank are listed.
+constexpr qsizetype kListedCells = 10;
+
+/// What the chip's memories hold, of those that --only names; both without it.
+Result<Memories> ReadChosen(Session& session, const Call& call, MemoryImages& images) {
+    const auto memories = ChooseMemories(call);
+    if (!memories) {
+        return memories.Failed();
+    }
+    if (const Status failed = session.access.DetectPart(call.Has("force"))) {
+        return *failed;
+    }
+    if (const Status failed = session.access.ReadMemories(*memories, images)) {
+        return *failed;
+    }
+    return *memories;
+}
+
+}  // namespace
+
+Status Blank(Session& session, const Call& call) {
+    MemoryImages images;
+    const auto memories = ReadChosen(session, call, images);
+    if (!memories) {
+        return memories.Failed();
+    }
+    const auto cells = Compare(session.access.Device(), *memories, {}, images);
+    session.output.Report(report::Blank, cells.isEmpty());
+    session.output.Report(report::Differences,
+                          DifferencesJson(cells.first(std::min(cells.size(), kListedCells))));
+    if (cells.isEmpty()) {
+        session.output.Print(Text::tr("チップは空です。"));
+        return {};
+    }
+    for (const auto& [flash, address, expected, chip] :
+         cells.first(std::min(cells.size(), kListedCells))) {
+        session.output.Print(u"%1 %2: %3"_s.arg(flash ? u"Flash "_s : u"EEPROM"_s,
+                                                HexWord4(address),
+                                                flash ? HexWord4(chip) : HexByte(chip)));
+    }
+    return Failure{cause::NotBlank, Text::tr("チップは空ではありません（%n 個のセル）。", nullptr,
+                                             static_cast<int>(cells.size()))};
+}
+
+Status Dump(Session& session, const Call& call) {
+    MemoryImages images;
+    const auto memories = ReadChosen(session, call, images);
+    if (!memories) {
+        return memories.Failed();
+    }
+    QJsonObject listings;
+    for (const bool flash : {true, false}) {
+        if (flash ? !memories->flash : !memories->eeprom) {
+            continue;
+        }
+        const QString text = ShownListing(images, session.access.Device(), flash);
+        listings[flash ? u"flash"_s : u"eeprom"_s] =
+            QJsonArray::fromStringList(text.split(u'\n', Qt::SkipEmptyParts));
+        const QString head = flash ? u"Flash\n"_s : u"\nEEPROM\n"_s;
+        session.output.Put((memories->Both() ? head + text : text).toUtf8());
+    }
+    session.output.Report(report::Listings, listings);
+    return {};
 }
 
 }  // namespace tolvex

@@ -58,4 +58,15 @@ QList<Difference> Compare(const CurrentDevice& device, Memories memories,
     return differences;
 }
 
+QJsonArray DifferencesJson(const QList<Difference>& differences) {
+    QJsonArray array;
+    for (const auto& [flash, address, expected, chip] : differences) {
+        array << QJsonObject{{u"memory"_s, flash ? u"flash"_s : u"eeprom"_s},
+                             {u"address"_s, address},
+                             {u"expected"_s, expected},
+                             {u"chip"_s, chip}};
+    }
+    return array;
+}
+
 }  // namespace tolvex

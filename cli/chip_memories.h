@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QJsonArray>
+
 #include "device/device.h"
 
 namespace tolvex {
@@ -12,5 +14,7 @@ bool ReadMemories(const ChipContext& chip, Memories memories, MemoryImages& imag
 /// Where the chip's content is not the image's, over the whole device.
 QList<Difference> Compare(const CurrentDevice& device, Memories memories,
                           const MemoryImages& expected, const MemoryImages& chip);
+/// As --json gives them.
+QJsonArray DifferencesJson(const QList<Difference>& differences);
 
 }  // namespace tolvex

@@ -27,6 +27,9 @@ class ChipRecord {
     explicit ChipRecord(std::function<int()> signal) : signal_(std::move(signal)) {}
     ChipRecord(const ChipRecord&) = delete;
 
+    /// Another chip: nothing has happened so far.
+    void Forget() { *this = ChipRecord(std::move(signal_)); }
+
     /// For the commands to record, which this outlives.
     CommandHooks Hooks();
 
@@ -61,6 +64,8 @@ class ChipRecord {
     QJsonObject Json() const;
 
   private:
+    ChipRecord& operator=(ChipRecord&&) = default;
+
     /// An acknowledged change: the command's letter, and its address or its byte.
     struct Change {
         char letter;

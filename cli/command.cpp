@@ -18,6 +18,8 @@ std::span<const CliCommand> CliCommands() {
         u"flash|eeprom"_s);
     static const QCommandLineOption kKeepEeprom(u"keep-eeprom"_s,
                                                 u"EEPROM を先に読み、同じ内容を書き戻す。"_s);
+    static const QCommandLineOption kIfDifferent(
+        u"if-different"_s, u"先にチップ全体を比べ、同じ内容なら何も書かずに終わる。"_s);
     static const QCommandLineOption kVerify(
         u"verify"_s, u"最後に使うセルまでではなく、チップ全体を読み返して比べる。"_s, u"all"_s);
     static const QCommandLineOption kReadFormat(
@@ -26,6 +28,14 @@ std::span<const CliCommand> CliCommands() {
     static const QCommandLineOption kWriteFormat(
         u"format"_s, u"書くファイルの形式。省略すると Intel HEX。bin はメモリの内容そのもの。"_s,
         u"hex|bin|srec"_s);
+    static const QCommandLineOption kCount(
+        u"count"_s, u"N 個で終わる。省略すると Ctrl-C まで続ける。"_s, u"N"_s);
+    static const QCommandLineOption kSerial(
+        u"serial"_s,
+        u"番号を 1 個ごとに増やして書く。eeprom:0x10=u16le、flash:0x3FE=text:SN%06d など。"_s,
+        u"ADDRESS=FORMAT"_s);
+    static const QCommandLineOption kLog(u"log"_s, u"1 個に 1 行を FILE に書き足す (CSV)。"_s,
+                                         u"FILE"_s);
     static const QCommandLineOption kAllPorts(u"all"_s,
                                               u"ないポートも含めて 20 個とも表示する。"_s);
     static const QString kFiles = u"CODE [DATA]"_s;
@@ -34,11 +44,15 @@ std::span<const CliCommand> CliCommands() {
     static const CliCommand kCommands[] = {
         {u"detect"_s, {}, 0, 0, u"ライタとチップを調べる。"_s, {}, Detect},
         {u"program"_s, kFiles, 1, 2, u"消去・書き込み・ベリファイをする（Program ボタン）。"_s,
-         {kForce, kOnly, kKeepEeprom, kBackup, kVerify, kReadFormat}, Program},
+         {kForce, kOnly, kKeepEeprom, kBackup, kVerify, kIfDifferent, kReadFormat}, Program},
+        {u"batch"_s, kFiles, 1, 2, u"チップを次々に替えて書き込む。入れるのを待ち、書き込み、抜くのを待つ。"_s,
+         {kCount, kSerial, kLog, kReadFormat}, BatchProgram},
         {u"verify"_s, kFiles, 1, 2, u"チップ全体をファイルと比べる（Verify ボタン）。"_s,
          {kForce, kOnly, kReadFormat}, Verify},
         {u"read"_s, kFiles, 1, 2, u"チップ全体を読んでファイルに書く（Read ボタン）。"_s,
          {kForce, kOnly, kWriteFormat}, Read},
+        {u"blank"_s, {}, 0, 0, u"チップが空（すべて FF）かどうかを調べる。"_s, {kForce, kOnly}, Blank},
+        {u"dump"_s, {}, 0, 0, u"チップの内容をウインドウのリストと同じ形で表示する。"_s, {kForce, kOnly}, Dump},
         {u"erase"_s, {}, 0, 0, u"Flash・EEPROM・ロックビットを消去する（Erase ボタン）。"_s,
          {kForce, kBackup}, Erase},
         {u"fuses"_s, u"[NAME=VALUE…]"_s, 0, kAny, u"Lock/Fuse ビットを読む、または書く。"_s, {}, Fuses},

@@ -39,8 +39,11 @@ std::span<const CliCommand> CliCommands();
 
 Status Detect(Session& session, const Call& call);
 Status Program(Session& session, const Call& call);
+Status BatchProgram(Session& session, const Call& call);
 Status Verify(Session& session, const Call& call);
 Status Read(Session& session, const Call& call);
+Status Blank(Session& session, const Call& call);
+Status Dump(Session& session, const Call& call);
 Status Erase(Session& session, const Call& call);
 Status Fuses(Session& session, const Call& call);
 Status Lock(Session& session, const Call& call);

@@ -147,7 +147,8 @@ class CommandLine {
         if (words.size() < command_->least || words.size() > command_->most) {
             return Refuse(u"使い方: tolvex-cli %1"_s.arg(Usage(*command_)));
         }
-        const auto options = ReadOptions(command_->run == Read && words.contains(u"-"_s));
+        const auto options = ReadOptions((command_->run == Read && words.contains(u"-"_s)) ||
+                                         (command_->run == Dump && !json_));
         if (!options) {
             return Refuse(options.Failed().text);
         }

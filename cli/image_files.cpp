@@ -181,22 +181,31 @@ bool IsSameFile(const QString& one, const QString& other) {
                                        QFile::encodeName(other).toStdString(), none);
 }
 
+Result<Memories> ChooseMemories(const Call& call) {
+    const auto only = call.Value("only");
+    if (only && only != u"flash" && only != u"eeprom") {
+        return Failure{cause::WrongUse, u"--only は flash か eeprom です。"_s};
+    }
+    return Memories{.flash = only != u"eeprom", .eeprom = only != u"flash"};
+}
+
 Result<ImageFiles> ChooseImageFiles(Session& session, const Call& call, FileUse use) {
     const QString first = call.arguments[0];
     const auto format = ChooseFormat(call, use);
     if (!format) {
         return format.Failed();
     }
-    if (const auto only = call.Value("only")) {
-        if (only != u"flash" && only != u"eeprom") {
-            return Failure{cause::WrongUse, u"--only は flash か eeprom です。"_s};
-        }
+    const auto memories = ChooseMemories(call);
+    if (!memories) {
+        return memories.Failed();
+    }
+    if (!memories->Both()) {
         if (call.arguments.size() > 1) {
             return Failure{cause::WrongUse, u"--only ではファイルは一つです。"_s};
         }
-        return only == u"flash"
-                   ? ImageFiles{.code = first, .memories = {.eeprom = false}, .format = *format}
-                   : ImageFiles{.data = first, .memories = {.flash = false}, .format = *format};
+        return memories->flash
+                   ? ImageFiles{.code = first, .memories = *memories, .format = *format}
+                   : ImageFiles{.data = first, .memories = *memories, .format = *format};
     }
     if (IsDataFileName(first)) {
         return Failure{cause::WrongUse,

@@ -25,6 +25,9 @@ struct ImageFiles {
     }
 };
 
+/// The memories that --only names; both without it.
+Result<Memories> ChooseMemories(const Call& call);
+
 enum class FileUse { Read, Write };
 /// A DATA that is not named is the .eep beside CODE; to be read, if it exists.
 Result<ImageFiles> ChooseImageFiles(Session& session, const Call& call, FileUse use);

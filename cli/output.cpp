@@ -25,9 +25,16 @@ QString Visible(const QString& text) {
 void Output::Print(const QString& line) {
     if (options_.outputIsFile) {
         Remark(line);
-    } else if (!options_.json) {
+    } else if (!options_.json && !muted_) {
         EndProgress();
         console_.Print(Visible(line));
+    }
+}
+
+void Output::Put(const QByteArray& text) {
+    if (!options_.json) {
+        EndProgress();
+        console_.Put(text);
     }
 }
 
@@ -37,9 +44,17 @@ void Output::Tell(const QString& line) {
     }
 }
 
+void Output::Ring() {
+    if (!options_.quiet && console_.Columns() > 0) {
+        console_.Draw(u"\a"_s);
+    }
+}
+
 void Output::Remark(const QString& line) {
-    EndProgress();
-    console_.Complain(Visible(line));
+    if (!muted_) {
+        EndProgress();
+        console_.Complain(Visible(line));
+    }
 }
 
 void Output::TellMessage(const QString& text, bool failure) {

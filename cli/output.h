@@ -20,6 +20,11 @@ class Output {
 
     void SetOptions(const CommonOptions& options) { options_ = options; }
 
+    /// While it is muted only the progress shows, and nothing is reported.
+    void Mute(bool muted) { muted_ = muted; }
+    /// The terminal's bell, where there is a terminal.
+    void Ring();
+
     /// A line of the result; not with --json.
     void Print(const QString& line);
     /// A line that a user at the terminal wants to see and a script doesn't: not with --json or
@@ -27,8 +32,8 @@ class Output {
     void Tell(const QString& line);
     /// A line on the error stream.
     void Remark(const QString& line);
-    /// A file's text as the output.
-    void Put(const QByteArray& text) { console_.Put(text); }
+    /// A file's text as the output; not with --json.
+    void Put(const QByteArray& text);
     /// A text of an operation: a failure goes to the error stream.
     void TellMessage(const QString& text, bool failure);
     void TellFailure(const Failure& failure);
@@ -39,7 +44,11 @@ class Output {
     void StepProgress(double minimum, double value, double maximum);
     void EndProgress() { progress_.End(); }
 
-    void Report(report::Key key, const QJsonValue& value) { report_[key] = value; }
+    void Report(report::Key key, const QJsonValue& value) {
+        if (!muted_) {
+            report_[key] = value;
+        }
+    }
     /// Prints the object with --json.
     void PrintReport();
 
@@ -48,6 +57,7 @@ class Output {
     ProgressLine progress_;
     CommonOptions options_;
     QJsonObject report_;
+    bool muted_ = false;
 };
 
 }  // namespace tolvex

@@ -4,9 +4,11 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include "base/text.h"
 #include "cli/chip_memories.h"
 #include "cli/command.h"
 #include "cli/image_files.h"
+#include "cli/programming.h"
 #include "cli/write_plan.h"
 #include "device/fuse_encoding.h"
 
@@ -15,13 +17,6 @@ namespace tolvex {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// What a command does before it changes the chip.
-struct Precautions {
-    bool force = false;
-    std::optional<QString> backup = {};  ///< a folder
-    std::optional<Memories> kept = {};   ///< are written back as they were
-};
 
 constexpr int kUnlocked = 2;  ///< the entry of the lock list
 
@@ -49,28 +44,6 @@ Status TellLock(Session& session) {
             "必要なら後で tolvex-cli lock write を実行してください。"_s);
     }
     return {};
-}
-
-/// A writer, and a chip that may be changed.
-Status ProveChip(Session& session, const Precautions& precautions) {
-    ChipAccess& access = session.access;
-    if (precautions.backup && !QDir().mkpath(*precautions.backup)) {
-        return Failure{cause::FileNotWritten,
-                       u"フォルダを作れません: %1"_s.arg(*precautions.backup)};
-    }
-    if (const Status failed = access.DetectChip()) {
-        return failed;
-    }
-    const bool mustRead = precautions.kept || precautions.backup;
-    if (!mustRead && access.Locked()) {
-        session.output.Remark(u"チップはロックされています。消去してロックを解除します。"_s);
-        session.bench.chip.tolerateMismatch = precautions.force;
-        return {};
-    }
-    if (const Status failed = access.RequireReadablePart(precautions.force)) {
-        return failed;
-    }
-    return precautions.kept ? TellLock(session) : Status{};
 }
 
 /// Two files in `folder` with the date in their names; none is replaced.
@@ -108,8 +81,9 @@ Status ReadTwice(Session& session, Memories memories, MemoryImages& images) {
         {cause::Unstable, u"二度読んだ内容が違います。チップには何も書いていません。"_s});
 }
 
+/// The chip is proven; what is to be kept goes into `images`.
 Status Prepare(Session& session, const Precautions& precautions, MemoryImages& images) {
-    if (const Status failed = ProveChip(session, precautions)) {
+    if (const Status failed = precautions.kept ? TellLock(session) : Status{}) {
         return failed;
     }
     if (!precautions.backup && !precautions.kept) {
@@ -150,29 +124,26 @@ Status CompareWhole(Session& session, Memories memories, const MemoryImages& ima
         Compare(session.access.Device(), memories, images, chip));
 }
 
-/// `whole`: the memories that are compared to their end. The operation compares up to the last used
-/// cell, and reads nothing back when there was nothing to write.
-Status WriteChip(Session& session, const MemoryImages& images,
-                 const std::optional<Memories>& whole) {
-    session.bench.state.images = images;
-    TellPlan(session, PlanFor(session.bench.state), whole);
-    const SequenceResult result = session.access.Run(ProgramSequence);
-    const bool erased = result.erase && result.erase->succeeded && result.program;
-    if (erased && result.program->nothingToWrite) {
-        return CompareWhole(session, {}, images);
+/// The whole chip, or what of it is not kept anyway, holds the images already. A locked chip can't
+/// be read and counts as different.
+Result<bool> IsThere(Session& session, const std::optional<Memories>& kept,
+                     const MemoryImages& images) {
+    if (session.access.Locked()) {
+        return false;
     }
-    const VerifyResult verify = erased ? result.program->verify : VerifyResult{};
-    const bool confirmed = erased && result.program->flashWritten &&
-                           result.program->eepromWritten && verify.flashCompared &&
-                           verify.eepromCompared;
-    if (const Status failed = session.access.Judge(
-            confirmed, {cause::CommandRefused, u"書き込みを確認できませんでした。"_s})) {
-        return failed;
+    const Memories compared =
+        kept ? Memories{.flash = !kept->flash, .eeprom = !kept->eeprom} : Memories{};
+    MemoryImages chip;
+    if (const Status failed = session.access.ReadMemories(compared, chip)) {
+        return *failed;
     }
-    if (const Status failed = session.access.JudgeDifferences(verify.differences)) {
-        return failed;
+    const bool there = Compare(session.access.Device(), compared, images, chip).isEmpty();
+    if (there) {
+        session.output.Tell(
+            Text::tr("チップの内容は既にファイルのとおりです。何も書いていません。"));
+        session.output.Report(report::Written, QJsonObject());
     }
-    return whole ? CompareWhole(session, *whole, images) : Status{};
+    return there;
 }
 
 /// What is compared to its end. When the Flash keeps its content, only the EEPROM can show that the
@@ -222,12 +193,22 @@ Status ProgramFiles(Session& session, const Call& call) {
     if (!loaded) {
         return loaded.Failed();
     }
-    MemoryImages images = loaded->images;
-    if (const Status failed = Prepare(session, precautions, images)) {
+    if (const Status failed = ProveChip(session, precautions)) {
         return failed;
     }
-    if (const Status failed = WriteChip(session, images, *whole)) {
-        return failed;
+    const auto there =
+        call.Has("if-different") ? IsThere(session, *kept, loaded->images) : Result<bool>(false);
+    if (!there) {
+        return there.Failed();
+    }
+    if (!*there) {
+        MemoryImages images = loaded->images;
+        if (const Status failed = Prepare(session, precautions, images)) {
+            return failed;
+        }
+        if (const Status failed = WriteChip(session, images, *whole)) {
+            return failed;
+        }
     }
     return session.access.Judge(
         loaded->lossless,
@@ -236,6 +217,47 @@ Status ProgramFiles(Session& session, const Call& call) {
 
 }  // namespace
 
+Status ProveChip(Session& session, const Precautions& precautions) {
+    ChipAccess& access = session.access;
+    if (precautions.backup && !QDir().mkpath(*precautions.backup)) {
+        return Failure{cause::FileNotWritten,
+                       u"フォルダを作れません: %1"_s.arg(*precautions.backup)};
+    }
+    if (const Status failed = access.DetectChip()) {
+        return failed;
+    }
+    const bool mustRead = precautions.kept || precautions.backup;
+    if (!mustRead && access.Locked()) {
+        session.output.Remark(u"チップはロックされています。消去してロックを解除します。"_s);
+        session.bench.chip.tolerateMismatch = precautions.force;
+        return {};
+    }
+    return access.RequireReadablePart(precautions.force);
+}
+
+Status WriteChip(Session& session, const MemoryImages& images,
+                 const std::optional<Memories>& whole) {
+    session.bench.state.images = images;
+    TellPlan(session, PlanFor(session.bench.state), whole);
+    const SequenceResult result = session.access.Run(ProgramSequence);
+    const bool erased = result.erase && result.erase->succeeded && result.program;
+    if (erased && result.program->nothingToWrite) {
+        return CompareWhole(session, {}, images);
+    }
+    const VerifyResult verify = erased ? result.program->verify : VerifyResult{};
+    const bool confirmed = erased && result.program->flashWritten &&
+                           result.program->eepromWritten && verify.flashCompared &&
+                           verify.eepromCompared;
+    if (const Status failed = session.access.Judge(
+            confirmed, {cause::CommandRefused, u"書き込みを確認できませんでした。"_s})) {
+        return failed;
+    }
+    if (const Status failed = session.access.JudgeDifferences(verify.differences)) {
+        return failed;
+    }
+    return whole ? CompareWhole(session, *whole, images) : Status{};
+}
+
 Status Program(Session& session, const Call& call) {
     const Status end = ProgramFiles(session, call);
     session.output.Report(report::Verified, !end);
@@ -243,9 +265,12 @@ Status Program(Session& session, const Call& call) {
 }
 
 Status Erase(Session& session, const Call& call) {
+    const Precautions precautions{.force = call.Has("force"), .backup = call.Value("backup")};
+    if (const Status failed = ProveChip(session, precautions)) {
+        return failed;
+    }
     MemoryImages none;
-    if (const Status failed =
-            Prepare(session, {.force = call.Has("force"), .backup = call.Value("backup")}, none)) {
+    if (const Status failed = Prepare(session, precautions, none)) {
         return failed;
     }
     const double seconds = (session.Elapsed() + EraseTime()).count();

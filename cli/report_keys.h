@@ -14,6 +14,7 @@ inline constexpr Key ExitStatus{"exitStatus"}, Messages{"messages"}, Error{"erro
 inline constexpr Key Writer{"writer"}, Signature{"signature"}, Part{"part"};
 inline constexpr Key Plan{"plan"}, Written{"written"}, Erased{"erased"};
 inline constexpr Key Verified{"verified"}, Differences{"differences"};
+inline constexpr Key Blank{"blank"}, Listings{"listings"}, Chips{"chips"};
 inline constexpr Key Files{"files"}, Backup{"backup"};
 inline constexpr Key Findings{"findings"}, Checked{"checked"};
 inline constexpr Key Options{"options"}, Confirmed{"confirmed"};

@@ -49,6 +49,8 @@ inline constexpr Cause ContactLost{"contactLost", ExitStatus::Refused};
 inline constexpr Cause Locked{"locked", ExitStatus::Refused};
 inline constexpr Cause WrongChip{"wrongChip", ExitStatus::Refused};
 inline constexpr Cause Differs{"differs", ExitStatus::Refused};
+inline constexpr Cause NotBlank{"notBlank", ExitStatus::Refused};
+inline constexpr Cause ChipsFailed{"chipsFailed", ExitStatus::Refused};
 inline constexpr Cause PartlyWritten{"partlyWritten", ExitStatus::Refused};
 inline constexpr Cause Unstable{"unstable", ExitStatus::Refused};
 inline constexpr Cause Implausible{"implausible", ExitStatus::Refused};

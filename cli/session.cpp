@@ -41,9 +41,9 @@ Session::Session(const CliSurroundings& around, const CommonOptions& options, Ou
       trace_(options.trace),
       replaceTrace_(options.overwrite),
       line_(around.port, around.clock),
-      clock_(around.clock, line_, around.signal),
+      clock_(around.clock, line_, [this] { return held_ ? 0 : Signal(); }),
       start_(clock_.Now()),
-      record_(around.signal),
+      record_([this] { return held_ ? 0 : Signal(); }),
       ui_(out, record_, port_),
       output(out),
       bench({.port = line_,
@@ -67,6 +67,17 @@ Session::Session(const CliSurroundings& around, const CommonOptions& options, Ou
         }
         output.Report(report::Port, port);
     }
+}
+
+void Session::BeginChip() {
+    const bool stuck = record_.InProgrammingMode() && !record_.LineLost();
+    record_.Forget();
+    if (stuck && line_.IsOpen()) {
+        bench.commands.LeaveProgrammingMode();
+        record_.Forget();
+    }
+    ui_.Forget();
+    bench.chip.provenSignature.reset();
 }
 
 Status Session::OpenTrace() {

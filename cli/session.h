@@ -21,6 +21,14 @@ class Session {
     bool Stopped() const { return record_.Stopped(); }
     /// The device was named or is stored; otherwise it is the first of the list.
     bool DeviceChosen() const { return deviceChosen_; }
+    /// The signal that has come; 0 = none.
+    int Signal() const { return around_.signal(); }
+    /// For a command that works on one chip after the other. From now on a signal ends no operation
+    /// under way: the command asks for it between two chips.
+    void HoldSignals() { held_ = true; }
+    /// What was said, recorded and proven of the last chip is forgotten, and the writer leaves
+    /// programming mode if it was stuck there.
+    void BeginChip();
     EventClock::Instant Now() const { return clock_.Now(); }
     /// Since the run began.
     std::chrono::duration<double> Elapsed() const { return clock_.Now() - start_; }
@@ -41,6 +49,7 @@ class Session {
     bool deviceChosen_;
     std::optional<QString> trace_;
     bool replaceTrace_;
+    bool held_ = false;
     TracedPort line_;
     StoppableClock clock_;
     EventClock::Instant start_;

@@ -27,6 +27,12 @@ class TerminalUserInterface : public UserInterface {
     /// Everything said so far, in order.
     QStringList Said() const { return said_; }
 
+    /// What was said before may be said again.
+    void Forget() {
+        said_.clear();
+        failures_.clear();
+    }
+
     void SetStatusText(int panel, const QString& text, MessageKind kind) override;
     void ShowMessage(MessageKind kind, const QString& text) override;
     void CloseMessage() override { output_.EndProgress(); }

@@ -42,6 +42,21 @@ QByteArray ListingText(std::span<const std::uint8_t> cells, std::size_t cellsPer
     return text;
 }
 
+QByteArray FlashListing(const MemoryImages& images, const CurrentDevice& device) {
+    const auto cells = static_cast<std::size_t>(device.flashWords) * 2;
+    return ListingText(std::span(images.flash).first(cells), 2);
+}
+
+QByteArray EepromListing(const MemoryImages& images, const CurrentDevice& device) {
+    const auto cells = static_cast<std::size_t>(device.eepromBytes);
+    return ListingText(std::span(images.eeprom).first(cells), 1);
+}
+
+/// `text`: with plain newlines.
+QString Shown(const QByteArray& text) {
+    return QString::fromLatin1(text).replace(QLatin1Char(kPlaceholder), kShownPlaceholder);
+}
+
 /// Half a listing is none: what a full disk left of it is removed.
 bool Replace(const QString& path, const QByteArray& text) {
     QFile file(path);
@@ -58,10 +73,13 @@ bool Replace(const QString& path, const QByteArray& text) {
 
 }  // namespace
 
+QString ShownListing(const MemoryImages& images, const CurrentDevice& device, bool flash) {
+    return Shown((flash ? FlashListing(images, device) : EepromListing(images, device))
+                     .replace("\r\n", "\n"));
+}
+
 bool ListingFiles::WriteFlashListing() {
-    const auto cells = std::span(state_.images.flash)
-                           .first(2 * static_cast<std::size_t>(state_.device.flashWords));
-    return Write(flash_, ListingText(cells, 2));
+    return Write(flash_, FlashListing(state_.images, state_.device));
 }
 
 bool ListingFiles::ShowFlashListing() {
@@ -69,9 +87,7 @@ bool ListingFiles::ShowFlashListing() {
 }
 
 bool ListingFiles::WriteEepromListing() {
-    const auto cells =
-        std::span(state_.images.eeprom).first(static_cast<std::size_t>(state_.device.eepromBytes));
-    return Write(eeprom_, ListingText(cells, 1));
+    return Write(eeprom_, EepromListing(state_.images, state_.device));
 }
 
 bool ListingFiles::ShowEepromListing() {
@@ -133,12 +149,11 @@ bool ListingFiles::Show(const Listing& listing, ShowText show) {
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
         return false;
     }
-    QString text = QString::fromLatin1(file.readAll());
+    const QByteArray text = file.readAll();
     if (file.error() != QFileDevice::NoError) {
         return false;
     }
-    text.replace(QLatin1Char(kPlaceholder), kShownPlaceholder);
-    (ui_.*show)(text);
+    (ui_.*show)(Shown(text));
     return true;
 }
 

@@ -9,6 +9,9 @@
 
 namespace tolvex {
 
+/// The listing of a memory of the device as its window shows it: the Flash's or the EEPROM's.
+QString ShownListing(const MemoryImages& images, const CurrentDevice& device, bool flash);
+
 /// The listings as files: `avrhex.txt`, `avreep.txt` and the verify report `avrvfy.txt`, each
 /// loaded from its file into its window. A listing has a line per 16 bytes of the device's memory:
 /// address (in words or bytes), hexadecimal values, and the same bytes as characters. Written lines

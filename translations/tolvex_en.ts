@@ -11,6 +11,13 @@
         </translation>
     </message>
     <message numerus="yes">
+        <source>%n 個のチップに失敗しました。</source>
+        <translation>
+            <numerusform>%n chip failed.</numerusform>
+            <numerusform>%n chips failed.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>EEPROM メモリサイズ : %n byte</source>
         <translation>
             <numerusform>EEPROM size: 1 byte</numerusform>
@@ -22,6 +29,13 @@
         <translation>
             <numerusform>Program memory size: 1 word</numerusform>
             <numerusform>Program memory size: %n words</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>チップは空ではありません（%n 個のセル）。</source>
+        <translation>
+            <numerusform>The chip is not blank (%n cell).</numerusform>
+            <numerusform>The chip is not blank (%n cells).</numerusform>
         </translation>
     </message>
     <message>
@@ -77,6 +91,10 @@
         <translation>%1 cannot be opened: %2. Close the other program that uses the port.</translation>
     </message>
     <message>
+        <source>%1 秒</source>
+        <translation>%1 s</translation>
+    </message>
+    <message>
         <source>%1 行目: %2</source>
         <translation>Line %1: %2</translation>
     </message>
@@ -85,8 +103,24 @@
         <translation>%1: there are lower-case hexadecimal digits. The window program reads them as 0.</translation>
     </message>
     <message>
+        <source>--count は 1 以上の数です: %1</source>
+        <translation>--count is a number from 1 on: %1</translation>
+    </message>
+    <message>
         <source>--format は hex、bin、srec のどれかです: %1</source>
         <translation>--format is hex, bin or srec: %1</translation>
+    </message>
+    <message>
+        <source>--log のファイルが、ほかの引数と同じです: %1</source>
+        <translation>The file of --log is another argument&apos;s, too: %1</translation>
+    </message>
+    <message>
+        <source>--serial には CODE のファイル名が必要です。番号のファイルはその隣に置きます。</source>
+        <translation>--serial needs the name of a CODE file: the file with the number stands beside it.</translation>
+    </message>
+    <message>
+        <source>--serial は eeprom:0x10=u16le や flash:0x3FE=text:SN%06d の形で指定します（u8、u16le、u16be、u32le、u32be、text）</source>
+        <translation>--serial looks like eeprom:0x10=u16le or flash:0x3FE=text:SN%06d (u8, u16le, u16be, u32le, u32be, text)</translation>
     </message>
     <message>
         <source>0 以外の拡張アドレスには対応していません。</source>
@@ -635,8 +669,28 @@ avr-objcopy -O ihex INPUT OUTPUT.hex makes a HEX file of other kinds. If it is a
         <translation>Signature</translation>
     </message>
     <message>
+        <source>シグネチャを読めません。</source>
+        <translation>The signature can&apos;t be read.</translation>
+    </message>
+    <message>
         <source>シリアルポートとして使えません</source>
         <translation>it does not work as a serial port</translation>
+    </message>
+    <message>
+        <source>シリアル番号 %1 は入りません: %2</source>
+        <translation>The serial number %1 does not fit: %2</translation>
+    </message>
+    <message>
+        <source>シリアル番号 %1 は入りません。</source>
+        <translation>The serial number %1 does not fit.</translation>
+    </message>
+    <message>
+        <source>シリアル番号のファイルに番号がありません: %1</source>
+        <translation>The file of the serial number holds no number: %1</translation>
+    </message>
+    <message>
+        <source>シリアル番号のファイルを書けません: %1</source>
+        <translation>The file of the serial number can&apos;t be written: %1</translation>
     </message>
     <message>
         <source>ステータスバー(&amp;B)</source>
@@ -653,6 +707,22 @@ avr-objcopy -O ihex INPUT OUTPUT.hex makes a HEX file of other kinds. If it is a
     <message>
         <source>チップとの接触が失われました。</source>
         <translation>Contact with the chip was lost.</translation>
+    </message>
+    <message>
+        <source>チップの内容は既にファイルのとおりです。何も書いていません。</source>
+        <translation>The chip already holds what the files say. Nothing was written.</translation>
+    </message>
+    <message>
+        <source>チップは空です。</source>
+        <translation>The chip is blank.</translation>
+    </message>
+    <message>
+        <source>チップをソケットに入れてください。</source>
+        <translation>Put a chip into the socket.</translation>
+    </message>
+    <message>
+        <source>チップを抜いてください。</source>
+        <translation>Take the chip out.</translation>
     </message>
     <message>
         <source>ツールバー(&amp;T)</source>
@@ -763,6 +833,10 @@ If it is new, erase the chip first.</translation>
     <message>
         <source>ファイルを保存しました．</source>
         <translation>Files saved.</translation>
+    </message>
+    <message>
+        <source>ファイルを書けません: %1</source>
+        <translation>The file can&apos;t be written: %1</translation>
     </message>
     <message>
         <source>ファイルを読み込んでいます。</source>
@@ -973,6 +1047,10 @@ Check its connection to the PC, then choose<byte value="xd"/>
         <translation>&amp;Save</translation>
     </message>
     <message>
+        <source>中断しました。</source>
+        <translation>Interrupted.</translation>
+    </message>
+    <message>
         <source>作業領域</source>
         <translation>Work area</translation>
     </message>
@@ -991,6 +1069,10 @@ Check its connection to the PC, then choose<byte value="xd"/>
     <message>
         <source>前のレコードと同じ番地のデータです。</source>
         <translation>The data has the same address as an earlier record.</translation>
+    </message>
+    <message>
+        <source>合計</source>
+        <translation>total</translation>
     </message>
     <message>
         <source>名前が長すぎます</source>
@@ -1055,6 +1137,10 @@ Check its connection to the PC, then choose<byte value="xd"/>
     <message>
         <source>権限がありません</source>
         <translation>no permission</translation>
+    </message>
+    <message>
+        <source>次のシリアル番号: %1 (%2)</source>
+        <translation>Next serial number: %1 (%2)</translation>
     </message>
     <message>
         <source>次を検索</source>
@@ -1159,6 +1245,10 @@ Check its connection to the PC, then choose<byte value="xd"/>
     <message>
         <source>開く</source>
         <translation>Open</translation>
+    </message>
+    <message>
+        <source>（OK %1、NG %2）</source>
+        <translation>(OK %1, NG %2)</translation>
     </message>
     <message>
         <source>２８pinマイコンを使用するときはファームウエアバージョンSW3.9以降が必要です。</source>

@@ -23,6 +23,8 @@ using Instant = Board::Instant;
 
 /// Longer than any time-out of the PC.
 constexpr std::chrono::seconds kLongerThanAnyTimeOut{10};
+/// Of the loop, where something is to be done in each of its passes.
+constexpr std::chrono::milliseconds kPass{30};
 
 Instant Now() {
     return std::chrono::steady_clock::now().time_since_epoch();
@@ -115,11 +117,18 @@ std::optional<QString> BoardProgram::OpenTerminal() {
     return reason;
 }
 
-std::optional<QString> BoardProgram::Serve(Board& board, QFile* log) {
+std::optional<QString> BoardProgram::Serve(
+    Board& board, QFile* log, const std::function<std::optional<QString>()>& everyPass) {
     while (StopSignal() == 0 && !board.Failure() && !board.Ended()) {
+        if (const auto reason = everyPass ? everyPass() : std::nullopt) {
+            return reason;
+        }
         const auto due = board.NextDue();
-        if (Wait(terminal_.Descriptor(),
-                 due ? std::optional(*due + lost_ - Now()) : std::nullopt)) {
+        auto rest = due ? std::optional(*due + lost_ - Now()) : std::nullopt;
+        if (everyPass) {
+            rest = std::min<Instant>(rest.value_or(kPass), kPass);
+        }
+        if (Wait(terminal_.Descriptor(), rest)) {
             board.Send(terminal_.Read(), Now() - lost_ - std::exchange(lag_, Instant::zero()));
         }
         const Instant start = Now();

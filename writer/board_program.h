@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QFile>
+#include <functional>
 
 #include "writer/board.h"
 #include "writer/board_options.h"
@@ -37,7 +38,10 @@ class BoardProgram {
     std::optional<QString> OpenTerminal();
     /// Until a signal asks for the end, the board ends or fails, or the terminal can't be had again
     /// after a hang-up. `log` gets a line for each command, unless it is null.
-    std::optional<QString> Serve(Board& board, QFile* log = nullptr);
+    /// `everyPass`, unless it is empty, is called some dozen times a second and may end it with a
+    /// reason.
+    std::optional<QString> Serve(Board& board, QFile* log = nullptr,
+                                 const std::function<std::optional<QString>()>& everyPass = {});
     /// After `Serve`, until the client has left: what it still sends goes to the board. Not longer
     /// than the PC may wait for a reply.
     void AwaitLastClient(Board& board);

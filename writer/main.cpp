@@ -5,6 +5,7 @@
 
 #include "writer/board_program.h"
 #include "writer/paced_board.h"
+#include "writer/socket_file.h"
 #include "writer/trace_replay.h"
 #include "writer/writer_options.h"
 
@@ -34,7 +35,13 @@ std::optional<QString> ServeChip(const WriterOptions& options) {
         writer.SetFault(fault.command, fault.kind);
     }
     PacedBoard board(writer, options.baud, options.latency);
-    const auto reason = program.Serve(board, options.log ? &log : nullptr);
+    QFile* const lines = options.log ? &log : nullptr;
+    if (options.socket) {
+        SocketFile socket(*options.socket, writer);
+        const auto reason = program.Serve(board, lines, [&socket] { return socket.Look(); });
+        return reason ? reason : socket.Save();
+    }
+    const auto reason = program.Serve(board, lines);
     const auto unsaved = program.SaveChip();
     return reason ? reason : unsaved;
 }

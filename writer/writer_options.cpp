@@ -21,6 +21,10 @@ QList<OptionRow> WriterRows() {
           u"MS"_s, u"0"_s},
          kSlowestAdapter},
         {{u"log"_s, u"Write one line for each command to FILE."_s, u"FILE"_s}},
+        {{u"socket"_s,
+          u"Change chips while the board runs: FILE holds what is in the socket, a chip's name and "
+          "its state file, or nothing."_s,
+          u"FILE"_s}},
         {{u"replay"_s,
           u"Play the board's side of the session in FILE, recorded with tolvex-cli --trace, and "
           "end with it. With --baud 0 the replies come at once instead of at their time."_s,
@@ -74,12 +78,17 @@ std::variant<WriterOptions, OptionAnswer> ParseWriterOptions(const QStringList& 
     options.baud = parser.Number(u"baud"_s).value_or(0);
     options.latency = std::chrono::milliseconds(parser.Number(u"latency"_s).value_or(0));
     options.log = parser.Value(u"log"_s);
+    options.socket = parser.Value(u"socket"_s);
     options.replay = parser.Value(u"replay"_s);
     if (options.replay) {
         if (const auto wrong = NotForReplay(parser.Given())) {
             return OptionAnswer{*wrong, 2};
         }
     }
+    if (options.socket && (options.board.device || options.board.state)) {
+        return OptionAnswer{u"--socket goes with neither --device nor --state"_s, 2};
+    }
+    options.board.empty = options.board.empty || options.socket;
     if (!IsVersion(options.firmware)) {
         return OptionAnswer{u"--firmware is a digit, a point and a digit, such as 3.9"_s, 2};
     }

@@ -22,6 +22,7 @@ struct WriterOptions {
     int baud = 19200;                   ///< 0 = as fast as it goes
     std::chrono::milliseconds latency;  ///< of the adapter; 0 = none
     std::optional<QString> log;         ///< a file
+    std::optional<QString> socket;      ///< a file that says what is in it, while the board runs
     std::optional<QString> replay;      ///< a recorded session instead of a board with a chip
     QList<PlannedFault> faults;
 };

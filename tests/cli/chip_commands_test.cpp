@@ -65,6 +65,9 @@ TEST(ReadCommand, WritesFilesThatVerifyAndReplacesNone) {
         PutFile(lower, QFile::exists(lower) ? Bytes(lower).toLower() : "");
         EXPECT_EQ(b.Run(lines[1].constData()), ExitStatus::Done) << line << b.Err().toStdString();
     }
+    EXPECT_EQ(b.Run("dump --only eeprom"), ExitStatus::Done);
+    EXPECT_TRUE(
+        b.Out().startsWith(u"0000: 07 08 09 0A 0B 0C 0D 0E 0F 10 11 12 13 14 15 16 ････"_s));
     const QByteArray text = Bytes(data);
     EXPECT_EQ(b.Run("read - --only eeprom"), ExitStatus::Done);
     EXPECT_EQ(b.Out(), QString::fromUtf8(text)) << "and nothing else";

@@ -33,7 +33,8 @@ TEST(ProgramCommand, ErasesProgramsAndVerifies) {
 
 /// Everything is proven before the chip changes, and each refusal has one cause.
 TEST(Commands, RefuseWhatIsWrong) {
-    const QByteArray every = "detect; verify @a.hex; read @out.hex; read @out.hex --only flash; ";
+    const QByteArray every =
+        "detect; verify @a.hex; read @out.hex; read @out.hex --only flash; blank; dump; ";
     const Fault unset = [](CliBench& b) { b.settings.values.remove(u"ComNox"_s); };
     const std::tuple<Fault, QByteArray, const char*> cases[] = {
         // clang-format off
@@ -49,14 +50,17 @@ TEST(Commands, RefuseWhatIsWrong) {
         {Spoil('d', Wrong, 200), "program @a.hex --keep-eeprom", "1 unstable"},
         {Spoil('R', Wrong, 9), "program @a.eep --only eeprom", "1 unstable"},
         {kNothing, "program /dev/zero --force; verify @missing", "2 fileNotReadable"},
-        {kNothing, "program @sum.hex; program @sum.hex --force; program @kind --force; verify @kind; program @a.s19; program @lib.o; program @big --format bin; program @none --format bin", "2 badFile"},
-        {kNothing, "program @a.hex --backup @sum.hex/x; --trace @no/trace detect; read @no/x.hex", "2 fileNotWritten"},
+        {kNothing, "program @sum.hex; program @sum.hex --force; program @kind --force; verify @kind; program @a.s19; program @lib.o; program @big --format bin; program @none --format bin; batch @kind; batch @none.hex --serial eeprom:0=u8", "2 badFile"},
+        {kNothing, "program @a.hex --backup @sum.hex/x; --trace @no/trace detect; read @no/x.hex; batch @a.hex --log /dev/full; batch @a.hex --log @no/log", "2 fileNotWritten"},
         {kNothing, "program @a.hex @a.eep --keep-eeprom; program @a.eep; program @a.hex @a.hex", "2 wrongUse"},
         {kNothing, "program @base.hex --force", "2 badFile"},
         {kNothing, "detect --trace @a.hex; read @out.hex --trace @sum.hex", "2 fileExists"},
         {kNothing, "program @a.hex --trace @a.eep --overwrite; check @a.hex --trace @a.hex --overwrite", "2 wrongUse"},
         {kNothing, "program @a.hex --format srec; read @out.hex --format elf; program @a.hex --only lock; program @a.hex @a.eep --only flash", "2 wrongUse"},
         {kNothing, "; check caf\xE9.hex; burn; program; program a b c; detect x; detect --force; read -", "2 wrongUse"},
+        {kNothing, "batch @a.hex --count 0; batch @a.hex --serial eeprom:0x7F=u16le; batch @a.hex --serial flash:0=text:SN; batch - --serial eeprom:0=u8; batch @a.hex --log @a.hex", "2 wrongUse"},
+        {kNothing, "blank --only lock; dump --only lock; dump x", "2 wrongUse"},
+        {kNothing, "blank; blank --only eeprom", "1 notBlank"},
         {kNothing, "--port COM0 detect; --port 21 detect; --device AT90 detect", "2 wrongUse"},
         {kNothing, "read @out.hex @out.hex; read - --only flash --json", "2 wrongUse"},
         // clang-format on
@@ -77,6 +81,8 @@ TEST(Commands, RefuseWhatIsWrong) {
                        QByteArray(60, '\0'));
             b.File(u"big"_s, QByteArray(2049, 'x'));
             b.File(u"none"_s, {});
+            b.File(u"none.hex"_s, kHexEnd);
+            b.File(u"none.serial"_s, "12 13\n");
             b.Fill();
             fault(b);
             const ChipContents before = b.chip->Contents();
@@ -129,6 +135,63 @@ TEST(ProgramCommand, TellsThatTheEraseTakesALockAway) {
         EXPECT_EQ(b.Outcome("program @a.eep --only eeprom"), "0") << b.Err().toStdString();
         EXPECT_EQ(b.Err().contains(u"lock write"_s), lock == 0xFD);
     }
+}
+
+TEST(ProgramCommand, LeavesAChipAloneThatHasItAlready) {
+    const std::tuple<const char*, bool> cases[] = {
+        {"program @a.hex --if-different", true},
+        {"program @a.hex --only flash --if-different", true},
+        {"program @b.hex --if-different", false},
+        {"program @b.hex --only flash --if-different", false},
+    };
+    for (const auto& [line, same] : cases) {
+        CliBench b;
+        b.File(u"b.hex"_s, HexRecord(2, "\x07") + kHexEnd);
+        EXPECT_EQ(b.Run("program @a.hex"), ExitStatus::Done);
+        const auto start = b.port.Wire().size();
+        EXPECT_EQ(b.Outcome(line), "0") << line;
+        EXPECT_EQ(b.port.Wire().mid(start).contains(u"e"_s), !same) << line;
+        EXPECT_TRUE(b.Json()["verified"_L1].toBool());
+        EXPECT_EQ(b.Json()["written"_L1].toObject().isEmpty(), same);
+    }
+}
+
+/// Chips of a tray: one comes in at each time given, the one before goes half a second earlier.
+TEST(BatchCommand, ProgramsOneChipAfterTheOtherWithItsNumber) {
+    CliBench b;
+    std::map<int, SimulatedChip> tray;
+    const std::pair<int, const char*> chips[] = {
+        {3, "AT90S2313"}, {12, "AT90S2323"}, {21, "AT90S2313"}, {30, "AT90S2313"}};
+    for (const auto& [second, part] : chips) {
+        tray.try_emplace(second, *FindChipModel(QString::fromLatin1(part)));
+    }
+    tray.at(21).WearOut(0, -1);
+    tray.at(21).ProgramFlashLow(0, 0);
+    b.File(u"a.serial"_s, "258\n");
+    b.board.SetChip(nullptr);
+    b.signal = [&, in = tray.begin(), empty = true]() mutable {
+        const double now = std::chrono::duration<double>(b.clock.Now()).count();
+        if (in != tray.end() && now > in->first) {
+            b.board.SetChip(&in->second);
+            ++in;
+            empty = false;
+        } else if (in != tray.end() && !empty && now > in->first - 1.5) {
+            b.board.SetChip(nullptr);
+            empty = true;
+        }
+        return now > 39 ? 2 : 0;
+    };
+    EXPECT_EQ(b.Outcome("batch @a.hex --serial eeprom:0x10=u16be --log @log"), "1 chipsFailed");
+    QStringList results;
+    for (const QJsonValue& chip : b.Json()["chips"_L1].toArray()) {
+        results << chip["result"_L1].toString() + chip["serial"_L1].toString();
+    }
+    EXPECT_EQ(results.join(u' ').toStdString(), "OK258 wrongChip differs259 OK260");
+    EXPECT_EQ(tray.at(30).Contents().eeprom.mid(0x10, 2), "\x01\x04");
+    EXPECT_TRUE(tray.at(3).Contents().flash.startsWith(kCode));
+    EXPECT_EQ(Bytes(b.Path(u"a.serial"_s)), "261\n") << "a failed chip's number is spent";
+    EXPECT_EQ(Bytes(b.Path(u"log"_s)).count('\n'), 5);
+    EXPECT_TRUE(Bytes(b.Path(u"log"_s)).contains(",AT90S2313,1E:91:01,259,differs,"));
 }
 
 TEST(ProgramCommand, ForceIsNoProof) {

@@ -78,6 +78,24 @@ END
     end_board
 fi
 
+# Chips by the dozen: whatever is killed when, and with two tools at once, no number is given twice.
+echo AT90S2313 "$folder/c0" >"$folder/socket"
+cp samples/blink.hex "$folder/b.hex"
+start_board tolvex-writer --baud 0 --socket "$folder/socket"
+batch=(batch "$folder/b.hex" --count 1 --serial eeprom:0=text:%03d)
+for ((chip = 1; chip <= 8; ++chip)); do
+    echo AT90S2313 "$folder/c$chip" >"$folder/socket"
+    # From before the number is taken to the middle of the work.
+    (timeout -s KILL 1.$((chip + 1)) "$bin/tolvex-cli" --port "$folder/port" --device AT90S2313 \
+        "${batch[@]}" --log "$folder/log.csv" || true) >/dev/null 2>&1
+done
+echo AT90S2313 "$folder/c9" >"$folder/socket"
+ends 0 'cli "${batch[@]}" --log $folder/log.csv && grep "^20.*,OK," $folder/log.csv'
+end_board
+numbers=$(grep -ho '"eeprom": "[0-9A-F]\{6\}' "$folder"/c[1-9] | grep -v FFFFFF)
+must 'every chip has a number of its own' same "$(sort -u <<<"$numbers")" "$(sort <<<"$numbers")"
+must 'and the next one is new' test "$(<"$folder/b.serial")" -gt "$(wc -l <<<"$numbers")"
+
 # The board keeps chip, log and link over hang-ups and runs.
 # Bytes that a terminal would take for control characters or new lines.
 printf ':100000000003040A0D1113151617191A1C7F80FF1F\r\n:00000001FF\r\n' >"$folder/raw.hex"
