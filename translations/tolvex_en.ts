@@ -140,7 +140,7 @@
     </message>
     <message>
         <source>28pinマイコンを使用するには、28ピンソケットを追加し、ボード上のコネクタCN1と結線する必要があります。XTAL1(9ピン)、XTAL2(10ピン)には、4MHzの発振子を取り付けてください。</source>
-        <translation>For 28-pin chips, add a 28-pin socket and wire it to connector CN1 on the board. Connect a 4 MHz resonator to XTAL1 (pin 9) and XTAL2 (pin 10).</translation>
+        <translation>For 28-pin chips, add a 28-pin socket and wire it to connector CN1 on the board. Connect a 4 MHz resonator to XTAL1 (pin 9) and XTAL2 (pin 10).</translation>
     </message>
     <message>
         <source>40pin</source>
@@ -868,19 +868,19 @@ If it is new, erase the chip first.</translation>
     </message>
     <message>
         <source>プログラム/EEPROMデータメモリ Lock/Fuseビット消去</source>
-        <translation>Erase the program and EEPROM memory and the lock bits</translation>
+        <translation>Erase the Flash, the EEPROM and the lock bits</translation>
     </message>
     <message>
         <source>プログラム/EEPROMデータメモリのプログラム</source>
-        <translation>Program the program and EEPROM memory</translation>
+        <translation>Program the Flash and the EEPROM</translation>
     </message>
     <message>
         <source>プログラム/EEPROMデータメモリのベリファイ</source>
-        <translation>Verify the program and EEPROM memory</translation>
+        <translation>Verify the Flash and the EEPROM</translation>
     </message>
     <message>
         <source>プログラム/EEPROMデータメモリのリード</source>
-        <translation>Read the program and EEPROM memory</translation>
+        <translation>Read the Flash and the EEPROM</translation>
     </message>
     <message>
         <source>プログラムメモリ</source>
