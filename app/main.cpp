@@ -54,9 +54,11 @@ int main(int, char** argv) {
         qtTexts.emplace();
     }
 
-    const SingleInstance instance(InstanceLockPath());
+    // How the desktop entry hands over the file that was double-clicked: arguments are ignored.
+    const QString file = qEnvironmentVariable("TOLVEX_FILE");
+    SingleInstance instance(InstanceLockPath());
     if (!instance.IsFirst()) {
-        return 0;
+        return file.isEmpty() || instance.HandOver(file) ? 0 : 1;
     }
     if (language == Language::Japanese && !JapaneseFontFound()) {
         TellHowToGetAFont();
@@ -72,8 +74,8 @@ int main(int, char** argv) {
     if (!program.Start()) {
         return 0;
     }
-    // How the desktop entry hands over the file that was double-clicked: arguments are ignored.
-    if (const QString file = qEnvironmentVariable("TOLVEX_FILE"); !file.isEmpty()) {
+    instance.TakeFiles([&program](const QString& handed) { program.OpenHandedOver(handed); });
+    if (!file.isEmpty()) {
         Q_EMIT program.Window().FilesDropped({file});
     }
     return QApplication::exec();

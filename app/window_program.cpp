@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QMessageBox>
 
 #include "app/focus_keys.h"
 #include "base/product.h"
@@ -115,6 +116,26 @@ void WindowProgram::RunAlone(const std::function<void()>& work) {
         EndRun();
         busy_ = false;
     }
+}
+
+void WindowProgram::OpenHandedOver(const QString& file) {
+    window_.setWindowState(window_.windowState() & ~Qt::WindowMinimized);
+    window_.raise();
+    window_.activateWindow();
+    if (!busy_) {
+        RunAlone([this, file] { bench_.files.OpenDropped({file}); });
+        return;
+    }
+    // Not modal: what runs goes on. A modal dialog would block it unless it is that dialog's own.
+    QWidget* const dialog = QApplication::activeModalWidget();
+    auto* box = new QMessageBox(
+        QMessageBox::Information, window_.windowTitle(),
+        Text::tr("今はファイルを開けません。終わってからもう一度開いてください。\n%1").arg(file),
+        QMessageBox::Ok, dialog != nullptr ? dialog : &window_);
+    box->setObjectName(u"notOpened"_s);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setModal(false);
+    box->show();
 }
 
 void WindowProgram::EndRun() {

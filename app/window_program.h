@@ -40,6 +40,10 @@ class WindowProgram : public QObject, private UserInterface {
     /// Saves where the windows stand, unless the main window is minimised.
     void StoreLayout();
 
+    /// A file from another instance, as if it were dropped here. While something runs or asks, the
+    /// user is told that it can't be opened now.
+    void OpenHandedOver(const QString& file);
+
     frmMain& Window() { return window_; }
     Workbench& Bench() { return bench_; }
 

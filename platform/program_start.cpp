@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QSaveFile>
 #include <QStandardPaths>
 
 namespace tolvex {
@@ -38,7 +39,12 @@ QString InstanceLockPath() {
         .absoluteFilePath(u"tolvex-%1.lock"_s.arg(UserMark()));
 }
 
-SingleInstance::SingleInstance(const QString& lockPath) : lock_(lockPath), first_(Take()) {}
+SingleInstance::SingleInstance(const QString& lockPath)
+    : lockPath_(lockPath), lock_(lockPath), first_(Take()) {
+    for (const QFileInfo& left : first_ ? Notes() : QFileInfoList()) {
+        QFile::remove(left.filePath());  // for a program that has ended since
+    }
+}
 
 bool SingleInstance::Take() {
     lock_.setStaleLockTime(0);  // never stale by age: the program may run for days
@@ -55,6 +61,39 @@ bool SingleInstance::Take() {
         lock_.tryLock(0);
     }
     return lock_.isLocked() || lock_.error() != QLockFile::LockFailedError;
+}
+
+// A note beside the lock holds the file's path; whoever hands over takes a name of its own, so that
+// two at a time are both heard.
+
+bool SingleInstance::HandOver(const QString& file) const {
+    QSaveFile note(lockPath_ + u".%1.open"_s.arg(QCoreApplication::applicationPid()));
+    const QByteArray path = QFileInfo(file).absoluteFilePath().toUtf8();
+    return note.open(QIODevice::WriteOnly) && note.write(path) == path.size() && note.commit();
+}
+
+void SingleInstance::TakeFiles(std::function<void(const QString& file)> open) {
+    const auto take = [this, open = std::move(open)] {
+        for (const QFileInfo& info : Notes()) {
+            QFile note(info.filePath());
+            // In a folder that everybody writes to, only this user's notes count.
+            const bool own = info.ownerId() == QFileInfo(lockPath_).ownerId();
+            const QString file = own && note.open(QIODevice::ReadOnly)
+                                     ? QString::fromUtf8(note.readAll())
+                                     : QString();
+            if (note.remove() && !file.isEmpty()) {
+                open(file);
+            }
+        }
+    };
+    watcher_.addPath(QFileInfo(lockPath_).path());
+    QObject::connect(&watcher_, &QFileSystemWatcher::directoryChanged, &watcher_, take);
+    QMetaObject::invokeMethod(&watcher_, take, Qt::QueuedConnection);  // those that came before
+}
+
+QFileInfoList SingleInstance::Notes() const {
+    const QFileInfo lock(lockPath_);
+    return lock.dir().entryInfoList({lock.fileName() + u".*.open"_s}, QDir::Files);
 }
 
 }  // namespace tolvex

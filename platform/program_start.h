@@ -2,7 +2,10 @@
 #pragma once
 
 #include <QFile>
+#include <QFileInfo>
+#include <QFileSystemWatcher>
 #include <QLockFile>
+#include <functional>
 
 #include "base/settings.h"
 
@@ -64,11 +67,20 @@ class SingleInstance {
     /// Also true where no lock can be made at all: better a second instance than none.
     bool IsFirst() const { return first_; }
 
+    /// For one that is not the first: gives the first one a file to open. False: it can't be told.
+    bool HandOver(const QString& file) const;
+    /// For the first one: calls `open` from the event loop with each file that it is given from now
+    /// on.
+    void TakeFiles(std::function<void(const QString& file)> open);
+
   private:
     bool Take();
+    QFileInfoList Notes() const;
 
+    const QString lockPath_;
     QLockFile lock_;
     bool first_;
+    QFileSystemWatcher watcher_;
 };
 
 }  // namespace tolvex

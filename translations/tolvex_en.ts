@@ -1051,6 +1051,12 @@ Check its connection to the PC, then choose<byte value="xd"/>
         <translation>Interrupted.</translation>
     </message>
     <message>
+        <source>今はファイルを開けません。終わってからもう一度開いてください。
+%1</source>
+        <translation>The file can&apos;t be opened now. Open it again when this is done.
+%1</translation>
+    </message>
+    <message>
         <source>作業領域</source>
         <translation>Work area</translation>
     </message>

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Pairs: something runs, and the user does something else.
 #include <QDropEvent>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QTest>
 
@@ -48,10 +49,18 @@ TEST(RunAlone, WhatRunsDisablesEverythingElseAndClosesMenus) {
     };
     auto* lock = b.Find<QComboBox>("Combo_LockBit");
     lock->setCurrentIndex(1);
+    b.program.OpenHandedOver(QStringLiteral(TOLVEX_SOURCE_DIR "/samples/blink.hex"));
+    const QString caption = b.Child("frmProgram")->windowTitle();
+    EXPECT_TRUE(caption.endsWith(u"blink.hex"_s));
     auto* menu = b.Find<QMenu>("mnuFile");
     menu->popup(QPoint());
     b.clock.OnYield([&] {
         EXPECT_FALSE(enabled() || menu->isVisible());
+        b.program.OpenHandedOver(b.folder.filePath(u"other.hex"_s));
+        auto* box = b.window.findChild<QMessageBox*>(u"notOpened"_s);
+        ASSERT_NE(box, nullptr);
+        EXPECT_TRUE(box->isVisible() && box->text().contains(u"other.hex"_s));
+        delete box;
         lock->setCurrentIndex(0);  // as an assistive tool may, past what is disabled
         EXPECT_EQ(lock->currentIndex(), 1);
     });
@@ -60,6 +69,7 @@ TEST(RunAlone, WhatRunsDisablesEverythingElseAndClosesMenus) {
     EXPECT_TRUE(enabled());
     EXPECT_GT(b.clock.Yields(), 0);
     EXPECT_EQ(b.program.Bench().state.options[OptionList::LockBit], 1);
+    EXPECT_EQ(b.Child("frmProgram")->windowTitle(), caption);
 }
 
 TEST(RunAlone, TheFocusComesBackUnlessTheUserTookIt) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -51,6 +52,17 @@ TEST(SingleInstance, IsFirstUnlessAnotherRuns) {
         EXPECT_TRUE(SingleInstance(path).IsFirst()) << left.toHex().constData();
     }
     EXPECT_TRUE(SingleInstance(u"/proc/gone/tolvex.lock"_s).IsFirst()) << "no place for the mark";
+
+    SingleInstance first(path);
+    QStringList taken;
+    first.TakeFiles([&taken](const QString& file) { taken << file; });
+    EXPECT_TRUE(SingleInstance(path).HandOver(u"/a/点滅.hex"_s));
+    const QDeadlineTimer limit(std::chrono::seconds(10));
+    while (taken.isEmpty() && !limit.hasExpired()) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+    }
+    EXPECT_EQ(taken, QStringList{u"/a/点滅.hex"_s});
+    EXPECT_EQ(QFileInfo(path).dir().entryList({u"*open*"_s}), QStringList()) << "left behind";
 }
 
 TEST(SettingsKeys, DamagedValuesReadAsTheDefault) {
