@@ -2,13 +2,40 @@
 #include "widgets/fitted_label.h"
 
 #include <QFontInfo>
+#include <QPainter>
 #include <QResizeEvent>
+#include <QStyle>
 
 namespace tolvex {
 
 namespace {
 
 constexpr int kSmallestPixels = 8;
+constexpr char16_t kWordJoiner = 0x2060;
+
+/// Japanese lines may break between any two letters; a word reads badly in two. A word begins where
+/// the kind of letters changes, but not with hiragana, which end it.
+bool BelongTogether(QChar left, QChar right) {
+    const auto kind = [](QChar letter) {
+        return letter == u'ー' ? QChar::Script_Katakana : letter.script();
+    };
+    if (kind(right) == QChar::Script_Hiragana) {
+        return !left.isSpace() && !QStringView(u"、。，．！？").contains(left);
+    }
+    return kind(left) == kind(right) &&
+           (kind(left) == QChar::Script_Katakana || kind(left) == QChar::Script_Han);
+}
+
+QString WithWholeWords(const QString& text) {
+    QString joined;
+    for (const QChar letter : text) {
+        if (!joined.isEmpty() && BelongTogether(joined.back(), letter)) {
+            joined += kWordJoiner;
+        }
+        joined += letter;
+    }
+    return joined;
+}
 
 }  // namespace
 
@@ -77,8 +104,19 @@ void FittedLabel::Fit() {
 bool FittedLabel::Fits(const QFont& font) const {
     const int flags = wordWrap() ? Qt::TextWordWrap | Qt::TextWrapAnywhere : 0;
     const QRect room = Room();
-    const QRect needed = QFontMetrics(font).boundingRect(room, flags, text_);
+    const QRect needed = QFontMetrics(font).boundingRect(room, flags, WithWholeWords(text_));
     return needed.width() <= room.width() && needed.height() <= room.height();
+}
+
+void FittedLabel::paintEvent(QPaintEvent* event) {
+    if (!wordWrap()) {
+        QLabel::paintEvent(event);
+        return;
+    }
+    QPainter painter(this);
+    drawFrame(&painter);
+    style()->drawItemText(&painter, Room(), static_cast<int>(alignment()) | Qt::TextWordWrap,
+                          palette(), isEnabled(), WithWholeWords(text()), foregroundRole());
 }
 
 QRect FittedLabel::Room() const {

@@ -25,6 +25,7 @@ class FittedLabel : public QLabel {
   protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
   private:
     void Fit();
