@@ -2,6 +2,7 @@
 #include "base/language.h"
 
 #include <QCoreApplication>
+#include <QLocale>
 #include <optional>
 
 namespace tolvex {
@@ -37,7 +38,8 @@ Language TerminalLanguage() {
             return locale.startsWith(u"ja") ? Language::Japanese : Language::English;
         }
     }
-    return Language::English;
+    return QLocale::system().language() == QLocale::Japanese ? Language::Japanese
+                                                             : Language::English;
 }
 
 std::unique_ptr<QTranslator> InstallTexts(Language language) {

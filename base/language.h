@@ -14,7 +14,8 @@ enum class Language { Japanese, English };
 /// that is "en" or "ja" counts; Japanese without either. The locale of the desktop does not matter.
 Language WindowLanguage(const Settings& settings);
 /// The terminal's: TOLVEX_LANGUAGE, if it is "en" or "ja". Else as tools do: Japanese in a Japanese
-/// locale (the first of LC_ALL, LC_MESSAGES and LANG that is not empty), English in any other.
+/// locale (the first of LC_ALL, LC_MESSAGES and LANG that is not empty, else the system's setting),
+/// English in any other.
 Language TerminalLanguage();
 
 /// From now on all texts are in this language, as long as the result lives. Needs a

@@ -13,4 +13,17 @@ struct Text {
     Q_DECLARE_TR_FUNCTIONS(Tolvex)
 };
 
+/// One sentence after the other: in English, a blank stands between them.
+inline QString Sentences(const QString& first, const QString& second) {
+    return Text::tr("%1%2").arg(first, second);
+}
+
+/// "3 words" of the Flash, "1 byte" of the EEPROM.
+inline QString WordCount(int count) {
+    return Text::tr("%n word", nullptr, count);
+}
+inline QString ByteCount(int count) {
+    return Text::tr("%n byte", nullptr, count);
+}
+
 }  // namespace tolvex

@@ -4,7 +4,10 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <algorithm>
+#include <cerrno>
 
+#include "base/system_cause.h"
+#include "base/text.h"
 #include "cli/command.h"
 #include "device/catalogue.h"
 
@@ -38,17 +41,16 @@ struct Wire {
     QString with;  ///< what stands in the line or at it
 };
 
-const QList<Wire>& Wires() {
-    static const QList<Wire> kWires = {
-        {u"D10"_s, u"RESET"_s, &Package::reset, u"470 Ω、RESET と VCC の間に 10 kΩ"_s},
+QList<Wire> Wires() {
+    return {
+        {u"D10"_s, u"RESET"_s, &Package::reset, Text::tr("470 Ω、RESET と VCC の間に 10 kΩ")},
         {u"D11"_s, u"MOSI"_s,  &Package::mosi,  u"470 Ω"_s},
         {u"D12"_s, u"MISO"_s,  &Package::miso,  u"470 Ω"_s},
         {u"D13"_s, u"SCK"_s,   &Package::sck,   u"470 Ω"_s},
-        {u"5V"_s,  u"VCC"_s,   &Package::vcc,   u"VCC と GND の間に 100 nF"_s},
-        {u"GND"_s, u"GND"_s,   &Package::gnd,   u"D8 との間に LED と 1 kΩ"_s},
+        {u"5V"_s,  u"VCC"_s,   &Package::vcc,   Text::tr("VCC と GND の間に 100 nF")},
+        {u"GND"_s, u"GND"_s,   &Package::gnd,   Text::tr("D8 との間に LED と 1 kΩ")},
         {u"D9"_s,  u"XTAL1"_s, &Package::xtal1, u"470 Ω"_s},
     };
-    return kWires;
 }
 // clang-format on
 
@@ -56,7 +58,7 @@ void TellWiring(Session& session, const QString& part) {
     const auto package = std::ranges::find_if(
         Packages(), [&part](const Package& row) { return row.parts.contains(part); });
     Q_ASSERT(package != Packages().end());
-    session.output.Print(u"Arduino Uno R3 / Nano と %1 の結線:"_s.arg(part));
+    session.output.Print(Text::tr("Arduino Uno R3 / Nano と %1 の結線:").arg(part));
     QJsonArray wiring;
     for (const Wire& wire : Wires()) {
         const QString pins = (*package).*wire.pins;
@@ -67,10 +69,10 @@ void TellWiring(Session& session, const QString& part) {
             {u"arduino"_s, wire.board}, {u"chip"_s, wire.chip}, {u"pins"_s, pins}};
     }
     if (part == u"AT90S1200A"_s) {
-        session.output.Print(u"内部の RC クロックで動くので、D9 はつなぎません。"_s);
+        session.output.Print(Text::tr("内部の RC クロックで動くので、D9 はつなぎません。"));
     } else {
-        session.output.Print(
-            u"自分のクロックで動いているチップ（水晶発振子、RCEN）には D9 をつなぎません。"_s);
+        session.output.Print(Text::tr(
+            "自分のクロックで動いているチップ（水晶発振子、RCEN）には D9 をつなぎません。"));
     }
     session.output.Report(report::Wiring, wiring);
 }
@@ -102,11 +104,12 @@ std::optional<QString> BurnPort(const Session& session, bool named) {
 
 Status CopyFirmware(const QString& from, const QString& to) {
     if (QFileInfo::exists(to)) {
-        return Failure{cause::FileExists, u"%1 は既にあります。"_s.arg(to)};
+        return Failure{cause::FileExists, Text::tr("%1 は既にあります。").arg(to)};
     }
-    QFile file(from);
-    if (!file.copy(to)) {
-        return Failure{cause::FileNotWritten, u"%1 を書けません: %2"_s.arg(to, file.errorString())};
+    errno = 0;
+    if (!QFile::copy(from, to)) {
+        return Failure{cause::FileNotWritten,
+                       Text::tr("%1 を書けません: %2").arg(to, SystemCause(errno))};
     }
     return {};
 }
@@ -117,7 +120,8 @@ Status BuildWriter(Session& session, const Call& call) {
     TellWiring(session, PartNumber(session.access.Device().name));
     const auto firmware = FirmwareFile();
     if (!firmware) {
-        return Failure{cause::FileNotReadable, u"ファームウエア tolvex_writer.hex がありません。"_s,
+        return Failure{cause::FileNotReadable,
+                       Text::tr("ファームウエア tolvex_writer.hex がありません。"),
                        u"cmake -S firmware -B build-firmware && cmake --build build-firmware"_s};
     }
     const QString hex = call.arguments.value(0, *firmware);
@@ -129,14 +133,14 @@ Status BuildWriter(Session& session, const Call& call) {
     session.output.Report(report::Hex, hex);
     const auto port = BurnPort(session, call.Has("port"));
     if (!port) {
-        session.output.Print(u"Arduino をつなぐと、書き込むコマンドを表示します。"_s);
+        session.output.Print(Text::tr("Arduino をつなぐと、書き込むコマンドを表示します。"));
         return {};
     }
     const QString burn =
         u"avrdude -p m328p -c arduino -P %1 -b 115200 -U flash:w:%2:i"_s.arg(*port, hex);
     session.output.Print(
-        u"ファームウエアの書き込み（RESET のコンデンサとチップを外して。"
-        "古い Nano では -b 57600）:"_s);
+        Text::tr("ファームウエアの書き込み（RESET のコンデンサとチップを外して。"
+                 "古い Nano では -b 57600）:"));
     session.output.Print(u"  "_s + burn);
     session.output.Report(report::Burn, burn);
     return {};

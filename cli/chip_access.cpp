@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "cli/chip_access.h"
 
+#include "base/text.h"
 #include "cli/chip_memories.h"
 
 namespace tolvex {
@@ -17,7 +18,8 @@ std::optional<QString> ChipAccess::Signature() const {
 
 Status ChipAccess::RequirePort() const {
     if (!p_.port) {
-        return Failure{cause::NoPort, u"ポートが選ばれていません。--port で指定してください。"_s};
+        return Failure{cause::NoPort,
+                       Text::tr("ポートが選ばれていません。--port で指定してください。")};
     }
     return p_.openTrace();
 }
@@ -39,7 +41,7 @@ Status ChipAccess::DetectChip() {
         Prove();
     }
     return Judge(reading_.verdict != ChipVerdict::NoReply,
-                 {cause::WriterSilent, u"シグネチャを読めません。"_s});
+                 {cause::WriterSilent, Text::tr("シグネチャを読めません。")});
 }
 
 /// The selected chip, and a locked one, is known by one look. Any other gets a second one, with
@@ -92,8 +94,8 @@ void ChipAccess::Prove() {
 void ChipAccess::TellFirmware() {
     const QString& version = detection_.softwareVersion;
     if (Device().fuseGroup == FuseGroup::BOD_CKSEL && version != kFullFirmware) {
-        p_.output.Remark(u"ファームウエア %1 は %2 をサポートしません（%3 が必要です）。"_s.arg(
-            version, PartNumber(Device().name), kFullFirmware));
+        p_.output.Remark(Text::tr("ファームウエア %1 は %2 をサポートしません（%3 が必要です）。")
+                             .arg(version, PartNumber(Device().name), kFullFirmware));
     }
 }
 
@@ -102,14 +104,15 @@ Status ChipAccess::RequireReadable() const {
         case ChipVerdict::Locked:
             if (!Locked()) {
                 return Failure{cause::NoContact,
-                               u"チップに接触していません（シグネチャ %1）。"
-                               "ソケットとチップの向きを確認してください。"_s.arg(*Signature())};
+                               Text::tr("チップに接触していません（シグネチャ %1）。"
+                                        "ソケットとチップの向きを確認してください。")
+                                   .arg(*Signature())};
             }
-            return Failure{cause::Locked, u"チップがロックされています。"_s};
+            return Failure{cause::Locked, Text::tr("チップがロックされています。")};
         case ChipVerdict::EmptySocket:
-            return Failure{cause::EmptySocket, u"ソケットにチップがありません。"_s};
+            return Failure{cause::EmptySocket, Text::tr("ソケットにチップがありません。")};
         case ChipVerdict::NoReply:
-            return Failure{cause::WriterSilent, u"シグネチャを読めません。"_s};
+            return Failure{cause::WriterSilent, Text::tr("シグネチャを読めません。")};
         case ChipVerdict::Accepted:
         case ChipVerdict::Tolerated:
         case ChipVerdict::CommandFailed:
@@ -132,14 +135,15 @@ Status ChipAccess::RequirePart(bool force) {
         return {};
     }
     const auto part = PartOf(reading_.signature);
-    const QString text = u"ソケットのチップは %1 (%2) で、%3 ではありません。"_s.arg(
-        part.value_or(u"知らない部品"_s), Signature().value_or(QString()),
-        PartNumber(Device().name));
+    const QString text = Text::tr("ソケットのチップは %1 (%2) で、%3 ではありません。")
+                             .arg(part.value_or(Text::tr("知らない部品")),
+                                  Signature().value_or(QString()), PartNumber(Device().name));
     if (!force) {
-        return Failure{cause::WrongChip,
-                       part ? text + u"--device %1 で指定してください。"_s.arg(*part) : text};
+        return Failure{
+            cause::WrongChip,
+            part ? Sentences(text, Text::tr("--device %1 で指定してください。").arg(*part)) : text};
     }
-    p_.output.Remark(text + u"続けます。"_s);
+    p_.output.Remark(Sentences(text, Text::tr("続けます。")));
     p_.bench.chip.tolerateMismatch = true;
     return {};
 }
@@ -184,7 +188,7 @@ LockFuseResult ChipAccess::Keep(const LockFuseResult& result) {
 
 Status ChipAccess::ReadMemories(Memories memories, MemoryImages& images) {
     return Judge(tolvex::ReadMemories(p_.bench.chip, memories, images),
-                 {cause::WriterSilent, u"チップを読めません。"_s});
+                 {cause::WriterSilent, Text::tr("チップを読めません。")});
 }
 
 Failure ChipAccess::OpeningFailure() const {
@@ -194,7 +198,8 @@ Failure ChipAccess::OpeningFailure() const {
                       : !facts.serial    ? cause::NoSerialPort
                       : !facts.permitted ? cause::PortForbidden
                                          : opened;
-    return {why, u"ポート %1 を開けません: %2"_s.arg(p_.port->Name(), p_.around.portError())};
+    return {why,
+            Text::tr("ポート %1 を開けません: %2").arg(p_.port->Name(), p_.around.portError())};
 }
 
 Status ChipAccess::Judge(bool success, const Failure& otherwise) {
@@ -206,7 +211,8 @@ Status ChipAccess::Judge(bool success, const Failure& otherwise) {
     }
     const auto failure = p_.record.FirstFailure();
     if (p_.record.LineLost() || failure == Outcome::LineLost) {
-        return Failure{cause::LineLost, u"ライタとの接続が切れました: %1"_s.arg(p_.port->Name())};
+        return Failure{cause::LineLost,
+                       Text::tr("ライタとの接続が切れました: %1").arg(p_.port->Name())};
     }
     if (OpenFailed()) {
         return OpeningFailure();
@@ -214,17 +220,17 @@ Status ChipAccess::Judge(bool success, const Failure& otherwise) {
     const bool refused = failure == Outcome::WrongReply;
     const Cause why = refused ? cause::CommandRefused : cause::WriterSilent;
     if (!detection_) {
-        return Failure{why, u"ライタが見つかりません: %1"_s.arg(p_.port->Name())};
+        return Failure{why, Text::tr("ライタが見つかりません: %1").arg(p_.port->Name())};
     }
     if (failure) {
-        return Failure{
-            why, (refused ? u"ライタがコマンドを拒否しました。"_s : u"ライタが応答しません。"_s) +
-                     otherwise.text};
+        return Failure{why, Sentences(refused ? Text::tr("ライタがコマンドを拒否しました。")
+                                              : Text::tr("ライタが応答しません。"),
+                                      otherwise.text)};
     }
     if (p_.record.ContactLost() && reading_.verdict != ChipVerdict::Mismatch) {
         return Failure{cause::ContactLost,
-                       u"途中でチップとの接触が失われたか、チップが替わりました。"
-                       "ソケットとケーブルを確認してください。"_s};
+                       Text::tr("途中でチップとの接触が失われたか、チップが替わりました。"
+                                "ソケットとケーブルを確認してください。")};
     }
     if (!reading_.Passed()) {
         if (const Status failed = RequireReadablePart(false)) {
@@ -237,13 +243,14 @@ Status ChipAccess::Judge(bool success, const Failure& otherwise) {
 Status ChipAccess::JudgeDifferences(const QList<Difference>& differences) {
     for (const auto& [flash, address, expected, chip] : differences) {
         const auto hex = flash ? HexWord4 : HexByte;
-        p_.output.Print(u"%1 %2: ファイル %3, チップ %4"_s.arg(
-            flash ? u"Flash "_s : u"EEPROM"_s, HexWord4(address), hex(expected), hex(chip)));
+        p_.output.Print(Text::tr("%1 %2: ファイル %3, チップ %4")
+                            .arg(flash ? u"Flash "_s : u"EEPROM"_s, HexWord4(address),
+                                 hex(expected), hex(chip)));
     }
     p_.output.Report(report::Differences, DifferencesJson(differences));
-    return Judge(
-        differences.isEmpty(),
-        {cause::Differs, u"チップの内容が違います（%1 か所）。"_s.arg(differences.size())});
+    return Judge(differences.isEmpty(),
+                 {cause::Differs, Text::tr("チップの内容が違います（%n か所）。", nullptr,
+                                           static_cast<int>(differences.size()))});
 }
 
 }  // namespace tolvex

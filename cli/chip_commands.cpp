@@ -25,7 +25,7 @@ Status ReadImages(Session& session, Memories memories, bool force, MemoryImages&
     const SequenceResult result = access.Run(ReadSequence, force);
     images = session.bench.state.images;
     return access.Judge(result.read && result.read->Complete(),
-                        {cause::WriterSilent, u"チップを読めません。"_s});
+                        {cause::WriterSilent, Text::tr("チップを読めません。")});
 }
 
 /// The operation compares both memories whole.
@@ -45,7 +45,7 @@ Status VerifyImages(Session& session, Memories memories, bool force, const Memor
     const VerifyResult result = access.Run(VerifySequence, force).verify.value_or(VerifyResult{});
     if (const Status failed =
             access.Judge(result.flashCompared && result.eepromCompared,
-                         {cause::WriterSilent, u"ベリファイできませんでした。"_s})) {
+                         {cause::WriterSilent, Text::tr("ベリファイできませんでした。")})) {
         return failed;
     }
     return access.JudgeDifferences(result.differences);
@@ -67,8 +67,8 @@ Status VerifyFiles(Session& session, const Call& call) {
     if (const Status failed = VerifyImages(session, files->memories, force, loaded->images)) {
         return failed;
     }
-    return session.access.Judge(loaded->lossless,
-                                {cause::PartlyWritten, u"ファイルの一部は比べられません。"_s});
+    return session.access.Judge(
+        loaded->lossless, {cause::PartlyWritten, Text::tr("ファイルの一部は比べられません。")});
 }
 
 }  // namespace
@@ -81,12 +81,13 @@ Status Detect(Session& session, const Call&) {
     const bool match = access.Reading().signature == access.Device().signature;
     const QString part = PartOf(access.Reading().signature).value_or(u"?"_s);
     const DetectionResult& writer = access.Detection();
-    session.output.Print(u"ライタ: %1"_s.arg(writer.identifier));
-    session.output.Print(u"ファームウエア: %1"_s.arg(writer.softwareVersion));
-    session.output.Print(u"ハードウエア: %1"_s.arg(writer.hardwareVersion));
-    session.output.Print(u"シグネチャ: %1 (%2)"_s.arg(*access.Signature(), part));
+    session.output.Print(Text::tr("ライタ: %1").arg(writer.identifier));
+    session.output.Print(Text::tr("ファームウエア: %1").arg(writer.softwareVersion));
+    session.output.Print(Text::tr("ハードウエア: %1").arg(writer.hardwareVersion));
+    session.output.Print(Text::tr("シグネチャ: %1 (%2)").arg(*access.Signature(), part));
     session.output.Print(
-        u"デバイス: %1 (%2)"_s.arg(access.Device().name, match ? u"一致"_s : u"不一致"_s));
+        Text::tr("デバイス: %1 (%2)")
+            .arg(access.Device().name, match ? Text::tr("一致") : Text::tr("不一致")));
     return access.RequireReadablePart(false);
 }
 

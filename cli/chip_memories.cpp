@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "cli/chip_memories.h"
 
+#include "base/text.h"
+
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -35,10 +37,10 @@ bool ReadMemories(const ChipContext& chip, Memories memories, MemoryImages& imag
         return commands.SetAddress(byte) == Outcome::Ok &&
                commands.ReadDataByte(images.eeprom[at]) == Outcome::Ok;
     };
-    return (!memories.flash ||
-            ReadMemory(chip, u"Flash メモリを読んでいます"_s, device.flashWords, readWord)) &&
+    return (!memories.flash || ReadMemory(chip, Text::tr("Flash メモリを読んでいます"),
+                                          device.flashWords, readWord)) &&
            (!memories.eeprom ||
-            ReadMemory(chip, u"EEPROM を読んでいます"_s, device.eepromBytes, readByte));
+            ReadMemory(chip, Text::tr("EEPROM を読んでいます"), device.eepromBytes, readByte));
 }
 
 QList<Difference> Compare(const CurrentDevice& device, Memories memories,

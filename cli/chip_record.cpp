@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <utility>
 
+#include "base/text.h"
 #include "image/image.h"
 
 namespace tolvex {
@@ -34,11 +35,11 @@ QStringList Ranges(const std::set<int>& addresses) {
     return ranges;
 }
 
-QString Line(const QString& memory, const std::set<int>& addresses, const QString& unit) {
-    return addresses.empty() ? u"%1: 書き込みなし"_s.arg(memory)
-                             : u"%1: %2 %3 書き込み済み (%4)"_s.arg(memory)
-                                   .arg(addresses.size())
-                                   .arg(unit, Ranges(addresses).join(u", "_s));
+QString Line(const QString& memory, const std::set<int>& addresses, QString (*count)(int)) {
+    return addresses.empty() ? Text::tr("%1: 書き込みなし").arg(memory)
+                             : Text::tr("%1: %2 書き込み済み (%3)")
+                                   .arg(memory, count(static_cast<int>(addresses.size())),
+                                        Ranges(addresses).join(u", "_s));
 }
 
 }  // namespace
@@ -63,18 +64,18 @@ bool ChipRecord::Touched() const {
 }
 
 QString ChipRecord::Text() const {
-    const QString notErased =
-        Uncertain() ? u"チップの消去は確認できていません。"_s : u"チップは消去していません。"_s;
-    QStringList lines = {erased_ ? u"チップは消去済みです。"_s : notErased,
-                         Line(u"Flash"_s, words_, u"word"_s), Line(u"EEPROM"_s, bytes_, u"byte"_s)};
+    const QString notErased = Uncertain() ? Text::tr("チップの消去は確認できていません。")
+                                          : Text::tr("チップは消去していません。");
+    QStringList lines = {erased_ ? Text::tr("チップは消去済みです。") : notErased,
+                         Line(u"Flash"_s, words_, WordCount), Line(u"EEPROM"_s, bytes_, ByteCount)};
     if (fuses_) {
-        lines << u"ヒューズバイト: 0x%1 書き込み済み"_s.arg(HexByte(*fuses_));
+        lines << Text::tr("ヒューズバイト: 0x%1 書き込み済み").arg(HexByte(*fuses_));
     }
     if (lock_) {
-        lines << u"ロックバイト: 0x%1 書き込み済み"_s.arg(HexByte(*lock_));
+        lines << Text::tr("ロックバイト: 0x%1 書き込み済み").arg(HexByte(*lock_));
     }
     if (Uncertain()) {
-        lines << u"確認できていない書き込みがあり、このほかの内容は不明です。"_s;
+        lines << Text::tr("確認できていない書き込みがあり、このほかの内容は不明です。");
     }
     return lines.join(u'\n');
 }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QCommandLineParser>
-#include <span>
 
 #include "cli/session.h"
 
@@ -34,8 +33,8 @@ struct CliCommand {
     Status (*run)(Session& session, const Call& call);
 };
 
-/// All commands in the order of the help.
-std::span<const CliCommand> CliCommands();
+/// All commands in the order of the help, in the language that is installed.
+QList<CliCommand> CliCommands();
 
 Status Detect(Session& session, const Call& call);
 Status Program(Session& session, const Call& call);

@@ -3,7 +3,9 @@
 
 #include <algorithm>
 
+#include "base/command_line_help.h"
 #include "base/product.h"
+#include "base/text.h"
 #include "cli/command.h"
 #include "cli/image_files.h"
 
@@ -16,22 +18,22 @@ namespace {
 constexpr auto kPortVariable = "TOLVEX_PORT";
 constexpr auto kDeviceVariable = "TOLVEX_DEVICE";
 
-const QList<QCommandLineOption>& CommonOptionList() {
-    static const QList<QCommandLineOption> kOptions = {
+QList<QCommandLineOption> CommonOptionList() {
+    return {
         {u"port"_s,
-         u"ポート番号かデバイスのパス。省略すると環境変数 TOLVEX_PORT、なければ保存済みのポート。"_s,
+         Text::tr("ポート番号かデバイスのパス。省略すると環境変数 "
+                  "TOLVEX_PORT、なければ保存済みのポート。"),
          u"COM5|PATH"_s},
         {u"device"_s,
-         u"デバイス名。省略すると環境変数 TOLVEX_DEVICE、なければ保存済みのデバイス。"_s,
+         Text::tr("デバイス名。省略すると環境変数 TOLVEX_DEVICE、なければ保存済みのデバイス。"),
          u"NAME"_s},
-        {u"json"_s, u"結果を JSON で出力する。"_s},
-        {u"trace"_s, u"シリアル通信の全バイトを FILE に記録する。"_s, u"FILE"_s},
-        {u"overwrite"_s, u"read の出力と --trace で、既にあるファイルを置き換える。"_s},
-        {u"quiet"_s, u"経過を表示しない。原因と相違は表示する。"_s},
-        {{u"h"_s, u"help"_s}, u"この説明を表示する。"_s},
-        {{u"v"_s, u"version"_s}, u"バージョンを表示する。"_s},
+        {u"json"_s, Text::tr("結果を JSON で出力する。")},
+        {u"trace"_s, Text::tr("シリアル通信の全バイトを FILE に記録する。"), u"FILE"_s},
+        {u"overwrite"_s, Text::tr("read の出力と --trace で、既にあるファイルを置き換える。")},
+        {u"quiet"_s, Text::tr("経過を表示しない。原因と相違は表示する。")},
+        {{u"h"_s, u"help"_s}, Text::tr("この説明を表示する。")},
+        {{u"v"_s, u"version"_s}, Text::tr("バージョンを表示する。")},
     };
-    return kOptions;
 }
 
 /// The run of one command line.
@@ -48,7 +50,7 @@ class CommandLine {
         output_.PrintReport();
         if (around_.console.Lost() && status == ExitStatus::Done) {
             status = ExitStatus::OutputLost;
-            around_.console.Complain(u"tolvex-cli: 出力を書けません。"_s);
+            around_.console.Complain(Text::tr("tolvex-cli: 出力を書けません。"));
         }
         return status;
     }
@@ -56,23 +58,24 @@ class CommandLine {
   private:
     ExitStatus Carry() {
         FindCommand();
-        parser_.setApplicationDescription(product::Description());
-        parser_.addOptions(CommonOptionList());
+        QList<QCommandLineOption> options = CommonOptionList();
         if (command_) {
-            parser_.addOptions(command_->options);
+            options << command_->options;
         }
+        parser_.addOptions(options);
         const bool understood = parser_.parse(arguments_);
         if (parser_.isSet(u"version"_s)) {
             return Answer(report::Version, u"tolvex-cli "_s + product::VersionText());
         }
         if (parser_.isSet(u"help"_s)) {
-            return Answer(report::Help, Help());
+            return Answer(report::Help, Help(options));
         }
         if (!understood) {
-            return Refuse(WrongOption());
+            return Refuse(WrongOption(parser_, options, arguments_));
         }
         if (!arguments_.filter(QChar(QChar::ReplacementCharacter)).isEmpty()) {
-            return Refuse(u"引数が UTF-8 ではありません。"_s);  // another name would come out
+            return Refuse(
+                Text::tr("引数が UTF-8 ではありません。"));  // another name would come out
         }
         if (const auto empty = Empty()) {
             return Refuse(*empty);
@@ -85,12 +88,12 @@ class CommandLine {
     std::optional<QString> Empty() const {
         for (const QString& option : parser_.optionNames()) {
             if (parser_.values(option).contains(QString())) {
-                return u"--%1 の値が空です。"_s.arg(option);
+                return Text::tr("--%1 の値が空です。").arg(option);
             }
         }
         return parser_.positionalArguments().contains(QString())
                    ? std::optional(
-                         u"空の引数があります。シェルの変数が空でないか確認してください。"_s)
+                         Text::tr("空の引数があります。シェルの変数が空でないか確認してください。"))
                    : std::nullopt;
     }
 
@@ -103,8 +106,8 @@ class CommandLine {
         first.parse(arguments_);
         name_ = first.positionalArguments().value(0);
         output_.Report(report::Command, name_);
-        const auto found = std::ranges::find(CliCommands(), name_, &CliCommand::name);
-        command_ = found == CliCommands().end() ? nullptr : &*found;
+        const auto found = std::ranges::find(commands_, name_, &CliCommand::name);
+        command_ = found == commands_.end() ? nullptr : &*found;
     }
 
     ExitStatus Answer(report::Key key, const QString& text) {
@@ -113,31 +116,26 @@ class CommandLine {
         return ExitStatus::Done;
     }
 
-    QString WrongOption() const {
-        const QStringList unknown = parser_.unknownOptionNames();
-        return unknown.isEmpty() ? u"オプションの使い方が違います: %1"_s.arg(parser_.errorText())
-                                 : u"知らないオプションです: %1"_s.arg(unknown.join(u", "_s));
-    }
-
     QString MissingCommand() const {
-        return name_.isEmpty() ? u"コマンドがありません。--help で一覧を表示します。"_s
-                               : u"知らないコマンドです: %1"_s.arg(name_);
+        return name_.isEmpty() ? Text::tr("コマンドがありません。--help で一覧を表示します。")
+                               : Text::tr("知らないコマンドです: %1").arg(name_);
     }
 
     static QString Usage(const CliCommand& command) {
         return (command.name + u' ' + command.arguments).trimmed();
     }
 
-    QString Help() {
-        if (command_) {
-            parser_.setApplicationDescription(command_->summary);
-            parser_.addPositionalArgument(command_->name, command_->summary, Usage(*command_));
-            return parser_.helpText().trimmed();
-        }
-        parser_.addPositionalArgument(u"command"_s, u"下のコマンド"_s, u"COMMAND …"_s);
-        QString text = parser_.helpText().trimmed() + u"\n\nCommands:"_s;
-        for (const CliCommand& command : CliCommands()) {
-            text += u"\n  %1 %2"_s.arg(Usage(command).leftJustified(26), command.summary);
+    QString Help(const QList<QCommandLineOption>& options) const {
+        const QString arguments = command_ ? Usage(*command_) : u"COMMAND …"_s;
+        const QString summary = command_ ? command_->summary : product::Description();
+        QString text = UsageLine(u"tolvex-cli"_s, arguments) + u'\n' + HelpParagraph(summary) +
+                       u"\n\n"_s + HelpSection(Text::tr("オプション:"), HelpRows(options));
+        if (!command_) {
+            QList<HelpRow> rows;
+            for (const CliCommand& command : commands_) {
+                rows << HelpRow{Usage(command), command.summary};
+            }
+            text += u"\n\n"_s + HelpSection(Text::tr("コマンド:"), rows);
         }
         return text;
     }
@@ -145,7 +143,7 @@ class CommandLine {
     ExitStatus RunCommand() {
         const QStringList words = parser_.positionalArguments().mid(1);
         if (words.size() < command_->least || words.size() > command_->most) {
-            return Refuse(u"使い方: tolvex-cli %1"_s.arg(Usage(*command_)));
+            return Refuse(Text::tr("使い方: tolvex-cli %1").arg(Usage(*command_)));
         }
         const auto options = ReadOptions((command_->run == Read && words.contains(u"-"_s)) ||
                                          (command_->run == Dump && !json_));
@@ -154,7 +152,8 @@ class CommandLine {
         }
         output_.SetOptions(*options);
         if (options->trace && IsNamed(*options->trace, words)) {
-            return Refuse(u"--trace のファイルが、ほかの引数と同じです: %1"_s.arg(*options->trace));
+            return Refuse(
+                Text::tr("--trace のファイルが、ほかの引数と同じです: %1").arg(*options->trace));
         }
         Session session(around_, *options, output_);
         return session.Finish(command_->run(session, {words, parser_}));
@@ -199,18 +198,19 @@ class CommandLine {
         if (const auto port = needsPort ? Find("port", kPortVariable) : std::nullopt) {
             options.port = around_.comPorts.Choose(port->value);
             if (!options.port) {
-                return Wrong(u"%1: ポートは COM1 から COM20 か、デバイスのパスです: %2"_s.arg(
-                    port->from, port->value));
+                return Wrong(Text::tr("%1: ポートは COM1 から COM20 か、デバイスのパスです: %2")
+                                 .arg(port->from, port->value));
             }
         }
         if (const auto device = Find("device", kDeviceVariable)) {
             options.device = FindDevice(device->value);
             if (!options.device) {
-                return Wrong(u"%1: 知らないデバイスです: %2"_s.arg(device->from, device->value));
+                return Wrong(
+                    Text::tr("%1: 知らないデバイスです: %2").arg(device->from, device->value));
             }
         }
         if (json_ && outputIsFile) {
-            return Wrong(u"--json と標準出力の - は一緒に使えません。"_s);
+            return Wrong(Text::tr("--json と標準出力の - は一緒に使えません。"));
         }
         return options;
     }
@@ -225,6 +225,7 @@ class CommandLine {
     QStringList arguments_;
     const CliSurroundings& around_;
     Output output_;
+    const QList<CliCommand> commands_ = CliCommands();
     QCommandLineParser parser_;
     QString name_;
     const CliCommand* command_ = nullptr;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "base/text.h"
 #include "cli/command.h"
 #include "port/port_remedy.h"
 
@@ -44,30 +45,30 @@ std::optional<Milliseconds> RoundTrip(Session& session) {
 /// A board that the opening of the port has reset listens to its boot loader first.
 Failure StartedLate(const QString& path) {
     return {cause::StartedLate,
-            u"ポートを開いたときにボードがリセットされ、起動が遅れました。"
-            "ボードの RESET と GND の間に 10 µF のコンデンサを入れてください。"_s,
+            Text::tr("ポートを開いたときにボードがリセットされ、起動が遅れました。"
+                     "ボードの RESET と GND の間に 10 µF のコンデンサを入れてください。"),
             u"tolvex-cli --port %1 detect"_s.arg(Quoted(path))};
 }
 
 Failure Silent(const QString& path) {
-    return {
-        cause::WriterSilent,
-        u"ポートは開けますが、ライタが応答しません。電源とケーブルを確認してください。"
-        "自作のライタなら、ファームウエアを書き込んだか、RESET に 10 µF のコンデンサがあるかも確認してください。"_s,
-        u"tolvex-cli --port %1 --trace trace.txt detect"_s.arg(Quoted(path))};
+    return {cause::WriterSilent,
+            Text::tr("ポートは開けますが、ライタが応答しません。電源とケーブルを確認してください。"
+                     "自作のライタなら、ファームウエアを書き込んだか、RESET に 10 µF "
+                     "のコンデンサがあるかも確認してください。"),
+            u"tolvex-cli --port %1 --trace trace.txt detect"_s.arg(Quoted(path))};
 }
 
 /// It answers, but not as it should: neither silence nor a late start.
 Failure Refusing(const QString& path) {
     return {cause::CommandRefused,
-            u"ライタは応答しますが、コマンドを受け付けません。"
-            "ライタの種類と、もう一度試したときの通信の記録を確認してください。"_s,
+            Text::tr("ライタは応答しますが、コマンドを受け付けません。"
+                     "ライタの種類と、もう一度試したときの通信の記録を確認してください。"),
             u"tolvex-cli --port %1 --trace trace.txt detect"_s.arg(Quoted(path))};
 }
 
 Failure NoSerialPort(const QString& path, const QString& reason) {
     return {cause::NoSerialPort,
-            u"%1 はシリアルポートではないか、使えません (%2)。"_s.arg(path, reason),
+            Text::tr("%1 はシリアルポートではないか、使えません (%2)。").arg(path, reason),
             u"tolvex-cli ports"_s};
 }
 
@@ -95,7 +96,7 @@ Status Examine(Session& session) {
         return FixedBy(cause::PortMissing, MissingPort(session.Around().comPorts, number));
     }
     if (!facts.serial) {
-        return NoSerialPort(path, u"フォルダか普通のファイルです"_s);
+        return NoSerialPort(path, Text::tr("フォルダか普通のファイルです"));
     }
     if (!facts.permitted) {
         return FixedBy(cause::PortForbidden, ForbiddenPort(path, facts));
@@ -113,7 +114,7 @@ Status Examine(Session& session) {
     if (!time) {
         return Silent(path);
     }
-    session.output.Print(u"応答時間: %1 ms"_s.arg(time->count(), 0, 'f', 2));
+    session.output.Print(Text::tr("応答時間: %1 ms").arg(time->count(), 0, 'f', 2));
     session.output.Report(report::RoundTripMilliseconds, time->count());
     return *time > kSlow ? Status(FixedBy(cause::HighLatency, SlowPort(path))) : Status{};
 }
@@ -127,7 +128,7 @@ Status Doctor(Session& session, const Call&) {
     if (const Status failed = Examine(session)) {
         return failed;
     }
-    session.output.Print(u"%1 は正常です。"_s.arg(session.Port()->Name()));
+    session.output.Print(Text::tr("%1 は正常です。").arg(session.Port()->Name()));
     // Opening has removed one that this user may remove.
     const auto lock = session.Around().inspectPort(session.Port()->path).staleLockFile;
     if (lock) {

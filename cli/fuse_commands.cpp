@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Lock and fuse bits. Nothing is written but what was named, and what has to be written with it,
 // which was read twice.
+#include "base/text.h"
 #include "cli/command.h"
 #include "device/fuse_encoding.h"
 
@@ -93,7 +94,7 @@ Status AddChoice(const CurrentDevice& device, const QString& text, OptionChoice&
             continue;
         }
         if (choice[row.list] != kNone) {
-            return Failure{cause::WrongUse, u"二度指定されています: %1"_s.arg(name)};
+            return Failure{cause::WrongUse, Text::tr("二度指定されています: %1").arg(name)};
         }
         const auto entry = FindEntry(row, text.section(u'=', 1));
         if (entry && text.contains(u'=')) {
@@ -102,7 +103,7 @@ Status AddChoice(const CurrentDevice& device, const QString& text, OptionChoice&
         }
     }
     return Failure{cause::WrongUse,
-                   u"指定できません: %1\n指定できる値:\n%2"_s.arg(text, Offer(device))};
+                   Text::tr("指定できません: %1\n指定できる値:\n%2").arg(text, Offer(device))};
 }
 
 /// A fresh reading of the chip, and nothing that was known before.
@@ -113,7 +114,7 @@ Result<OptionChoice> ReadBits(Session& session) {
     const LockFuseResult result = access.ReadLockFuse();
     if (const Status failed =
             access.Judge(result.done && result.lockByte,
-                         {cause::WriterSilent, u"Lock/Fuse ビットを読めません。"_s})) {
+                         {cause::WriterSilent, Text::tr("Lock/Fuse ビットを読めません。")})) {
         return *failed;
     }
     QJsonObject json;
@@ -123,7 +124,7 @@ Result<OptionChoice> ReadBits(Session& session) {
     session.output.Report(report::Options, json);
     if (options[OptionList::LockBit] == kLockFull) {
         return Failure{cause::Implausible,
-                       u"シグネチャを読めるのに、ロックビットが full と読めました。"_s};
+                       Text::tr("シグネチャを読めるのに、ロックビットが full と読めました。")};
     }
     return options;
 }
@@ -133,7 +134,7 @@ Result<OptionChoice> ReadBitsTwice(Session& session) {
     const auto again = first ? ReadBits(session) : first;
     if (again && *first != *again) {
         return Failure{cause::Unstable,
-                       u"二度読んだ Lock/Fuse ビットが違います。何も書いていません。"_s};
+                       Text::tr("二度読んだ Lock/Fuse ビットが違います。何も書いていません。")};
     }
     return again;
 }
@@ -156,19 +157,19 @@ void ShowChange(Session& session, const std::optional<OptionChoice>& before,
     if (const int lock = choice[OptionList::LockBit]; lock != kNone) {
         const bool known = before && (*before)[OptionList::LockBit] != kNone;
         ShowByte(
-            session, u"ロックバイト"_s,
+            session, Text::tr("ロックバイト"),
             known ? std::optional<int>(EncodeLock((*before)[OptionList::LockBit])) : std::nullopt,
             EncodeLock(lock));
     }
     if (before && NamesFuses(choice)) {
         const FuseGroup group = session.access.Device().fuseGroup;
-        ShowByte(session, u"ヒューズバイト"_s, EncodeFuses(group, *before),
+        ShowByte(session, Text::tr("ヒューズバイト"), EncodeFuses(group, *before),
                  *EncodeFuses(group, Applied(choice, *before)));
     }
 }
 
 Failure NotAccepted() {
-    return {cause::NotAccepted, u"チップが Lock/Fuse ビットを受け付けませんでした。"_s};
+    return {cause::NotAccepted, Text::tr("チップが Lock/Fuse ビットを受け付けませんでした。")};
 }
 
 Status ConfirmLocked(Session& session) {
@@ -187,7 +188,8 @@ Status Confirm(Session& session, const OptionChoice& wanted) {
         return ConfirmLocked(session);
     }
     if (!IsReadable(session.access.Device())) {
-        session.output.Remark(u"このデバイスのロックビットは読み返せません。確認していません。"_s);
+        session.output.Remark(
+            Text::tr("このデバイスのロックビットは読み返せません。確認していません。"));
         session.output.Report(report::Confirmed, false);
         return {};
     }
@@ -204,7 +206,7 @@ Status WriteByte(Session& session, LockFusePart part, const OptionChoice& wanted
     session.bench.state.options = wanted;
     const bool written = session.access.WriteLockFuse(part).done;
     if (const Status failed = session.access.Judge(
-            written, {cause::CommandRefused, u"Lock/Fuse ビットを書けません。"_s})) {
+            written, {cause::CommandRefused, Text::tr("Lock/Fuse ビットを書けません。")})) {
         return failed;
     }
     return Confirm(session, wanted);
@@ -249,9 +251,8 @@ Status Fuses(Session& session, const Call& call) {
         }
     }
     if (!IsReadable(device)) {
-        return Failure{
-            cause::NotReadable,
-            u"このデバイスにヒューズはなく、ロックビットは読めません。書くには lock を使います。"_s};
+        return Failure{cause::NotReadable, Text::tr("このデバイスにヒューズはなく、ロックビットは読"
+                                                    "めません。書くには lock を使います。")};
     }
     if (const Status failed = session.access.RequirePort()) {
         return failed;
@@ -276,8 +277,9 @@ Status Lock(Session& session, const Call& call) {
     const OptionRow& row = OptionRows()[static_cast<std::size_t>(OptionList::LockBit)];
     const auto entry = FindEntry(row, call.arguments[0]);
     if (!entry) {
-        return Failure{cause::WrongUse,
-                       u"MODE は full、write、none のどれかです: %1"_s.arg(call.arguments[0])};
+        return Failure{
+            cause::WrongUse,
+            Text::tr("MODE は full、write、none のどれかです: %1").arg(call.arguments[0])};
     }
     if (const Status failed = session.access.RequirePort()) {
         return failed;

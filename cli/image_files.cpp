@@ -5,9 +5,11 @@
 #include <QJsonArray>
 #include <QSaveFile>
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <vector>
 
+#include "base/system_cause.h"
 #include "base/text.h"
 #include "image/hex_writer.h"
 #include "image/srecord.h"
@@ -35,13 +37,13 @@ Status JudgeFindings(Session& session, const InputFile& file, const HexReport& r
     }
     session.output.Report(report::Findings, findings);
     const bool hex = file.kind == FileKind::Hex;
-    const QString text =
-        (hex ? u"HEX ファイルに誤りがあります。\n"_s : Text::tr("ファイルに誤りがあります。\n")) +
-        FindingLines(file.path, report).join(u'\n');
+    const QString text = (hex ? Text::tr("HEX ファイルに誤りがあります。")
+                              : Text::tr("ファイルに誤りがあります。")) +
+                         u'\n' + FindingLines(file.path, report).join(u'\n');
     if (!force || report.goodRecords == 0 || Misread(report)) {
         return Failure{cause::BadFile, text};
     }
-    session.output.Remark(text + u"\n続けます。"_s);
+    session.output.Remark(text + u'\n' + Text::tr("続けます。"));
     return {};
 }
 
@@ -68,9 +70,10 @@ Status LoadFile(Session& session, const InputFile& file, int memoryBytes, bool f
 void TellData(Session& session, const ImageFiles& files, bool elf) {
     if (files.foundData) {
         session.output.Tell(
-            !files.data ? u"EEPROM のファイルはありません。EEPROM は空（FF）として扱います。"_s
+            !files.data
+                ? Text::tr("EEPROM のファイルはありません。EEPROM は空（FF）として扱います。")
             : elf ? Text::tr("EEPROM のファイル: %1 (.eeprom)").arg(*files.data)
-                  : u"EEPROM のファイル: %1"_s.arg(*files.data));
+                  : Text::tr("EEPROM のファイル: %1").arg(*files.data));
     }
 }
 
@@ -147,13 +150,13 @@ std::optional<QString> WhyNoPlace(const QString& path) {
         return std::nullopt;
     }
     if (file.isDir()) {
-        return u"フォルダです"_s;
+        return Text::tr("フォルダです");
     }
     if (!folder.isDir()) {
-        return u"フォルダがありません"_s;
+        return Text::tr("フォルダがありません");
     }
     if (!folder.isWritable()) {
-        return u"フォルダに書く権限がありません"_s;
+        return Text::tr("フォルダに書く権限がありません");
     }
     if (target.type() == std::filesystem::file_type::none &&
         error == std::errc::too_many_symbolic_link_levels) {
@@ -184,7 +187,7 @@ bool IsSameFile(const QString& one, const QString& other) {
 Result<Memories> ChooseMemories(const Call& call) {
     const auto only = call.Value("only");
     if (only && only != u"flash" && only != u"eeprom") {
-        return Failure{cause::WrongUse, u"--only は flash か eeprom です。"_s};
+        return Failure{cause::WrongUse, Text::tr("--only は flash か eeprom です。")};
     }
     return Memories{.flash = only != u"eeprom", .eeprom = only != u"flash"};
 }
@@ -201,19 +204,21 @@ Result<ImageFiles> ChooseImageFiles(Session& session, const Call& call, FileUse 
     }
     if (!memories->Both()) {
         if (call.arguments.size() > 1) {
-            return Failure{cause::WrongUse, u"--only ではファイルは一つです。"_s};
+            return Failure{cause::WrongUse, Text::tr("--only ではファイルは一つです。")};
         }
         return memories->flash
                    ? ImageFiles{.code = first, .memories = *memories, .format = *format}
                    : ImageFiles{.data = first, .memories = *memories, .format = *format};
     }
     if (IsDataFileName(first)) {
-        return Failure{cause::WrongUse,
-                       u"EEPROM のファイルです。--only eeprom を指定してください: %1"_s.arg(first)};
+        return Failure{
+            cause::WrongUse,
+            Text::tr("EEPROM のファイルです。--only eeprom を指定してください: %1").arg(first)};
     }
     if (call.arguments.size() > 1) {
         if (IsSameFile(first, call.arguments[1])) {
-            return Failure{cause::WrongUse, u"CODE と DATA が同じファイルです: %1"_s.arg(first)};
+            return Failure{cause::WrongUse,
+                           Text::tr("CODE と DATA が同じファイルです: %1").arg(first)};
         }
         return ImageFiles{.code = first, .data = call.arguments[1], .format = *format};
     }
@@ -223,7 +228,8 @@ Result<ImageFiles> ChooseImageFiles(Session& session, const Call& call, FileUse 
         if (!files.data) {
             return Failure{
                 cause::WrongUse,
-                u"標準出力には一つのメモリだけを書けます。--only か DATA を指定してください。"_s};
+                Text::tr(
+                    "標準出力には一つのメモリだけを書けます。--only か DATA を指定してください。")};
         }
         TellData(session, files, false);
     } else if (files.data && !QFileInfo::exists(*files.data) &&
@@ -284,7 +290,7 @@ Status RequirePlaces(const ImageFiles& files, bool replace) {
         }
         if (const auto why = path ? WhyNoPlace(*path) : std::nullopt) {
             return Failure{cause::FileNotWritten,
-                           u"ファイルを書けません (%1): %2"_s.arg(*why, *path)};
+                           Text::tr("ファイルを書けません (%1): %2").arg(*why, *path)};
         }
     }
     return {};
@@ -298,18 +304,18 @@ Status SaveImages(Session& session, const ImageFiles& files, const MemoryImages&
         {files.data, OutputText(files.format, DataBytes(images.eeprom, device.eepromBytes))}};
     std::vector<std::unique_ptr<QFileDevice>> open;
     QStringList written;
-    const auto failure = [](const QFileDevice* file, const QString& path) {
+    const auto failure = [](int error, const QString& path) {
         return Failure{cause::FileNotWritten,
-                       u"ファイルを書けません (%1): %2"_s.arg(
-                           file ? file->errorString() : u"開けません"_s, path)};
+                       Text::tr("ファイルを書けません (%1): %2").arg(SystemCause(error), path)};
     };
     for (const auto& [path, text] : outputs) {
         if (path == kStandardStream) {
             session.output.Put(text);
         } else if (path) {
+            errno = 0;
             open.push_back(OpenOutput(*path));
             if (!open.back() || open.back()->write(text) != text.size() || !open.back()->flush()) {
-                return failure(open.back().get(), *path);
+                return failure(errno, *path);
             }
             written << *path;
         }
@@ -326,16 +332,18 @@ Status SaveImages(Session& session, const ImageFiles& files, const MemoryImages&
         }
         before.emplace_back(path, existed ? std::optional(old.readAll()) : std::nullopt);
         old.close();
+        errno = 0;
         if (!Commit(*file)) {
+            const int error = errno;
             if (existed) {
                 before.pop_back();
             }
             PutBack(before);
-            return failure(file.get(), path);
+            return failure(error, path);
         }
     }
     if (!written.isEmpty()) {
-        session.output.Tell(u"保存しました: %1"_s.arg(written.join(u", "_s)));
+        session.output.Tell(Text::tr("保存しました: %1").arg(written.join(u", "_s)));
     }
     return {};
 }

@@ -25,10 +25,10 @@ QStringList FuseNames(FuseGroup group) {
 
 QString State(const ComPort& port, const PortFacts& facts) {
     if (!facts.exists) {
-        return u"なし"_s;
+        return Text::tr("なし");
     }
-    const QString permission = facts.permitted ? u"使用可"_s : u"権限なし"_s;
-    return port.present ? permission : permission + u" (未接続)"_s;
+    const QString permission = facts.permitted ? Text::tr("使用可") : Text::tr("権限なし");
+    return port.present ? permission : permission + Text::tr(" (未接続)");
 }
 
 /// Bytes, where the form alone is looked at: what the images hold.
@@ -60,16 +60,16 @@ QList<CheckedPart> CheckFile(Session& session, const InputFile& file) {
 
 /// True where there is nothing to find fault with.
 bool TellPart(Session& session, const CheckedPart& part) {
-    const QString bytes = QString::number(part.report.bytes);
+    const QString bytes = ByteCount(part.report.bytes);
     for (const QString& line : FindingLines(part.name, part.report)) {
         session.output.Print(line);
     }
     if (part.report.Clean() && session.DeviceChosen()) {
-        session.output.Print(u"%1: OK (%2 byte / %3 %4 byte)"_s.arg(
-            part.name, bytes, PartNumber(session.access.Device().name),
-            QString::number(part.memoryBytes)));
+        session.output.Print(Text::tr("%1: OK (%2 / %3 %4)")
+                                 .arg(part.name, bytes, PartNumber(session.access.Device().name),
+                                      ByteCount(part.memoryBytes)));
     } else if (part.report.Clean()) {
-        session.output.Print(u"%1: OK (%2 byte、デバイスは未指定)"_s.arg(part.name, bytes));
+        session.output.Print(Text::tr("%1: OK (%2、デバイスは未指定)").arg(part.name, bytes));
     }
     return part.report.Clean();
 }
@@ -115,10 +115,10 @@ Status Check(Session& session, const Call& call) {
     }
     session.output.Report(report::Checked, files);
     if (!readable) {
-        return Failure{cause::FileNotReadable, u"読めないファイルがあります。"_s};
+        return Failure{cause::FileNotReadable, Text::tr("読めないファイルがあります。")};
     }
     if (!clean) {
-        return Failure{cause::BadFile, u"HEX ファイルに誤りがあります。"_s};
+        return Failure{cause::BadFile, Text::tr("HEX ファイルに誤りがあります。")};
     }
     return {};
 }
@@ -149,7 +149,8 @@ Status ListDevices(Session& session, const Call&) {
         const QString part = PartNumber(record.name);
         const QStringList names = FuseNames(record.fuseGroup);
         const QString fuses = names.join(u' ');
-        session.output.Print(u"%1 Flash %2 word  EEPROM %3 byte  %4"_s.arg(part.leftJustified(11))
+        session.output.Print(Text::tr("%1 Flash %2 word  EEPROM %3 byte  %4")
+                                 .arg(part.leftJustified(11))
                                  .arg(record.flashWords, 4)
                                  .arg(record.eepromBytes, 3)
                                  .arg(record.name == part ? fuses : record.name + u' ' + fuses)

@@ -2,6 +2,7 @@
 #include <QCoreApplication>
 #include <QFile>
 
+#include "base/language.h"
 #include "base/stop_signals.h"
 #include "cli/command_line.h"
 #include "platform/event_loop_clock.h"
@@ -26,8 +27,10 @@ int SignalAfterStart() {
 int main(int argc, char** argv) {
     using namespace tolvex;
     OpenStandardStreams();
+    const Language language = TerminalLanguage();  // of the locale that the user has
     ChooseUtf8Locale();
     const QCoreApplication application(argc, argv);
+    const auto texts = InstallTexts(language);
     QFile out;
     QFile error;
     if (!out.open(kOutput, QIODevice::WriteOnly | QIODevice::Unbuffered) ||

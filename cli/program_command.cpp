@@ -33,15 +33,15 @@ Status TellLock(Session& session) {
     const bool read = chip.commands.ReadLockFuseBits(bits) == Outcome::Ok;
     if (const Status failed =
             session.access.Judge(LeaveWithProof(chip) && entered && read,
-                                 {cause::WriterSilent, u"ロックビットを読めません。"_s})) {
+                                 {cause::WriterSilent, Text::tr("ロックビットを読めません。")})) {
         return failed;
     }
     OptionChoice lock;
     DecodeLock(group, bits, lock);
     if (lock[OptionList::LockBit] != kUnlocked) {
         session.output.Remark(
-            u"チップは書き込み禁止にロックされています。消去でロックは外れます。"
-            "必要なら後で tolvex-cli lock write を実行してください。"_s);
+            Text::tr("チップは書き込み禁止にロックされています。消去でロックは外れます。"
+                     "必要なら後で tolvex-cli lock write を実行してください。"));
     }
     return {};
 }
@@ -78,7 +78,7 @@ Status ReadTwice(Session& session, Memories memories, MemoryImages& images) {
     }
     return session.access.Judge(
         Compare(session.access.Device(), memories, images, again).isEmpty(),
-        {cause::Unstable, u"二度読んだ内容が違います。チップには何も書いていません。"_s});
+        {cause::Unstable, Text::tr("二度読んだ内容が違います。チップには何も書いていません。")});
 }
 
 /// The chip is proven; what is to be kept goes into `images`.
@@ -106,9 +106,8 @@ Status Prepare(Session& session, const Precautions& precautions, MemoryImages& i
 void TellPlan(Session& session, const WritePlan& plan, const std::optional<Memories>& whole) {
     const double seconds =
         (session.Elapsed() + ProgramTime(plan, session.access.Device(), whole)).count();
-    session.output.Tell(u"消去して書き込みます: Flash %1 word, EEPROM %2 byte, 全体で %3 秒以上"_s
-                            .arg(plan.flashWords)
-                            .arg(plan.eepromBytes)
+    session.output.Tell(Text::tr("消去して書き込みます: Flash %1, EEPROM %2, 全体で %3 秒以上")
+                            .arg(WordCount(plan.flashWords), ByteCount(plan.eepromBytes))
                             .arg(seconds, 0, 'f', 1));
     session.output.Report(report::Plan, QJsonObject{{u"flashWords"_s, plan.flashWords},
                                                     {u"eepromBytes"_s, plan.eepromBytes},
@@ -150,9 +149,9 @@ Result<bool> IsThere(Session& session, const std::optional<Memories>& kept,
 /// chip was erased.
 Result<std::optional<Memories>> ChooseWhole(const Call& call, const std::optional<Memories>& kept) {
     if (const auto verify = call.Value("verify")) {
-        return verify == u"all"
-                   ? Result<std::optional<Memories>>(Memories{})
-                   : Failure{cause::WrongUse, u"--verify は all だけです: %1"_s.arg(*verify)};
+        return verify == u"all" ? Result<std::optional<Memories>>(Memories{})
+                                : Failure{cause::WrongUse,
+                                          Text::tr("--verify は all だけです: %1").arg(*verify)};
     }
     return kept && kept->flash ? std::optional(Memories{.flash = false}) : std::nullopt;
 }
@@ -162,7 +161,7 @@ Result<std::optional<Memories>> ChooseKept(const Call& call, ImageFiles& files) 
     if (call.Has("keep-eeprom")) {
         if (call.arguments.size() > 1 || !files.memories.flash) {
             return Failure{cause::WrongUse,
-                           u"--keep-eeprom と EEPROM のファイルは一緒に指定できません。"_s};
+                           Text::tr("--keep-eeprom と EEPROM のファイルは一緒に指定できません。")};
         }
         files.data.reset();
         files.foundData = false;
@@ -212,7 +211,7 @@ Status ProgramFiles(Session& session, const Call& call) {
     }
     return session.access.Judge(
         loaded->lossless,
-        {cause::PartlyWritten, u"ファイルのデータの一部は書き込めませんでした。"_s});
+        {cause::PartlyWritten, Text::tr("ファイルのデータの一部は書き込めませんでした。")});
 }
 
 }  // namespace
@@ -221,14 +220,14 @@ Status ProveChip(Session& session, const Precautions& precautions) {
     ChipAccess& access = session.access;
     if (precautions.backup && !QDir().mkpath(*precautions.backup)) {
         return Failure{cause::FileNotWritten,
-                       u"フォルダを作れません: %1"_s.arg(*precautions.backup)};
+                       Text::tr("フォルダを作れません: %1").arg(*precautions.backup)};
     }
     if (const Status failed = access.DetectChip()) {
         return failed;
     }
     const bool mustRead = precautions.kept || precautions.backup;
     if (!mustRead && access.Locked()) {
-        session.output.Remark(u"チップはロックされています。消去してロックを解除します。"_s);
+        session.output.Remark(Text::tr("チップはロックされています。消去してロックを解除します。"));
         session.bench.chip.tolerateMismatch = precautions.force;
         return {};
     }
@@ -249,7 +248,7 @@ Status WriteChip(Session& session, const MemoryImages& images,
                            result.program->eepromWritten && verify.flashCompared &&
                            verify.eepromCompared;
     if (const Status failed = session.access.Judge(
-            confirmed, {cause::CommandRefused, u"書き込みを確認できませんでした。"_s})) {
+            confirmed, {cause::CommandRefused, Text::tr("書き込みを確認できませんでした。")})) {
         return failed;
     }
     if (const Status failed = session.access.JudgeDifferences(verify.differences)) {
@@ -274,14 +273,15 @@ Status Erase(Session& session, const Call& call) {
         return failed;
     }
     const double seconds = (session.Elapsed() + EraseTime()).count();
-    session.output.Tell(u"チップ全体を消去します: 全体で %1 秒以上"_s.arg(seconds, 0, 'f', 1));
+    session.output.Tell(
+        Text::tr("チップ全体を消去します: 全体で %1 秒以上").arg(seconds, 0, 'f', 1));
     session.output.Report(report::Plan, QJsonObject{{u"seconds"_s, seconds}});
     const bool locked = session.access.Locked();
     const SequenceResult result = session.access.Run(EraseSequence);
     const bool erased = result.erase && result.erase->succeeded;
     session.output.Report(report::Erased, erased);
     if (const Status failed = session.access.Judge(
-            erased, {cause::CommandRefused, u"消去を確認できませんでした。"_s})) {
+            erased, {cause::CommandRefused, Text::tr("消去を確認できませんでした。")})) {
         return failed;
     }
     // It tells its part only now.

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "base/command_line_help.h"
+#include "base/text.h"
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -13,12 +15,8 @@ constexpr int kWidestBar = 30;
 constexpr int kNarrowestBar = 5;
 constexpr auto kWipe = "\r\033[K";
 
-/// Japanese letters take two columns; the half-width ones and everything else that is shown, one.
-int Columns(const QString& text) {
-    return static_cast<int>(text.size() + std::ranges::count_if(text, [](QChar c) {
-                                return c.unicode() >= 0x3000 &&
-                                       !(c.unicode() >= 0xFF61 && c.unicode() <= 0xFFDC);
-                            }));
+QString TimeLeft(int seconds) {
+    return Text::tr(" 残り %1:%2").arg(seconds / 60).arg(seconds % 60, 2, 10, QChar(u'0'));
 }
 
 }  // namespace
@@ -58,10 +56,10 @@ QString ProgressLine::Bar(int percent, double fraction, int columns) {
     if (percent > 0 && percent < 100) {
         const std::chrono::duration<double> elapsed = clock_.Now() - start_;
         const int left = qRound(elapsed.count() * (1 - fraction) / fraction);
-        end += u" 残り %1:%2"_s.arg(left / 60).arg(left % 60, 2, 10, QChar(u'0'));
+        end += TimeLeft(left);
     }
     // The width is that of the longest line, so that the bar does not change while it grows.
-    const int room = columns - 1 - Columns(text_) - Columns(u" [] 100% 残り 0:00"_s);
+    const int room = columns - 1 - Columns(text_ + u" [] 100%"_s + TimeLeft(0));
     const int width = std::min(kWidestBar, room);
     if (width < kNarrowestBar) {
         return text_ + end;

@@ -5,6 +5,8 @@
 #include <optional>
 #include <utility>
 
+#include "base/text.h"
+
 namespace tolvex {
 
 /// What the tool tells the script that called it.
@@ -72,7 +74,7 @@ struct Failure {
 /// A file that would be replaced only with --overwrite.
 inline Failure FileExistsFailure(const QString& path) {
     return {cause::FileExists,
-            QStringLiteral("ファイルが既にあります。--overwrite で置き換えます: %1").arg(path)};
+            Text::tr("ファイルが既にあります。--overwrite で置き換えます: %1").arg(path)};
 }
 
 /// What a step that can fail returns: its failure, or nothing when it is done. The caller returns

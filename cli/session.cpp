@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QJsonArray>
 
+#include "base/text.h"
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -88,7 +89,7 @@ Status Session::OpenTrace() {
         return FileExistsFailure(*trace_);
     }
     if (!line_.TraceTo(*trace_)) {
-        return Failure{cause::FileNotWritten, u"ファイルを書けません: %1"_s.arg(*trace_)};
+        return Failure{cause::FileNotWritten, Text::tr("ファイルを書けません: %1").arg(*trace_)};
     }
     return {};
 }
@@ -104,12 +105,13 @@ ExitStatus Session::Finish(const Status& failed) {
     }
     LeaveWriter();
     if (stopped) {
-        end = Failure{cause::Interrupted, u"中断しました。\n"_s + record_.Text()};
+        end = Failure{cause::Interrupted, Text::tr("中断しました。") + u'\n' + record_.Text()};
         output.TellFailure(*end);
     } else if (end && record_.Touched()) {
         output.Remark(record_.Text());
     } else if (!end && line_.TraceIncomplete()) {
-        end = Failure{cause::OutputLost, u"ファイルを書けません: %1"_s.arg(line_.TracePath())};
+        end =
+            Failure{cause::OutputLost, Text::tr("ファイルを書けません: %1").arg(line_.TracePath())};
         output.TellFailure(*end);
     }
     ReportFindings();
@@ -149,8 +151,8 @@ void Session::LeaveWriter() {
         bench.commands.LeaveProgrammingMode();
     }
     if (record_.InProgrammingMode()) {
-        output.Remark(
-            u"ライタがプログラミングモードのままかもしれません。電源を入れ直してください。"_s);
+        output.Remark(Text::tr(
+            "ライタがプログラミングモードのままかもしれません。電源を入れ直してください。"));
     }
     bench.connection.ClosePort();
 }

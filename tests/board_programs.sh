@@ -5,7 +5,7 @@ set -u
 bin=$(realpath "$1")
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
 folder=$(mktemp -d)
-export XDG_CONFIG_HOME=$folder/config
+export XDG_CONFIG_HOME=$folder/config TOLVEX_LANGUAGE=en
 board=
 faults=0
 trap '[ -z "$board" ] || kill -KILL "$board" 2>/dev/null; rm -rf "$folder"' EXIT

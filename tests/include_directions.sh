@@ -10,7 +10,7 @@ cd "$(dirname "$0")/.."
 house='base
 widgets
 packaging/win32
-writer              base/stop_signals.h
+writer              base/command_line_help.h base/language.h base/stop_signals.h base/system_cause.h base/text.h
 platform            base
 port                base
 link                base widgets
@@ -19,7 +19,7 @@ device              base widgets link/link.h image/image.h
 workbench           base link image device
 app                 base widgets platform port link image device workbench
 cli                 base platform port link image device workbench
-firmware/simulator  writer
+firmware/simulator  base/language.h base/system_cause.h base/text.h writer
 tests/support       base link image device workbench writer
 benchmark           base widgets platform port link image device workbench app cli writer firmware/simulator tests/support'
 

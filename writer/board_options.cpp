@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "writer/board_options.h"
 
+#include "base/command_line_help.h"
+#include "base/text.h"
+
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -10,15 +13,15 @@ namespace {
 QList<OptionRow> CommonOptions() {
     return {
         {{u"link"_s,
-          u"Make PATH a symbolic link to the terminal; it is removed at the end. What is at PATH "
-          "already is replaced only if it is the link of a board that has ended."_s,
+          Text::tr("端末へのシンボリックリンクを PATH に作り、終わるときに消す。"
+                   "既にあるものを置き換えるのは、終了した模擬ライタのリンクのときだけ。"),
           u"PATH"_s}},
         {{u"device"_s,
-          u"The chip in the socket: its name, part number or list index. Default: that of the "
-          "state file, else AT90S1200."_s,
+          Text::tr("ソケットのチップ。名前、型番、またはデバイスの一覧での番号。"
+                   "省略すると状態ファイルのチップ、なければ AT90S1200。"),
           u"NAME|INDEX"_s}},
-        {{u"empty"_s, u"No chip in the socket."_s}},
-        {{u"state"_s, u"Keep the chip's contents in FILE from run to run."_s, u"FILE"_s}},
+        {{u"empty"_s, Text::tr("ソケットにチップがない。")}},
+        {{u"state"_s, Text::tr("チップの内容を FILE に残し、次の回に引き継ぐ。"), u"FILE"_s}},
     };
 }
 
@@ -26,22 +29,24 @@ QList<OptionRow> CommonOptions() {
 
 OptionParser::OptionParser(const QString& program, const QString& description,
                            const QList<OptionRow>& own)
-    : program_(program), rows_(CommonOptions() + own) {
-    parser_.setApplicationDescription(description);
-    for (const OptionRow& row : rows_) {
-        parser_.addOption(row.option);
-    }
-}
+    : program_(program), description_(description), rows_(CommonOptions() + own) {}
 
 std::optional<OptionAnswer> OptionParser::Parse(const QStringList& arguments) {
-    const QCommandLineOption help = parser_.addHelpOption();
-    const QCommandLineOption version({u"v"_s, u"version"_s}, u"Print the version."_s);
-    parser_.addOption(version);
+    const QCommandLineOption help({u"h"_s, u"help"_s}, Text::tr("この説明を表示する。"));
+    const QCommandLineOption version({u"v"_s, u"version"_s}, Text::tr("バージョンを表示する。"));
+    QList<QCommandLineOption> options = {help, version};
+    for (const OptionRow& row : rows_) {
+        options << row.option;
+    }
+    parser_.addOptions(options);
     if (!parser_.parse(arguments)) {
-        return OptionAnswer{parser_.errorText(), 2};
+        return OptionAnswer{WrongOption(parser_, options, arguments), 2};
     }
     if (parser_.isSet(help)) {
-        return OptionAnswer{parser_.helpText(), 0};
+        return OptionAnswer{UsageLine(program_, {}) + u'\n' + HelpParagraph(description_) +
+                                u"\n\n"_s +
+                                HelpSection(Text::tr("オプション:"), HelpRows(options)) + u'\n',
+                            0};
     }
     if (parser_.isSet(version)) {
         return OptionAnswer{u"%1 Version %2.%3.%4\n"_s.arg(program_)
@@ -59,7 +64,7 @@ std::optional<OptionAnswer> OptionParser::Parse(const QStringList& arguments) {
     if (const auto device = Value(u"device"_s)) {
         board_.device = FindChipModel(*device);
         if (!board_.device) {
-            return OptionAnswer{u"--device: no such chip: "_s + *device, 2};
+            return OptionAnswer{Text::tr("--device: 知らないチップです: %1").arg(*device), 2};
         }
     }
     return std::nullopt;
@@ -67,7 +72,7 @@ std::optional<OptionAnswer> OptionParser::Parse(const QStringList& arguments) {
 
 std::optional<QString> OptionParser::WrongUse() const {
     if (!parser_.positionalArguments().isEmpty()) {
-        return u"unknown argument: "_s + parser_.positionalArguments().first();
+        return Text::tr("知らない引数です: %1").arg(parser_.positionalArguments().first());
     }
     for (const OptionRow& row : rows_) {
         if (const auto wrong = WrongValues(row)) {
@@ -75,7 +80,7 @@ std::optional<QString> OptionParser::WrongUse() const {
         }
     }
     if (IsSet(u"empty"_s) && (IsSet(u"device"_s) || IsSet(u"state"_s))) {
-        return u"--empty goes with neither --device nor --state"_s;
+        return Text::tr("--empty と --device、--state は一緒に指定できません");
     }
     return std::nullopt;
 }
@@ -85,13 +90,13 @@ std::optional<QString> OptionParser::WrongValues(const OptionRow& row) const {
     // Newer Qts warn when an option without a value is asked for it.
     const QStringList values = row.option.valueName().isEmpty() ? QStringList() : Values(name);
     if (values.contains(QString())) {
-        return u"--%1 needs a value"_s.arg(name);
+        return Text::tr("--%1 の値がありません").arg(name);
     }
     if (values.size() > 1 && !row.repeated) {
-        return u"--%1 was given twice"_s.arg(name);
+        return Text::tr("--%1 が二度指定されています").arg(name);
     }
     if (row.most && !values.isEmpty() && !Number(name)) {
-        return u"--%1 is a number from 0 to %2"_s.arg(name).arg(*row.most);
+        return Text::tr("--%1 は 0 から %2 までの数です").arg(name).arg(*row.most);
     }
     return std::nullopt;
 }

@@ -57,6 +57,7 @@ class OptionParser {
     std::optional<QString> WrongValues(const OptionRow& row) const;
 
     QString program_;
+    QString description_;
     QCommandLineParser parser_;
     QList<OptionRow> rows_;
     BoardOptions board_;

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "base/stop_signals.h"
+#include "base/text.h"
 #include "writer/chip_state_file.h"
 #include "writer/system_terminal.h"
 
@@ -55,7 +56,8 @@ bool Wait(int descriptor, std::optional<Instant> time) {
 
 }  // namespace
 
-void PrepareBoardProcess() {
+Language PrepareBoardProcess() {
+    const Language language = TerminalLanguage();  // of the locale that the user has
     // Qt wants UTF-8 and says so in every run under LANG=C.
     std::setlocale(LC_ALL, "");
     if (qstrcmp(::nl_langinfo(CODESET), "UTF-8") != 0) {
@@ -63,6 +65,7 @@ void PrepareBoardProcess() {
     }
     CatchStopSignals(2);
     SharpenWaits();
+    return language;
 }
 
 int ExitStatus(const QString& program, const std::optional<QString>& reason) {
@@ -92,8 +95,8 @@ std::optional<QString> BoardProgram::TakeChip() {
         }
         chip_ = std::get<SimulatedChip>(loaded);
         if (options_.device && options_.device != &chip_->Model()) {
-            return u"state file %1 holds another chip: %2"_s.arg(*options_.state,
-                                                                 chip_->Model().name);
+            return Text::tr("状態ファイル %1 には別のチップが入っています: %2")
+                .arg(*options_.state, chip_->Model().name);
         }
     } else {
         chip_.emplace(options_.device ? *options_.device : ChipModels().front());

@@ -4,6 +4,7 @@
 #include <QFile>
 #include <functional>
 
+#include "base/language.h"
 #include "writer/board.h"
 #include "writer/board_options.h"
 #include "writer/pseudo_terminal.h"
@@ -12,8 +13,8 @@
 namespace tolvex {
 
 /// Starts the process of a simulated board: the locale, the signals, the precision of its waits. To
-/// be called first in main().
-void PrepareBoardProcess();
+/// be called first in main(). Gives the language of its texts.
+Language PrepareBoardProcess();
 
 /// Prints "PROGRAM: REASON" on the standard error and returns 1, or prints nothing and returns 0.
 int ExitStatus(const QString& program, const std::optional<QString>& reason);

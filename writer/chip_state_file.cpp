@@ -6,6 +6,10 @@
 #include <QJsonObject>
 #include <QSaveFile>
 #include <algorithm>
+#include <cerrno>
+
+#include "base/system_cause.h"
+#include "base/text.h"
 
 namespace tolvex {
 
@@ -34,13 +38,13 @@ std::optional<QByteArray> Unhex(const QJsonValue& value, qsizetype size) {
 }
 
 LoadedChip Failed(const QString& path, const QString& reason) {
-    return u"state file %1: %2"_s.arg(path, reason);
+    return Text::tr("状態ファイル %1 を読めません: %2").arg(path, reason);
 }
 
 LoadedChip FromJson(const QJsonObject& state, const QString& path) {
     const ChipModel* model = FindChipModel(state["device"_L1].toString());
     if (!model) {
-        return Failed(path, u"\"device\" names no known chip"_s);
+        return Failed(path, Text::tr("\"device\" が知らないチップです"));
     }
     struct Field {
         const char16_t* key;
@@ -54,7 +58,8 @@ LoadedChip FromJson(const QJsonObject& state, const QString& path) {
     for (Field& field : fields) {
         const auto bytes = Unhex(state[QStringView(field.key)], field.size);
         if (!bytes) {
-            return Failed(path, u"\"%1\" is not %2 hexadecimal digits"_s.arg(QStringView(field.key))
+            return Failed(path, Text::tr("\"%1\" が 16 進数 %2 桁ではありません")
+                                    .arg(QStringView(field.key))
                                     .arg(2 * field.size));
         }
         field.bytes = *bytes;
@@ -71,12 +76,11 @@ LoadedChip FromJson(const QJsonObject& state, const QString& path) {
 LoadedChip LoadChip(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        return Failed(path, file.errorString());
+        return Failed(path, SystemCause(errno));
     }
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
-    if (error.error != QJsonParseError::NoError) {
-        return Failed(path, error.errorString());
+    const QJsonDocument document = QJsonDocument::fromJson(file.readAll());
+    if (document.isNull()) {
+        return Failed(path, Text::tr("JSON ではありません"));
     }
     return FromJson(document.object(), path);
 }
@@ -91,7 +95,7 @@ std::optional<QString> SaveChip(const SimulatedChip& chip, const QString& path) 
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(QJsonDocument(state).toJson()) < 0 ||
         !file.commit()) {
-        return u"state file %1: %2"_s.arg(path, file.errorString());
+        return Text::tr("状態ファイル %1 を書けません: %2").arg(path, SystemCause(errno));
     }
     return std::nullopt;
 }

@@ -2,7 +2,11 @@
 // tolvex-writer: the simulated writer board on a pseudo-terminal, for people and tests without a
 // board at hand.
 #include <QCoreApplication>
+#include <cerrno>
 
+#include "base/language.h"
+#include "base/system_cause.h"
+#include "base/text.h"
 #include "writer/board_program.h"
 #include "writer/paced_board.h"
 #include "writer/socket_file.h"
@@ -24,7 +28,7 @@ std::optional<QString> ServeChip(const WriterOptions& options) {
     if (options.log) {
         log.setFileName(*options.log);
         if (!log.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-            return u"log file %1: %2"_s.arg(*options.log, log.errorString());
+            return Text::tr("記録 %1 を書けません: %2").arg(*options.log, SystemCause(errno));
         }
     }
     if (const auto reason = program.OpenTerminal()) {
@@ -81,7 +85,8 @@ int Main(const QStringList& arguments) {
 }  // namespace tolvex
 
 int main(int argc, char** argv) {
-    tolvex::PrepareBoardProcess();
+    const tolvex::Language language = tolvex::PrepareBoardProcess();
     const QCoreApplication application(argc, argv);
+    const auto texts = tolvex::InstallTexts(language);
     return tolvex::Main(QCoreApplication::arguments());
 }

@@ -9,6 +9,8 @@
 #include <cerrno>
 #include <utility>
 
+#include "base/system_cause.h"
+#include "base/text.h"
 #include "writer/system_terminal.h"
 
 namespace tolvex {
@@ -37,7 +39,7 @@ bool LeftByABoard(const QString& terminal) {
 std::optional<QString> PseudoTerminal::Open() {
     Close();
     if (!OpenTerminalPair(master_, slave_)) {
-        return u"no pseudo-terminal: "_s + qt_error_string(errno);
+        return Text::tr("疑似端末を作れません: %1").arg(SystemCause(errno));
     }
     path_ = QFile::decodeName(::ttyname(slave_));
     ::fcntl(master_, F_SETFL, ::fcntl(master_, F_GETFL) | O_NONBLOCK);
@@ -92,16 +94,16 @@ std::optional<QString> TerminalLink::Lead(const QString& link, const QString& te
         // Left by one that was killed, it may lead to the number that came up again.
         const bool own = target == terminal || target == terminal_;
         if (!own && !LeftByABoard(target)) {
-            return u"%1 leads to %2 already"_s.arg(link, target);
+            return Text::tr("%1 は既に %2 を指しています").arg(link, target);
         }
         QFile::remove(link);
     } else if (present.exists()) {
-        return u"%1 is in the way: it is no symbolic link"_s.arg(link);
+        return Text::tr("%1 は既にあり、シンボリックリンクではありません").arg(link);
     }
     // Fails if something else has taken the place meanwhile.
     if (::symlink(QFile::encodeName(terminal).constData(), QFile::encodeName(link).constData()) !=
         0) {
-        return u"%1: %2"_s.arg(link, qt_error_string(errno));
+        return Text::tr("リンク %1 を作れません: %2").arg(link, SystemCause(errno));
     }
     link_ = link;
     terminal_ = terminal;

@@ -3,6 +3,7 @@
 
 #include <QFile>
 
+#include "base/text.h"
 #include "writer/chip_state_file.h"
 
 namespace tolvex {
@@ -39,7 +40,7 @@ std::optional<QString> SocketFile::Look() {
 std::optional<QString> SocketFile::Insert(const QString& name, const QString& state) {
     const ChipModel* const model = FindChipModel(name);
     if (!model) {
-        return u"--socket: no such chip: "_s + name;
+        return Text::tr("--socket: 知らないチップです: %1").arg(name);
     }
     state_ = state;
     if (!state.isEmpty() && QFile::exists(state)) {

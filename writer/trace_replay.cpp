@@ -3,6 +3,10 @@
 
 #include <QFile>
 #include <QStringList>
+#include <cerrno>
+
+#include "base/system_cause.h"
+#include "base/text.h"
 
 namespace tolvex {
 
@@ -22,13 +26,13 @@ QString Hex(char byte) {
 std::optional<QString> TraceReplay::Load(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
-        return u"trace %1: %2"_s.arg(path, file.errorString());
+        return Text::tr("記録 %1 を読めません: %2").arg(path, SystemCause(errno));
     }
     int line = 0;
     while (!file.atEnd()) {
         const QString text = QString::fromLatin1(file.readLine()).trimmed();
         if (const auto wrong = Parse(text, ++line)) {
-            return u"trace %1: line %2: %3"_s.arg(path, QString::number(line), *wrong);
+            return Text::tr("記録 %1 の %2 行目: %3").arg(path, QString::number(line), *wrong);
         }
     }
     // What the board said before it was ever asked is not waited for.
@@ -46,7 +50,7 @@ std::optional<QString> TraceReplay::Parse(const QString& text, int line) {
     isTime = isTime && time >= std::chrono::microseconds::zero() && time <= kLongestSession;
     const QString kind = words.value(1);
     if (!isTime || kind.isEmpty()) {
-        return u"no time and event"_s;
+        return Text::tr("時刻と出来事がありません");
     }
     if (kind == u"open"_s || kind == u"refused"_s || kind == u"close"_s) {
         return std::nullopt;
@@ -60,11 +64,11 @@ std::optional<QString> TraceReplay::Parse(const QString& text, int line) {
         bool isByte = false;
         bytes += static_cast<char>(word.toUShort(&isByte, 16));
         if (!isByte || word.size() != 2) {
-            return u"no byte: "_s + word;
+            return Text::tr("バイトではありません: %1").arg(word);
         }
     }
     if ((kind != u">"_s && kind != u"<"_s) || bytes.isEmpty()) {
-        return u"unknown event: "_s + kind;
+        return Text::tr("知らない出来事です: %1").arg(kind);
     }
     events_.append({line, time, kind == u">"_s, bytes});
     return std::nullopt;
@@ -82,13 +86,13 @@ void TraceReplay::Expect(char byte) {
         return;
     }
     if (next_ >= events_.size()) {
-        departure_ = u"the PC sent %1 after the end of the trace"_s.arg(Hex(byte));
+        departure_ = Text::tr("記録の終わりの後に、PC が %1 を送りました").arg(Hex(byte));
         return;
     }
     const Event& event = events_[next_];
     if (event.bytes[received_] != byte) {
-        departure_ = u"trace line %1: the PC sent %2 instead of %3"_s.arg(
-            QString::number(event.line), Hex(byte), Hex(event.bytes[received_]));
+        departure_ = Text::tr("記録の %1 行目: PC が %3 ではなく %2 を送りました")
+                         .arg(QString::number(event.line), Hex(byte), Hex(event.bytes[received_]));
         return;
     }
     if (++received_ == event.bytes.size()) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "writer/writer_options.h"
 
+#include "base/text.h"
+
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -12,26 +14,30 @@ constexpr int kSlowestAdapter = 255;  // ms, the longest that FTDI adapters can 
 
 QList<OptionRow> WriterRows() {
     return {
-        {{u"firmware"_s, u"Firmware version that the board reports."_s, u"VERSION"_s, u"3.9"_s}},
-        {{u"baud"_s, u"Speed of the line; 0 is as fast as it goes."_s, u"BAUD"_s, u"19200"_s},
+        {{u"firmware"_s, Text::tr("ライタが答えるファームウエアのバージョン。"), u"VERSION"_s,
+          u"3.9"_s}},
+        {{u"baud"_s, Text::tr("通信の速さ。0 は速さに制限のないことを表す。"), u"BAUD"_s,
+          u"19200"_s},
          kFastestBaud},
         {{u"latency"_s,
-          u"USB latency timer of the adapter in milliseconds (FTDI's default is 16 ms); 0 is "
-          "none."_s,
+          Text::tr("アダプタの USB レイテンシタイマ（ミリ秒）。FTDI の初期値は 16 ms。0 "
+                   "は待ち時間なし。"),
           u"MS"_s, u"0"_s},
          kSlowestAdapter},
-        {{u"log"_s, u"Write one line for each command to FILE."_s, u"FILE"_s}},
+        {{u"log"_s, Text::tr("コマンド 1 つにつき 1 行を FILE に書く。"), u"FILE"_s}},
         {{u"socket"_s,
-          u"Change chips while the board runs: FILE holds what is in the socket, a chip's name and "
-          "its state file, or nothing."_s,
+          Text::tr(
+              "動かしたままチップを替える。ソケットにあるもの（チップの名前とその状態ファイル、"
+              "なければ空）を FILE に書く。"),
           u"FILE"_s}},
         {{u"replay"_s,
-          u"Play the board's side of the session in FILE, recorded with tolvex-cli --trace, and "
-          "end with it. With --baud 0 the replies come at once instead of at their time."_s,
+          Text::tr("tolvex-cli --trace で FILE "
+                   "に記録した通信の、ボードの側を再生し、その終わりで終わる。"
+                   "--baud 0 を付けると、応答は記録の時刻を待たずにすぐ返る。"),
           u"FILE"_s}},
         {{u"fault"_s,
-          u"Spoil the reply to command K, counted from 1: silent, short, wrong, long, late, "
-          u"hang-up. May be given several times."_s,
+          Text::tr("1 から数えて K 番目のコマンドの応答を壊す: silent, short, wrong, long, late, "
+                   "hang-up。何度でも指定できる。"),
           u"K:KIND"_s},
          {},
          true},
@@ -58,7 +64,7 @@ std::optional<QString> NotForReplay(const QStringList& given) {
     static const QStringList kWithReplay = {u"replay"_s, u"link"_s, u"baud"_s};
     for (const QString& name : given) {
         if (!kWithReplay.contains(name)) {
-            return u"--replay doesn't go with --"_s + name;
+            return Text::tr("--replay と --%1 は一緒に指定できません").arg(name);
         }
     }
     return std::nullopt;
@@ -67,7 +73,7 @@ std::optional<QString> NotForReplay(const QStringList& given) {
 }  // namespace
 
 std::variant<WriterOptions, OptionAnswer> ParseWriterOptions(const QStringList& arguments) {
-    OptionParser parser(u"tolvex-writer"_s, u"A simulated writer board on a pseudo-terminal."_s,
+    OptionParser parser(u"tolvex-writer"_s, Text::tr("疑似端末につながる模擬ライタ。"),
                         WriterRows());
     if (const auto answer = parser.Parse(arguments)) {
         return *answer;
@@ -86,16 +92,17 @@ std::variant<WriterOptions, OptionAnswer> ParseWriterOptions(const QStringList& 
         }
     }
     if (options.socket && (options.board.device || options.board.state)) {
-        return OptionAnswer{u"--socket goes with neither --device nor --state"_s, 2};
+        return OptionAnswer{Text::tr("--socket と --device、--state は一緒に指定できません"), 2};
     }
     options.board.empty = options.board.empty || options.socket;
     if (!IsVersion(options.firmware)) {
-        return OptionAnswer{u"--firmware is a digit, a point and a digit, such as 3.9"_s, 2};
+        return OptionAnswer{Text::tr("--firmware は 3.9 のように、数字、点、数字で指定します"), 2};
     }
     for (const QString& text : parser.Values(u"fault"_s)) {
         const auto fault = ParseFault(text);
         if (!fault) {
-            return OptionAnswer{u"--fault is K:KIND, such as 3:silent, and not "_s + text, 2};
+            return OptionAnswer{
+                Text::tr("--fault は 3:silent のように K:KIND で指定します: %1").arg(text), 2};
         }
         options.faults.append(*fault);
     }

@@ -13,6 +13,8 @@ extern "C" {
 #include <simavr/sim_hex.h>
 }
 
+#include "base/text.h"
+
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -78,12 +80,12 @@ std::optional<QString> AvrCore::Load(const QString& hexFile) {
                              ? read_ihex_file(QFile::encodeName(hexFile).constData(), &size, &start)
                              : nullptr;
     if (!code) {
-        return u"%1: no such HEX file"_s.arg(hexFile);
+        return Text::tr("HEX ファイル %1 がありません").arg(hexFile);
     }
     avr_ = avr_make_mcu_by_name("atmega328p");
     if (!avr_) {
         std::free(code);
-        return u"libsimavr knows no atmega328p"_s;
+        return Text::tr("libsimavr に atmega328p がありません");
     }
     avr_init(avr_);
     avr_->frequency = kHertz;

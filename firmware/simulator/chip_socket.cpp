@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "firmware/simulator/chip_socket.h"
 
+#include "base/text.h"
+
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -43,10 +45,10 @@ void ChipSocket::SetLines(const Lines& lines, Instant now) {
 void ChipSocket::NoticeDrive(const Lines& lines, Instant now) {
     for (const auto line : {&Lines::sck, &Lines::mosi}) {
         if (resetHigh_ && !(lines_.*line) && lines.*line) {
-            programming_->Violate(u"a line is driven while the chip may drive it"_s, now);
+            programming_->Violate(Text::tr("チップが出力するかもしれない線に出力しました"), now);
         }
         if (!resetHigh_ && lines_.*line && !(lines.*line)) {
-            programming_->Violate(u"a line floats while RESET is low"_s, now);
+            programming_->Violate(Text::tr("RESET が Low の間に線が浮いています"), now);
         }
     }
 }
@@ -58,13 +60,13 @@ void ChipSocket::NoticeMosi(const Lines& lines, Instant now) {
     }
     mosiChange_ = now;
     if (!resetHigh_ && sckHigh_) {
-        programming_->Violate(u"MOSI changes while SCK is high"_s, now);
+        programming_->Violate(Text::tr("SCK が High の間に MOSI が変わりました"), now);
     }
 }
 
 void ChipSocket::NoticeReset(const Lines& lines, Instant now) {
     if (lines_.reset == true && !MoreThan(2, now - resetChange_, lines)) {
-        programming_->Violate(u"the reset pulse is too short"_s, now);
+        programming_->Violate(Text::tr("リセットのパルスが短すぎます"), now);
     }
     resetHigh_ = !resetHigh_;
     resetChange_ = now;
@@ -93,24 +95,26 @@ void ChipSocket::NoticeClock(const Lines& lines, Instant now) {
     sckHigh_ = !sckHigh_;
     sckChange_ = now;
     if (resetHigh_) {
-        programming_->Violate(u"SCK moves while RESET is high"_s, now);
+        programming_->Violate(Text::tr("RESET が High の間に SCK が動きました"), now);
         return;
     }
     if (tooFast) {
-        programming_->Violate(u"SCK is too fast, or the chip has no clock"_s, now);
+        programming_->Violate(Text::tr("SCK が速すぎるか、チップにクロックがありません"), now);
     }
     if (!sckHigh_) {
         miso_ = (answer_ >> (7 - bits_ % 8) & 1) != 0;
         return;
     }
     if (!readyForClocks_) {
-        programming_->Violate(u"SCK was not low when RESET went low"_s, now);
+        programming_->Violate(
+            Text::tr("RESET が Low になったとき、SCK が Low ではありませんでした"), now);
     }
     if (!lines.mosi || !MoreThan(1, now - mosiChange_, lines)) {
-        programming_->Violate(u"MOSI is not there before SCK goes up"_s, now);
+        programming_->Violate(Text::tr("SCK が上がる前に MOSI が決まっていません"), now);
     }
     if (now - resetChange_ < kResetTime) {
-        programming_->Violate(u"SCK moves too soon after RESET went low"_s, now);
+        programming_->Violate(Text::tr("RESET が Low になってから SCK が動くまでが短すぎます"),
+                              now);
     }
     if (missing_ > 0) {
         --missing_;

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <utility>
 
+#include "base/text.h"
+
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -75,16 +77,16 @@ void FirmwareBoard::NoticeTransmission(std::uint8_t byte) {
     }
     answered_ = true;
     if (socket_.IsBusy(core_.Now())) {
-        Violate(u"an answer goes out while the chip is writing"_s);
+        Violate(Text::tr("チップの書き込み中に応答が送られました"));
     }
 }
 
 void FirmwareBoard::JudgeLine() {
     if (std::abs(core_.Baud() - kBaud) > kBaudTolerance) {
-        Violate(u"the line runs at %1 baud"_s.arg(core_.Baud()));
+        Violate(Text::tr("通信の速さが %1 baud です").arg(core_.Baud()));
     }
     if (!core_.FrameIs8N1()) {
-        Violate(u"the line's frames are not 8N1"_s);
+        Violate(Text::tr("通信の形式が 8N1 ではありません"));
     }
 }
 
@@ -96,7 +98,7 @@ Level FirmwareBoard::LevelOf(int pin) const {
 void FirmwareBoard::UpdateLines() {
     const Level sck = LevelOf(kSckPin);
     if (std::exchange(sck_, sck) == false && sck == true && answered_ && !streams_) {
-        Violate(u"the chip is worked on after the answer"_s);
+        Violate(Text::tr("応答の後でチップが操作されました"));
     }
     socket_.SetLines({LevelOf(kResetPin), sck, LevelOf(kMosiPin), core_.ClockOutput()},
                      core_.Now());
@@ -147,7 +149,7 @@ Board::Events FirmwareBoard::Run(Instant now) {
     }
     core_.RunTo(end);
     if (core_.HasStopped()) {
-        Violate(u"the firmware has crashed"_s);
+        Violate(Text::tr("ファームウエアが停止しました"));
     }
     if (record_) {
         record_->Advance(core_.Now());

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "firmware/simulator/firmware_options.h"
 
+#include "base/text.h"
+
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -13,22 +15,22 @@ constexpr int kFastestChip = 12'000'000;  // Hz
 
 QList<OptionRow> FirmwareRows(const QString& hex) {
     return {
-        {{u"hex"_s, u"The firmware to run."_s, u"FILE"_s, hex}},
+        {{u"hex"_s, Text::tr("実行するファームウエア。"), u"FILE"_s, hex}},
         {{u"clock"_s,
-          u"The chip has a clock of its own of so many hertz, instead of the board's."_s,
+          Text::tr(
+              "チップが、ボードのクロックの代わりに、この周波数 (Hz) の自分のクロックで動く。"),
           u"HERTZ"_s},
          kFastestChip},
-        {{u"low-supply"_s, u"The chip writes as slowly as at its lowest supply."_s}},
-        {{u"missed-clocks"_s, u"The chip misses the first N clocks after a reset."_s, u"N"_s,
-          u"0"_s},
+        {{u"low-supply"_s, Text::tr("チップの書き込みが、最低の電源電圧のときと同じ遅さになる。")}},
+        {{u"missed-clocks"_s, Text::tr("チップが、リセットの後の最初の N クロックを取りこぼす。"),
+          u"N"_s, u"0"_s},
          kMostMissedClocks},
         {{u"vcd"_s,
-          u"Record RESET, SCK, MOSI, MISO, D9 and the serial line (RXD from the PC, TXD to it) as "
-          u"a "
-          "Value Change Dump, for PulseView and GTKWave. A second of programming is 30 MB."_s,
+          Text::tr("RESET、SCK、MOSI、MISO、D9 とシリアル通信（PC からの RXD、PC への TXD）を "
+                   "Value Change Dump として FILE に記録する。PulseView と GTKWave で読める。"
+                   "書き込み 1 秒で 30 MB になる。"),
           u"FILE"_s}},
-        {{u"seed"_s, u"Another noise on lines that float, and in bits without a meaning."_s, u"N"_s,
-          u"1"_s},
+        {{u"seed"_s, Text::tr("浮いた線と、意味のないビットの雑音を変える。"), u"N"_s, u"1"_s},
          kMostSeed},
     };
 }
@@ -39,8 +41,9 @@ std::variant<FirmwareOptions, OptionAnswer> ParseFirmwareOptions(const QStringLi
                                                                  const QString& hex) {
     OptionParser parser(
         u"tolvex-firmware"_s,
-        u"The writer board that anyone can build, in a simulator, on a pseudo-terminal. It ends "
-        "with status 1 as soon as the firmware breaks a rule of the chips' data sheets."_s,
+        Text::tr(
+            "自作のライタのボードをシミュレータで動かし、疑似端末につなぐ。"
+            "ファームウエアがチップのデータシートの規定に反すると、すぐにステータス 1 で終わる。"),
         FirmwareRows(hex));
     if (const auto answer = parser.Parse(arguments)) {
         return *answer;

@@ -3,6 +3,8 @@
 // pseudo-terminal.
 #include <QCoreApplication>
 
+#include "base/language.h"
+#include "base/text.h"
 #include "firmware/simulator/firmware_board.h"
 #include "firmware/simulator/firmware_options.h"
 #include "writer/board_program.h"
@@ -34,7 +36,7 @@ std::optional<QString> Serve(const FirmwareOptions& options) {
     board.StartsAt(std::chrono::steady_clock::now().time_since_epoch());
     auto reason = program.Serve(board);
     if (reason) {
-        *reason += u"\n(noise: --seed %1)"_s.arg(options.chip.seed);
+        *reason += u'\n' + Text::tr("（雑音: --seed %1）").arg(options.chip.seed);
     }
     const auto unsaved = program.SaveChip();
     return reason ? reason : unsaved;
@@ -54,7 +56,8 @@ int Main(const QStringList& arguments) {
 }  // namespace tolvex
 
 int main(int argc, char** argv) {
-    tolvex::PrepareBoardProcess();
+    const tolvex::Language language = tolvex::PrepareBoardProcess();
     const QCoreApplication application(argc, argv);
+    const auto texts = tolvex::InstallTexts(language);
     return tolvex::Main(QCoreApplication::arguments());
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "firmware/simulator/serial_programming.h"
 
+#include "base/text.h"
+
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -83,7 +85,7 @@ void SerialProgramming::ResetGoesLow() {
 
 void SerialProgramming::ResetGoesHigh(Instant now) {
     if (now < busyUntil_) {
-        Violate(u"RESET goes high while the chip is writing"_s, now);
+        Violate(Text::tr("チップの書き込み中に RESET が High になりました"), now);
     }
     enabled_ = false;
 }
@@ -140,17 +142,20 @@ void SerialProgramming::Finish(const Bytes& bytes, Instant begun, Instant now) {
     const Instruction* instruction = Find(bytes);
     if (!enabled_) {
         if (first && instruction && options_.missedClocks == 0) {
-            Violate(u"the first instruction is not Programming Enable"_s, now);
+            Violate(Text::tr("最初の命令が Programming Enable ではありません"), now);
         }
         return;
     }
     if (!instruction) {
         const auto hex = QByteArray(reinterpret_cast<const char*>(bytes.data()), 4).toHex(' ');
-        Violate(u"the chip has no instruction "_s + QString::fromLatin1(hex), now);
+        Violate(Text::tr("チップに命令 %1 はありません").arg(QString::fromLatin1(hex)), now);
     } else if (begun < busyUntil_ && !Polls(*instruction, bytes)) {
-        Violate(QLatin1StringView(instruction->name) + u" while the chip is writing"_s, now);
+        Violate(Text::tr("チップの書き込み中の命令: %1").arg(QLatin1StringView(instruction->name)),
+                now);
     } else if (erased_) {
-        Violate(QLatin1StringView(instruction->name) + u" after Chip Erase without a reset"_s, now);
+        Violate(Text::tr("Chip Erase の後、リセットなしの命令: %1")
+                    .arg(QLatin1StringView(instruction->name)),
+                now);
     } else {
         Write(*instruction, bytes, now);
     }

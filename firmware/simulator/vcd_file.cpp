@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "firmware/simulator/vcd_file.h"
 
+#include <cerrno>
+
+#include "base/system_cause.h"
+#include "base/text.h"
+
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -25,7 +30,7 @@ char Identifier(int line) {
 std::optional<QString> VcdFile::Open(const QString& path, Instant start) {
     file_.setFileName(path);
     if (!file_.open(QIODevice::WriteOnly)) {
-        return u"record %1: %2"_s.arg(path, file_.errorString());
+        return Text::tr("記録 %1 を書けません: %2").arg(path, SystemCause(errno));
     }
     start_ = start;
     text_ =

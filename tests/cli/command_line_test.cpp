@@ -5,6 +5,7 @@
 #include <QJsonArray>
 #include <QRegularExpression>
 
+#include "base/language.h"
 #include "cli/command.h"
 #include "tests/cli/cli_bench.h"
 
@@ -57,6 +58,21 @@ TEST(CommandLine, RefusesWhatIsEmpty) {
             EXPECT_TRUE(b.port.Calls().isEmpty());
         }
     }
+}
+
+/// Keys and codes are the same in every language.
+TEST(CommandLine, SpeaksEnglishWhereItIsInstalled) {
+    const auto english = InstallTexts(Language::English);
+    CliBench b;
+    EXPECT_EQ(b.Run("devices --help"), ExitStatus::Done);
+    EXPECT_TRUE(
+        b.Out().startsWith(u"Usage: tolvex-cli [options] devices\nList the devices.\n\n"
+                           "Options:\n  --port <COM5|PATH>  The port: a COM number"_s))
+        << b.Out().toStdString();
+    EXPECT_EQ(b.Outcome("verify @a.hex"), "1 differs");
+    EXPECT_EQ(b.Json()["error"_L1]["message"_L1].toString(), u"The chip differs in 5 places."_s);
+    EXPECT_EQ(b.Outcome("devices --json=1"), "2 wrongUse");
+    EXPECT_EQ(b.Err(), u"tolvex-cli: --json takes no value.\n"_s);
 }
 
 /// An option goes before the environment, and that before what is stored.

@@ -77,7 +77,7 @@ class Wires {
 
 TEST(ChipSocket, NoticesWhatAChipNeedNotPutUpWith) {
     const QString take = u"low drive high low "_s, enter = take + u"20ms ac530042 "_s;
-    const QString writing = u" while the chip is writing"_s;
+    const QString writing = u"チップの書き込み中の命令: "_s;
     const struct {
         QString script, violation;
         QStringView chip = u"AT90S2313";
@@ -89,24 +89,26 @@ TEST(ChipSocket, NoticesWhatAChipNeedNotPutUpWith) {
                  "6ms a0000000 =00a00055 c00000aa 9ms a0000000 =aaa000aa high"_s,
          {},
          u"AT90S4433"},
-        {u"fast "_s + enter, u"SCK is too fast, or the chip has no clock"_s},
-        {u"fast "_s + enter, u"SCK is too fast, or the chip has no clock"_s, u"AT90S1200"},
+        {u"fast "_s + enter, u"SCK が速すぎるか、チップにクロックがありません"_s},
+        {u"fast "_s + enter, u"SCK が速すぎるか、チップにクロックがありません"_s, u"AT90S1200"},
         {enter + u"30000100 =ffffff90"_s, {}, u"AT90S1200"},
-        {u"late "_s + enter, u"MOSI changes while SCK is high"_s},
-        {u"drive"_s, u"a line is driven while the chip may drive it"_s},
-        {take + u"high ac530000"_s, u"SCK moves while RESET is high"_s},
-        {take + u"18ms ac530000"_s, u"SCK moves too soon after RESET went low"_s},
-        {u"low drive 20ms ac530000"_s, u"SCK was not low when RESET went low"_s},
-        {enter + u"float"_s, u"a line floats while RESET is low"_s},
-        {take + u"20ms ac800000"_s, u"the first instruction is not Programming Enable"_s},
-        {enter + u"40000001 48000001"_s, u"Write Flash"_s + writing},
-        {enter + u"40000001 20000100"_s, u"Read Flash"_s + writing},
-        {enter + u"c0000001 20000000"_s, u"Read Flash"_s + writing},
-        {enter + u"ac800000 19ms 30000000"_s, u"Read Signature"_s + writing},
-        {enter + u"ac800000 20ms 30000000"_s, u"Read Signature after Chip Erase without a reset"_s},
-        {enter + u"acff0000 8ms 30000000"_s, u"Read Signature"_s + writing},
-        {enter + u"c0000001 high"_s, u"RESET goes high"_s + writing},
-        {enter + u"58000000"_s, u"the chip has no instruction 58 00 00 00"_s},
+        {u"late "_s + enter, u"SCK が High の間に MOSI が変わりました"_s},
+        {u"drive"_s, u"チップが出力するかもしれない線に出力しました"_s},
+        {take + u"high ac530000"_s, u"RESET が High の間に SCK が動きました"_s},
+        {take + u"18ms ac530000"_s, u"RESET が Low になってから SCK が動くまでが短すぎます"_s},
+        {u"low drive 20ms ac530000"_s,
+         u"RESET が Low になったとき、SCK が Low ではありませんでした"_s},
+        {enter + u"float"_s, u"RESET が Low の間に線が浮いています"_s},
+        {take + u"20ms ac800000"_s, u"最初の命令が Programming Enable ではありません"_s},
+        {enter + u"40000001 48000001"_s, writing + u"Write Flash"_s},
+        {enter + u"40000001 20000100"_s, writing + u"Read Flash"_s},
+        {enter + u"c0000001 20000000"_s, writing + u"Read Flash"_s},
+        {enter + u"ac800000 19ms 30000000"_s, writing + u"Read Signature"_s},
+        {enter + u"ac800000 20ms 30000000"_s,
+         u"Chip Erase の後、リセットなしの命令: Read Signature"_s},
+        {enter + u"acff0000 8ms 30000000"_s, writing + u"Read Signature"_s},
+        {enter + u"c0000001 high"_s, u"チップの書き込み中に RESET が High になりました"_s},
+        {enter + u"58000000"_s, u"チップに命令 58 00 00 00 はありません"_s},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(Wires(c.chip).Play(c.script), c.violation) << c.script.toStdString();

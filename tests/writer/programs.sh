@@ -26,7 +26,7 @@ for signals in INT\ 2 TERM\ 1 HUP\ 1 INT\ 3; do
     wait $tool
     must "$signals: exit status" same $? $((128 + $(kill -l "$signal")))
     kill -CONT "$board"
-    told=$'中断しました。\nチップは消去済みです。\nFlash: '
+    told=$'Interrupted.\nThe chip was erased.\nFlash: '
     if [ "$times" = 3 ]; then
         must "$signals: gives up" lacks "$(<"$folder/error")" "$told"
         must "$signals: and the board heard nothing" lacks "$(tail -1 "$folder/log")" L

@@ -77,11 +77,11 @@ TEST(ChipStateFile, DamageIsReportedAndTheRestComesBack) {
     EXPECT_TRUE(whole.contains("\"flash\": \"0CFFFF")) << "low byte first";
     const std::tuple<QByteArray, QByteArray, QString> cases[] = {
         {"}", "}", u""_s},
-        {"S2333", "S9999", u"\"device\" names no known chip"_s},
-        {"0CFF", "", u"\"flash\" is not 4096 hexadecimal digits"_s},
-        {"FF5A", "FF A", u"\"eeprom\" is not 256 hexadecimal digits"_s},
-        {"\"E6\"", "5", u"\"fuse\" is not 2 hexadecimal digits"_s},
-        {"}", "", u"unterminated object"_s}};
+        {"S2333", "S9999", u"\"device\" が知らないチップです"_s},
+        {"0CFF", "", u"\"flash\" が 16 進数 4096 桁ではありません"_s},
+        {"FF5A", "FF A", u"\"eeprom\" が 16 進数 256 桁ではありません"_s},
+        {"\"E6\"", "5", u"\"fuse\" が 16 進数 2 桁ではありません"_s},
+        {"}", "", u"JSON ではありません"_s}};
     for (const auto& [from, to, reason] : cases) {
         testing::PutFile(path, QByteArray(whole).replace(from, to));
         const LoadedChip back = LoadChip(path);
@@ -89,11 +89,13 @@ TEST(ChipStateFile, DamageIsReportedAndTheRestComesBack) {
             EXPECT_EQ(reason, QString());
             EXPECT_EQ(loaded->Contents(), chip.Contents());
         } else {
-            EXPECT_EQ(std::get<QString>(back), u"state file %1: %2"_s.arg(path, reason));
+            EXPECT_EQ(std::get<QString>(back),
+                      u"状態ファイル %1 を読めません: %2"_s.arg(path, reason));
         }
     }
     EXPECT_TRUE(std::holds_alternative<QString>(LoadChip(dir.filePath(u"missing"_s))));
-    EXPECT_TRUE(SaveChip(chip, dir.filePath(u"no such folder/x"_s))->startsWith(u"state file "_s));
+    EXPECT_TRUE(SaveChip(chip, dir.filePath(u"no such folder/x"_s))
+                    ->endsWith(u"を書けません: ファイルかフォルダがありません"_s));
 }
 
 struct TraceReplayTest : ::testing::Test {
@@ -128,12 +130,13 @@ TEST_F(TraceReplayTest, AnswersAfterTheRecordedTimeOrAtOnce) {
 TEST_F(TraceReplayTest, TellsWhereThePcLeavesTheRecordAndRefusesWhatIsNone) {
     ASSERT_EQ(Load("0 > 53\n1000 < 41\n\n2000 > 56\n"), std::nullopt);
     replay_.Send("\x53\x76", 0s);
-    EXPECT_EQ(replay_.Failure(), u"trace line 4: the PC sent 76 instead of 56"_s);
+    EXPECT_EQ(replay_.Failure(), u"記録の 4 行目: PC が 56 ではなく 76 を送りました"_s);
     for (const char* text : {"5\n", "x > 53\n", "-1 > 53\n", "32000000000000 > 53\n", "5 > 5\n",
                              "5 > GG\n", "5 >\n", "5 ? 53\n"}) {
-        EXPECT_TRUE(Load(QByteArray("0 open COM1\n") + text)->contains(u": line 2: "_s)) << text;
+        EXPECT_TRUE(Load(QByteArray("0 open COM1\n") + text)->contains(u" の 2 行目: "_s)) << text;
     }
-    EXPECT_TRUE(replay_.Load(u"/no/such/trace"_s)->startsWith(u"trace /no/such/trace: "_s));
+    EXPECT_TRUE(
+        replay_.Load(u"/no/such/trace"_s)->startsWith(u"記録 /no/such/trace を読めません: "_s));
 }
 
 }  // namespace
