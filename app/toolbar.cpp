@@ -15,17 +15,11 @@ namespace {
 constexpr int kIconSize = 24;
 constexpr int kSlotWidth = 8;
 
-struct ButtonRow {
-    QString key;
-    QString caption;
-    QString toolTip;
-    int slotsAfter;  ///< empty placeholders to the right
-};
-
 }  // namespace
 
 Toolbar::Toolbar(QWidget* parent) : QToolBar(parent) {
-    const ButtonRow rows[] = {
+    // Key, caption, tool tip, empty placeholders to the right.
+    const std::tuple<QString, QString, QString, int> buttons[] = {
         {u"Open"_s, Text::tr("開く"), Text::tr("コード/データファイルを開く"), 0},
         {u"Save"_s, Text::tr("保存"), Text::tr("コード/データファイルを名前をつけて保存"), 1},
         {u"ReLoad"_s, Text::tr("ReLoad"), Text::tr("HEXファイルの再ロード"), 1},
@@ -48,16 +42,16 @@ Toolbar::Toolbar(QWidget* parent) : QToolBar(parent) {
     if (auto* more = findChild<QToolButton*>(u"qt_toolbar_ext_button"_s)) {
         more->setAccessibleName(Text::tr("その他のボタン"));
     }
-    for (const ButtonRow& row : rows) {
-        QAction* action = addAction(QIcon(u":/icons/%1.svg"_s.arg(row.key)), row.caption, this,
-                                    [this, key = row.key] { Q_EMIT ButtonClicked(key); });
+    for (const auto& [key, caption, toolTip, slotsAfter] : buttons) {
+        QAction* action = addAction(QIcon(u":/icons/%1.svg"_s.arg(key)), caption, this,
+                                    [this, name = key] { Q_EMIT ButtonClicked(name); });
         auto* button = static_cast<QToolButton*>(widgetForAction(action));
-        button->setObjectName(row.key);
-        button->setAccessibleName(row.caption);
-        button->setAccessibleDescription(row.toolTip);
-        button->setToolTip(row.toolTip);  // not the action's: that shows the caption when empty
+        button->setObjectName(key);
+        button->setAccessibleName(caption);
+        button->setAccessibleDescription(toolTip);
+        button->setToolTip(toolTip);  // not the action's: that shows the caption when empty
         button->setFocusPolicy(Qt::TabFocus);
-        AddSlots(row.slotsAfter);
+        AddSlots(slotsAfter);
     }
 }
 

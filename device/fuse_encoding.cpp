@@ -2,6 +2,7 @@
 #include "device/fuse_encoding.h"
 
 #include <algorithm>
+#include <span>
 
 namespace tolvex {
 
@@ -24,22 +25,12 @@ constexpr FuseField kFuseFields[] = {
     {FuseGroup::BOD_CKSEL, OptionList::BODLEVEL, 4, 0x01},
 };
 
-/// The lock list's entries as they are written, and as 'F' gives them back from either kind of
-/// chip.
-struct LockRow {
-    std::uint8_t written;
-    std::uint8_t highBits;  ///< of `kHighLockMask`: FSTRT and RCEN chips
-    std::uint8_t lowBits;   ///< of `kLowLockMask`: BOD_CKSEL chips
-};
-
 constexpr std::uint8_t kUnlocked = 0xFF;
-constexpr std::uint8_t kHighLockMask = 0xC0;
-constexpr std::uint8_t kLowLockMask = 0x06;
-constexpr LockRow kLockRows[] = {
-    {0xF9, 0x00, 0x00},
-    {0xFD, 0x40, 0x04},
-    {kUnlocked, 0xC0, 0x06},
-};
+/// The lock list's entries as they are written.
+constexpr std::uint8_t kLockBytes[] = {0xF9, 0xFD, kUnlocked};
+// The bits of them that 'F' gives back: from FSTRT and RCEN chips, and from BOD_CKSEL chips.
+constexpr std::uint8_t kHighLockMask = 0xC0, kHighLockBits[] = {0x00, 0x40, 0xC0};
+constexpr std::uint8_t kLowLockMask = 0x06, kLowLockBits[] = {0x00, 0x04, 0x06};
 
 /// The bits of a fuse byte that no list sets.
 constexpr std::uint8_t FixedFuseBits(FuseGroup group) {
@@ -50,8 +41,8 @@ constexpr std::uint8_t FixedFuseBits(FuseGroup group) {
 
 std::uint8_t EncodeLock(int entry) {
     // Nothing selected must not lock the chip.
-    const bool known = entry >= 0 && entry < static_cast<int>(std::size(kLockRows));
-    return known ? kLockRows[entry].written : kUnlocked;
+    const bool known = entry >= 0 && entry < static_cast<int>(std::size(kLockBytes));
+    return known ? kLockBytes[entry] : kUnlocked;
 }
 
 std::optional<std::uint8_t> EncodeFuses(FuseGroup group, const OptionChoice& options) {
@@ -78,10 +69,10 @@ void DecodeFuses(FuseGroup group, std::uint8_t byte, OptionChoice& options) {
 void DecodeLock(FuseGroup group, std::uint8_t byte, OptionChoice& options) {
     const bool low = group == FuseGroup::BOD_CKSEL;
     const int bits = byte & (low ? kLowLockMask : kHighLockMask);
-    const auto row =
-        std::ranges::find(kLockRows, bits, low ? &LockRow::lowBits : &LockRow::highBits);
-    if (row != std::end(kLockRows)) {
-        options[OptionList::LockBit] = static_cast<int>(row - std::begin(kLockRows));
+    const std::span<const std::uint8_t> entries = low ? kLowLockBits : kHighLockBits;
+    const auto entry = std::ranges::find(entries, bits);
+    if (entry != entries.end()) {
+        options[OptionList::LockBit] = static_cast<int>(entry - entries.begin());
     }
 }
 

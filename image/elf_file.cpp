@@ -26,36 +26,35 @@ struct Table {
     int rowBytes, rows;
 };
 
-/// The content, of which only what is there can be read.
-class ElfReader {
-  public:
-    explicit ElfReader(const QByteArray& content) : content_(content) {}
+bool Holds(const QByteArray& content, qint64 start, qint64 bytes) {
+    return start >= 0 && bytes >= 0 && start + bytes <= content.size();
+}
 
-    bool Holds(qint64 start, qint64 bytes) const {
-        return start >= 0 && bytes >= 0 && start + bytes <= content_.size();
-    }
-    bool Holds(const Table& table) const {
-        return Holds(table.start, static_cast<qint64>(table.rowBytes) * table.rows);
-    }
-    quint16 Half(qint64 at) const { return qFromLittleEndian<quint16>(content_.data() + at); }
-    quint32 Word(qint64 at) const { return qFromLittleEndian<quint32>(content_.data() + at); }
+bool Holds(const QByteArray& content, const Table& table) {
+    return Holds(content, table.start, static_cast<qint64>(table.rowBytes) * table.rows);
+}
 
-    /// Where bytes at `offset` of the file are loaded to: by the segment that they lie in.
-    std::optional<qint64> LoadAddress(const Table& segments, qint64 offset, qint64 bytes) const {
-        for (int i = 0; i < segments.rows; ++i) {
-            const qint64 row = segments.start + i * segments.rowBytes;
-            const qint64 start = Word(row + 4);
-            if (Word(row) == kLoaded && offset >= start &&
-                offset + bytes <= start + Word(row + 16)) {
-                return Word(row + 12) + (offset - start);
-            }
+quint16 Half(const QByteArray& content, qint64 at) {
+    return qFromLittleEndian<quint16>(content.data() + at);
+}
+
+quint32 Word(const QByteArray& content, qint64 at) {
+    return qFromLittleEndian<quint32>(content.data() + at);
+}
+
+/// Where bytes at `offset` of the file are loaded to: by the segment that they lie in.
+std::optional<qint64> LoadAddress(const QByteArray& content, const Table& segments, qint64 offset,
+                                  qint64 bytes) {
+    for (int i = 0; i < segments.rows; ++i) {
+        const qint64 row = segments.start + i * segments.rowBytes;
+        const qint64 start = Word(content, row + 4);
+        if (Word(content, row) == kLoaded && offset >= start &&
+            offset + bytes <= start + Word(content, row + 16)) {
+            return Word(content, row + 12) + (offset - start);
         }
-        return std::nullopt;
     }
-
-  private:
-    const QByteArray& content_;
-};
+    return std::nullopt;
+}
 
 void Add(ElfFile& file, qint64 address, const QByteArray& bytes) {
     if (address < kData) {
@@ -76,34 +75,34 @@ bool IsElf(const QByteArray& content) {
 }
 
 std::optional<ElfFile> ReadElf(const QByteArray& content, ElfFault& fault) {
-    const ElfReader elf(content);
     fault = ElfFault::Broken;
-    if (!IsElf(content) || !elf.Holds(0, kHeaderBytes)) {
+    if (!IsElf(content) || !Holds(content, 0, kHeaderBytes)) {
         return std::nullopt;
     }
-    if (content[4] != k32Bits || content[5] != kLittleEndian || elf.Half(18) != kAvr) {
+    if (content[4] != k32Bits || content[5] != kLittleEndian || Half(content, 18) != kAvr) {
         fault = ElfFault::NotAvr;
         return std::nullopt;
     }
-    if (elf.Half(16) != kExecutable) {
+    if (Half(content, 16) != kExecutable) {
         fault = ElfFault::NotLinked;
         return std::nullopt;
     }
-    const Table segments{elf.Word(28), elf.Half(42), elf.Half(44)};
-    const Table sections{elf.Word(32), elf.Half(46), elf.Half(48)};
+    const Table segments{Word(content, 28), Half(content, 42), Half(content, 44)};
+    const Table sections{Word(content, 32), Half(content, 46), Half(content, 48)};
     if (segments.rowBytes < 32 || sections.rowBytes < 40 || sections.rows == 0 ||
-        !elf.Holds(segments) || !elf.Holds(sections)) {
+        !Holds(content, segments) || !Holds(content, sections)) {
         return std::nullopt;
     }
     ElfFile file;
     for (int i = 0; i < sections.rows; ++i) {
         const qint64 row = sections.start + i * sections.rowBytes;
-        const qint64 offset = elf.Word(row + 16), bytes = elf.Word(row + 20);
-        if ((elf.Word(row + 8) & kAllocated) == 0 || elf.Word(row + 4) == kNoBits || bytes == 0) {
+        const qint64 offset = Word(content, row + 16), bytes = Word(content, row + 20);
+        if ((Word(content, row + 8) & kAllocated) == 0 || Word(content, row + 4) == kNoBits ||
+            bytes == 0) {
             continue;
         }
-        const auto address = elf.LoadAddress(segments, offset, bytes);
-        if (!elf.Holds(offset, bytes) || !address) {
+        const auto address = LoadAddress(content, segments, offset, bytes);
+        if (!Holds(content, offset, bytes) || !address) {
             return std::nullopt;
         }
         Add(file, *address, content.mid(offset, bytes));

@@ -17,38 +17,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct FaultRow {
-    HexFault fault;
-    QStringView name;
-    const char* text;
-};
-
-constexpr FaultRow kFaults[] = {
-    {HexFault::NoColon, u"noColon", QT_TRANSLATE_NOOP("Tolvex", "行頭がコロンではありません。")},
-    {HexFault::LowerCase, u"lowerCase",
+/// Name and text, in the order of `HexFault`.
+constexpr std::pair<QStringView, const char*> kFaults[] = {
+    {u"noColon", QT_TRANSLATE_NOOP("Tolvex", "行頭がコロンではありません。")},
+    {u"lowerCase",
      QT_TRANSLATE_NOOP("Tolvex", "小文字の16進数字があります。大文字だけが使えます。")},
-    {HexFault::Digit, u"digit", QT_TRANSLATE_NOOP("Tolvex", "16進数字ではない文字があります。")},
-    {HexFault::Length, u"length", QT_TRANSLATE_NOOP("Tolvex", "長さがバイト数と合いません。")},
-    {HexFault::Checksum, u"checksum", QT_TRANSLATE_NOOP("Tolvex", "チェックサムが違います。")},
-    {HexFault::UnknownType, u"unknownType",
-     QT_TRANSLATE_NOOP("Tolvex", "知らないレコードタイプです。")},
-    {HexFault::BaseAddress, u"baseAddress",
-     QT_TRANSLATE_NOOP("Tolvex", "0 以外の拡張アドレスには対応していません。")},
-    {HexFault::Overlap, u"overlap",
-     QT_TRANSLATE_NOOP("Tolvex", "前のレコードと同じ番地のデータです。")},
-    {HexFault::OutsideMemory, u"outsideMemory",
-     QT_TRANSLATE_NOOP("Tolvex", "デバイスのメモリの外のデータです。")},
-    {HexFault::EarlyEnd, u"earlyEnd",
-     QT_TRANSLATE_NOOP("Tolvex", "エンドレコードの後に行が続いています。")},
-    {HexFault::MissingEnd, u"missingEnd",
-     QT_TRANSLATE_NOOP("Tolvex", "エンドレコードがありません。")},
+    {u"digit", QT_TRANSLATE_NOOP("Tolvex", "16進数字ではない文字があります。")},
+    {u"length", QT_TRANSLATE_NOOP("Tolvex", "長さがバイト数と合いません。")},
+    {u"checksum", QT_TRANSLATE_NOOP("Tolvex", "チェックサムが違います。")},
+    {u"unknownType", QT_TRANSLATE_NOOP("Tolvex", "知らないレコードタイプです。")},
+    {u"baseAddress", QT_TRANSLATE_NOOP("Tolvex", "0 以外の拡張アドレスには対応していません。")},
+    {u"overlap", QT_TRANSLATE_NOOP("Tolvex", "前のレコードと同じ番地のデータです。")},
+    {u"outsideMemory", QT_TRANSLATE_NOOP("Tolvex", "デバイスのメモリの外のデータです。")},
+    {u"earlyEnd", QT_TRANSLATE_NOOP("Tolvex", "エンドレコードの後に行が続いています。")},
+    {u"missingEnd", QT_TRANSLATE_NOOP("Tolvex", "エンドレコードがありません。")},
 };
-
-const FaultRow& Row(HexFault fault) {
-    const auto row = std::ranges::find(kFaults, fault, &FaultRow::fault);
-    Q_ASSERT(row != std::end(kFaults));
-    return *row;
-}
+static_assert(std::size(kFaults) == static_cast<std::size_t>(HexFault::MissingEnd) + 1);
 
 constexpr int kHeaderBytes = 4;  ///< count, address, type
 constexpr qsizetype kLongestLine = 1 + 2 * (kHeaderBytes + 255 + 1);
@@ -221,11 +205,11 @@ class HexChecker {
 }  // namespace
 
 QStringView HexFaultName(HexFault fault) {
-    return Row(fault).name;
+    return kFaults[static_cast<std::size_t>(fault)].first;
 }
 
 QString HexFindingText(const HexFinding& finding) {
-    QString text = Text::tr(Row(finding.fault).text);
+    QString text = Text::tr(kFaults[static_cast<std::size_t>(finding.fault)].second);
     if (finding.line > 0) {
         text = Text::tr("%1 行目: %2").arg(finding.line).arg(text);
     }
