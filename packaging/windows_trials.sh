@@ -12,10 +12,12 @@ writer_pid=
 start_writer() {  # program option...
     stop_writer
     rm -f "$build/com1" "$build/writer.log"
-    "build/bin/$1" --link "$build/com1" --log "$build/writer.log" --device AT90S2313 "${@:2}" \
-        >/dev/null &
+    "build/bin/$1" --link "$build/com1" --device AT90S2313 "${@:2}" >/dev/null &
     writer_pid=$!
-    until [ -e "$build/com1" ]; do sleep 0.1; done
+    until [ -e "$build/com1" ]; do
+        kill -0 "$writer_pid" || refuse "$1 does not start"
+        sleep 0.1
+    done
 }
 stop_writer() {
     [ -z "$writer_pid" ] || { kill "$writer_pid" && wait "$writer_pid"; } 2>/dev/null || true
@@ -63,7 +65,7 @@ trial_firmware() { trial_chip tolvex-firmware; }
 # Runs `program` on a slow line, and in the middle of it sends a signal to a process.
 interrupt() {  # signal name-of-the-process
     local run began
-    start_writer tolvex-writer --baud 2400
+    start_writer tolvex-writer --log "$build/writer.log" --baud 2400
     start_cli "${port[@]}" program samples/blink.hex &
     run=$!
     until grep -q '^c' "$build/writer.log" 2>/dev/null; do

@@ -6,6 +6,7 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
@@ -107,7 +108,8 @@ TEST_F(HelpWindowTest, OpensAgainAtTheBeginningAndReadsWhatHasChanged) {
     QFile changed(file);
     ASSERT_TRUE(changed.open(QIODevice::WriteOnly) && changed.write("# new\n") && changed.flush());
     changed.setFileTime(QDateTime::currentDateTime().addSecs(9), QFile::FileModificationTime);
-    const QString missing = u"ヘルプファイルを開くことができません。\n"_s + gone;
+    const QString missing =
+        u"ヘルプファイルを開くことができません。\n"_s + QDir::toNativeSeparators(gone);
     for (const auto& [path, shown] :
          {std::pair(file, u"new"_s), {gone, missing}, {file, u"new"_s}}) {
         window.Load(path);
