@@ -126,28 +126,55 @@ trial_names() {
 start_display() {
     need_packages "to try the window" xvfb xdotool imagemagick
     export DISPLAY=:88
+    rm -f /tmp/.X11-unix/X88 /tmp/.X88-lock
     Xvfb $DISPLAY -ac -screen 0 1024x768x24 -nolisten tcp >/dev/null 2>&1 &
     until [ -S /tmp/.X11-unix/X88 ]; do sleep 0.1; done
+    in_wine wineserver -k || true  # the one that runs was started without a display
 }
 picture() { import -window root "$build/$1.png"; }
+press() { xdotool mousemove "$1" "$2" click 1; }
 home=$build/wine/drive_c/users/$(id -un)
 settings=$home/AppData/Roaming/Tolvex/Tolvex.conf
 
+# Opens the sample, programs and verifies it, saves it, and closes the window.
 trial_window() {
-    local second=0
+    local second=0 saved=$build/wine/drive_c/saved.hex
     start_writer tolvex-writer
     start_display
-    rm -rf "$(dirname "$settings")"
+    rm -rf "$(dirname "$settings")" "$saved"
     mkdir -p "$(dirname "$settings")"
     printf '[Settings]\nIndex_First_Flag=1\nIndex_Com_Flag=1\ndevice=2\n' >"$settings"
     in_wine env "LD_PRELOAD=$build/serial_on_pty.so" "TOLVEX_FILE=Z:$PWD/samples/blink.hex" \
         wine "$app/tolvex.exe" &
-    sleep 12
+    timeout 90 xdotool search --sync --onlyvisible --name '^Tolvex Version' >/dev/null ||
+        refuse "no window"
+    sleep 5
     picture opened
+    [ -s "$app/avrhex.txt" ] || refuse "no listing beside the program"
     in_wine timeout 20 wine "$app/tolvex.exe" || second=$?
     [ $second -eq 0 ] || refuse "a second instance does not end"
-    [ -s "$app/avrhex.txt" ] || refuse "no listing beside the program"
+    press 170 78
+    sleep 8
+    picture programmed
+    xdotool key Escape
+    press 260 78
+    sleep 5
+    picture verified
+    xdotool key Escape
+    sleep 1
+    press 56 78
+    sleep 4
+    picture saving
+    xdotool type 'C:\saved.hex'
+    xdotool key Return
+    sleep 3
+    in_wine wine taskkill /im tolvex.exe >/dev/null 2>&1
+    sleep 3
+    tail -n 1 "$saved" | grep -q '^:00000001FF' || refuse "nothing was saved"
     grep -q OPEN_DIR "$settings" || refuse "no settings in %APPDATA%"
+    [ ! -e "$app/avrhex.txt" ] || refuse "the listing is left"
+    build/bin/tolvex-cli --quiet --port "$build/com1" --device AT90S2313 verify samples/blink.hex ||
+        refuse "the window did not program the chip"
 }
 
 unpack_zip() {
@@ -169,7 +196,7 @@ trial_installer() {
     in_wine wine reg query 'HKCU\Software\Classes\.hex\OpenWithProgids' | grep -q Tolvex ||
         refuse "no file association"
     in_wine wine "$installed/tolvex-cli.exe" --version >"$build/said"
-    status=0 expect 0 Tolvex
+    status=0 expect 0 tolvex-cli
     in_wine wine "$installed/uninstall.exe" /S
     sleep 5
     [ ! -e "$installed" ] || refuse "left after uninstalling: $(find "$installed")"
