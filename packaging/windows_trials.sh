@@ -139,7 +139,7 @@ settings=$home/AppData/Roaming/Tolvex/Tolvex.conf
 # Opens the sample, programs and verifies it, saves it, and closes the window.
 trial_window() {
     local second=0 saved=$build/wine/drive_c/saved.hex
-    start_writer tolvex-writer
+    start_writer tolvex-writer --log "$build/writer.log"
     start_display
     rm -rf "$(dirname "$settings")" "$saved"
     mkdir -p "$(dirname "$settings")"

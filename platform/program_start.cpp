@@ -55,8 +55,10 @@ bool SingleInstance::Take() {
     QString host;
     QString program;
     if (lock_.error() == QLockFile::LockFailedError &&
-        !lock_.getLockInfo(&process, &host, &program)) {
-        // Nobody's name in it, as after a power cut. This leaves a file alone that is in use.
+        (!lock_.getLockInfo(&process, &host, &program) ||
+         process == QCoreApplication::applicationPid())) {
+        // Nobody's name in it, as after a power cut, or a killed process's number, which is now
+        // this one's. This leaves a file alone that is in use.
         lock_.removeStaleLockFile();
         lock_.tryLock(0);
     }

@@ -39,17 +39,18 @@ TEST(ProgramFolder, IsEnteredAndComesFirstForTheListings) {
 TEST(SingleInstance, IsFirstUnlessAnotherRuns) {
     QTemporaryDir folder;
     const QString path = folder.filePath(u"tolvex.lock"_s);
-    QByteArray killed;
+    QByteArray killed, reused;  // the number by this process
     {
         const SingleInstance first(path);
         const QByteArray mark = testing::Bytes(path);
         killed = "2147483646" + mark.mid(mark.indexOf('\n'));
+        reused = mark;
         EXPECT_TRUE(first.IsFirst());
         EXPECT_FALSE(SingleInstance(path).IsFirst());
         EXPECT_FALSE(SingleInstance(path).IsFirst()) << "the refused one took the mark away";
     }
     EXPECT_TRUE(SingleInstance(path).IsFirst());
-    for (const QByteArray& left : {killed, QByteArray(), QByteArray("\0\0\0\0", 4)}) {
+    for (const QByteArray& left : {killed, reused, QByteArray(), QByteArray("\0\0\0\0", 4)}) {
         testing::PutFile(path, left);  // the others by a power cut
         EXPECT_TRUE(SingleInstance(path).IsFirst()) << left.toHex().constData();
     }
