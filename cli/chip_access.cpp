@@ -18,8 +18,12 @@ std::optional<QString> ChipAccess::Signature() const {
 
 Status ChipAccess::RequirePort() const {
     if (!p_.port) {
-        return Failure{cause::NoPort,
-                       Text::tr("ポートが選ばれていません。--port で指定してください。")};
+        QStringList lines = {Text::tr("ポートが選ばれていません。--port で指定してください。")};
+        for (const ComPort& port : p_.around.comPorts.Attached()) {
+            lines
+                << u"COM%1  %2  %3"_s.arg(port.number).arg(port.devicePath, port.adapter).trimmed();
+        }
+        return Failure{cause::NoPort, lines.join(u"\n  "_s)};
     }
     return p_.openTrace();
 }

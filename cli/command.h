@@ -31,10 +31,16 @@ struct CliCommand {
     QString summary;
     QList<QCommandLineOption> options;
     Status (*run)(Session& session, const Call& call);
+    /// What the arguments may be, lines for the help; null where the summary says it all.
+    QString (*takes)(const CurrentDevice& device) = nullptr;
 };
 
 /// All commands in the order of the help, in the language that is installed.
 QList<CliCommand> CliCommands();
+
+QString TakesFiles(const CurrentDevice& device);
+QString TakesFuses(const CurrentDevice& device);
+QString TakesLock(const CurrentDevice& device);
 
 Status Detect(Session& session, const Call& call);
 Status Program(Session& session, const Call& call);

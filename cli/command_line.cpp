@@ -20,19 +20,19 @@ constexpr auto kDeviceVariable = "TOLVEX_DEVICE";
 
 QList<QCommandLineOption> CommonOptionList() {
     return {
-        {u"port"_s,
+        {{u"p"_s, u"port"_s},
          Text::tr("ポート番号かデバイスのパス。省略すると環境変数 "
                   "TOLVEX_PORT、なければ保存済みのポート。"),
          u"COM5|PATH"_s},
-        {u"device"_s,
+        {{u"d"_s, u"device"_s},
          Text::tr("デバイス名。省略すると環境変数 TOLVEX_DEVICE、なければ保存済みのデバイス。"),
          u"NAME"_s},
-        {u"json"_s, Text::tr("結果を JSON で出力する。")},
+        {{u"j"_s, u"json"_s}, Text::tr("結果を JSON で出力する。")},
         {u"trace"_s, Text::tr("シリアル通信の全バイトを FILE に記録する。"), u"FILE"_s},
         {u"overwrite"_s, Text::tr("read の出力と --trace で、既にあるファイルを置き換える。")},
-        {u"quiet"_s, Text::tr("経過を表示しない。原因と相違は表示する。")},
+        {{u"q"_s, u"quiet"_s}, Text::tr("経過を表示しない。原因と相違は表示する。")},
         {{u"h"_s, u"help"_s}, Text::tr("この説明を表示する。")},
-        {{u"v"_s, u"version"_s}, Text::tr("バージョンを表示する。")},
+        {{u"V"_s, u"v"_s, u"version"_s}, Text::tr("バージョンを表示する。")},
     };
 }
 
@@ -64,6 +64,8 @@ class CommandLine {
         }
         parser_.addOptions(options);
         const bool understood = parser_.parse(arguments_);
+        json_ = json_ || parser_.isSet(u"json"_s);
+        output_.SetOptions({.json = json_});
         if (parser_.isSet(u"version"_s)) {
             return Answer(report::Version, u"tolvex-cli "_s + product::VersionText());
         }
@@ -88,7 +90,8 @@ class CommandLine {
     std::optional<QString> Empty() const {
         for (const QString& option : parser_.optionNames()) {
             if (parser_.values(option).contains(QString())) {
-                return Text::tr("--%1 の値が空です。").arg(option);
+                return option.size() == 1 ? Text::tr("-%1 の値が空です。").arg(option)
+                                          : Text::tr("--%1 の値が空です。").arg(option);
             }
         }
         return parser_.positionalArguments().contains(QString())
@@ -137,7 +140,38 @@ class CommandLine {
             }
             text += u"\n\n"_s + HelpSection(Text::tr("コマンド:"), rows);
         }
+        if (command_ && command_->takes) {
+            text += u"\n\n"_s + command_->takes(HelpDevice());
+        }
         return text;
+    }
+
+    /// The device that the run would have: whose bits the help lists.
+    const DeviceRecord& HelpDevice() const {
+        const auto named = Find("device", kDeviceVariable);
+        const int stored = static_cast<int>(GetNumber(around_.settings, keys::Device));
+        const auto index =
+            static_cast<std::size_t>((named ? FindDevice(named->value) : stored).value_or(stored));
+        return Catalogue()[index < Catalogue().size() ? index : 0];
+    }
+
+    /// The lists and the check need no port, and a wrong one in the environment is no reason to
+    /// refuse them. A path would stand for a number that the list has to show as it is.
+    bool NeedsPort() const {
+        return command_->run != Check && command_->run != ListPorts && command_->run != ListDevices;
+    }
+
+    /// A run that nobody chose a port for takes the only adapter there is, and tells so.
+    void FindPort(CommonOptions& options) {
+        const QList<ComPort> attached = around_.comPorts.Attached();
+        if (!NeedsPort() || command_->run == BuildWriter || options.port || attached.size() != 1 ||
+            GetNumber(around_.settings, keys::ComNoxChosen) != 0) {
+            return;
+        }
+        const ComPort& port = attached.first();
+        options.port = PortChoice{port.number, false};
+        output_.Tell(Text::tr("ポートは選ばれていません。つながっているものを使います: %1")
+                         .arg(ChosenPort{port.number, port.devicePath, false}.Name()));
     }
 
     ExitStatus RunCommand() {
@@ -145,17 +179,19 @@ class CommandLine {
         if (words.size() < command_->least || words.size() > command_->most) {
             return Refuse(Text::tr("使い方: tolvex-cli %1").arg(Usage(*command_)));
         }
-        const auto options = ReadOptions((command_->run == Read && words.contains(u"-"_s)) ||
-                                         (command_->run == Dump && !json_));
-        if (!options) {
-            return Refuse(options.Failed().text);
+        const auto read = ReadOptions((command_->run == Read && words.contains(u"-"_s)) ||
+                                      (command_->run == Dump && !json_));
+        if (!read) {
+            return Refuse(read.Failed().text);
         }
-        output_.SetOptions(*options);
-        if (options->trace && IsNamed(*options->trace, words)) {
+        CommonOptions options = *read;
+        output_.SetOptions(options);
+        if (options.trace && IsNamed(*options.trace, words)) {
             return Refuse(
-                Text::tr("--trace のファイルが、ほかの引数と同じです: %1").arg(*options->trace));
+                Text::tr("--trace のファイルが、ほかの引数と同じです: %1").arg(*options.trace));
         }
-        Session session(around_, *options, output_);
+        FindPort(options);
+        Session session(around_, options, output_);
         return session.Finish(command_->run(session, {words, parser_}));
     }
 
@@ -191,11 +227,7 @@ class CommandLine {
             options.trace = parser_.value(u"trace"_s);
         }
         options.overwrite = parser_.isSet(u"overwrite"_s);
-        // The lists and the check need no port, and a wrong one in the environment is no reason to
-        // refuse them. A path would stand for a number that the list has to show as it is.
-        const bool needsPort =
-            command_->run != Check && command_->run != ListPorts && command_->run != ListDevices;
-        if (const auto port = needsPort ? Find("port", kPortVariable) : std::nullopt) {
+        if (const auto port = NeedsPort() ? Find("port", kPortVariable) : std::nullopt) {
             options.port = around_.comPorts.Choose(port->value);
             if (!options.port) {
                 return Wrong(Text::tr("%1: ポートは COM1 から COM20 か、デバイスのパスです: %2")

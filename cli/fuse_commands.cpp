@@ -242,6 +242,22 @@ Status WriteBits(Session& session, const OptionChoice& choice) {
 
 }  // namespace
 
+QString TakesFuses(const CurrentDevice& device) {
+    return IsReadable(device)
+               ? Text::tr("%1 で指定できるビット:").arg(PartNumber(device.name)) + u'\n' +
+                     Offer(device)
+               : Text::tr("%1 にヒューズはありません。ロックビットは lock で書きます。")
+                     .arg(PartNumber(device.name));
+}
+
+QString TakesLock(const CurrentDevice&) {
+    return Text::tr(
+        "MODE:\n"
+        "  full   書き込みもベリファイもできなくする\n"
+        "  write  書き込みをできなくする\n"
+        "  none   ロックしない（ロックを外せるのは消去だけ）");
+}
+
 Status Fuses(Session& session, const Call& call) {
     const CurrentDevice& device = session.access.Device();
     OptionChoice choice;

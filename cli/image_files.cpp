@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <vector>
 
+#include "base/command_line_help.h"
 #include "base/system_cause.h"
 #include "base/text.h"
 #include "image/hex_writer.h"
@@ -182,6 +183,15 @@ bool IsSameFile(const QString& one, const QString& other) {
     return QFileInfo(one).absoluteFilePath() == QFileInfo(other).absoluteFilePath() ||
            std::filesystem::equivalent(QFile::encodeName(one).toStdString(),
                                        QFile::encodeName(other).toStdString(), none);
+}
+
+QString TakesFiles(const CurrentDevice&) {
+    return HelpParagraph(Text::tr(
+               "CODE は Flash、DATA は EEPROM のファイルです。DATA を省略すると、CODE の隣の .eep "
+               "か、ELF ファイルの .eeprom を使います。- は標準入力か標準出力です。")) +
+           u'\n' +
+           HelpParagraph(Text::tr("読めるもの: Intel HEX、S レコード、AVR 用の ELF（内容で判断）。"
+                                  "バイナリは --format bin で指定します。"));
 }
 
 Result<Memories> ChooseMemories(const Call& call) {

@@ -74,7 +74,8 @@ std::optional<int> FindDevice(const QString& text) {
     for (std::size_t index = 0; index < rows.size(); ++index) {
         const QString& name = rows[index].name;
         if (name == text || ShownName(rows[index]) == text ||
-            PartNumber(name).compare(text, Qt::CaseInsensitive) == 0) {
+            PartNumber(name).compare(text, Qt::CaseInsensitive) == 0 ||
+            PartNumber(name).compare(u"AT90S"_s + text, Qt::CaseInsensitive) == 0) {
             return static_cast<int>(index);
         }
     }

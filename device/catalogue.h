@@ -20,7 +20,8 @@ QString ShownName(const DeviceRecord& device);
 QString PartNumber(const QString& catalogueName);
 /// The part number of the chip with this signature; nothing when the catalogue has none.
 std::optional<QString> PartOf(const Signature& signature);
-/// The entry of the device list that `text` names, whole or by its part number, in either case.
+/// The entry of the device list that `text` names: whole, by its part number or by what stands
+/// behind "AT90S" in it ("2313", "1200A"), in either case.
 std::optional<int> FindDevice(const QString& text);
 
 /// A list of the lock and fuse area.

@@ -39,6 +39,11 @@ foreach(program IN ITEMS tolvex-cli tolvex-writer)
     RENAME ${program})
 endforeach()
 
+install(FILES zsh_completion DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions
+  RENAME _tolvex-cli)
+install(FILES fish_completion DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d
+  RENAME tolvex-cli.fish)
+
 install(FILES desktop/tolvex.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES desktop/example.tolvex.Tolvex.metainfo.xml
   DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)

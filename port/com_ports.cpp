@@ -3,7 +3,6 @@
 
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QSerialPortInfo>
 
 #include "port/serial_device.h"
 
@@ -20,7 +19,8 @@ QString AdapterName(const QSerialPortInfo& info) {
 
 }  // namespace
 
-ComPorts::ComPorts(const QString& configFolder) : linkFolder_(PortLinkFolder(configFolder)) {}
+ComPorts::ComPorts(const QString& configFolder, Lister attached)
+    : linkFolder_(PortLinkFolder(configFolder)), attached_(std::move(attached)) {}
 
 QString ComPorts::DevicePath(int number) const {
     if (number < 1 || number > kComPortCount) {
@@ -61,7 +61,7 @@ std::optional<PortChoice> ComPorts::Choose(const QString& text) {
 }
 
 QList<ComPort> ComPorts::All() const {
-    const QList<QSerialPortInfo> attached = QSerialPortInfo::availablePorts();
+    const QList<QSerialPortInfo> attached = attached_();
     QList<ComPort> ports;
     for (int number = 1; number <= kComPortCount; ++number) {
         ComPort port{number, DevicePath(number), false, {}};
@@ -75,6 +75,19 @@ QList<ComPort> ComPorts::All() const {
             }
         }
         ports << port;
+    }
+    return ports;
+}
+
+QList<ComPort> ComPorts::Attached() const {
+    QList<ComPort> ports;
+    QStringList devices;
+    for (const ComPort& port : All()) {
+        const QString device = QFileInfo(port.devicePath).canonicalFilePath();
+        if (port.present && (device.isEmpty() || !devices.contains(device))) {
+            ports << port;
+            devices << device;
+        }
     }
     return ports;
 }

@@ -3,7 +3,9 @@
 
 #include <QList>
 #include <QMap>
+#include <QSerialPortInfo>
 #include <QString>
+#include <functional>
 #include <optional>
 
 #include "base/serial_port.h"
@@ -30,8 +32,12 @@ struct PortChoice {
 /// the order of their names, the serial devices that are attached.
 class ComPorts {
   public:
-    /// `configFolder` may be missing, and may end in a separator or not.
-    explicit ComPorts(const QString& configFolder);
+    using Lister = std::function<QList<QSerialPortInfo>()>;
+
+    /// `configFolder` may be missing, and may end in a separator or not. `attached` lists the
+    /// serial ports that the system has.
+    explicit ComPorts(const QString& configFolder,
+                      Lister attached = QSerialPortInfo::availablePorts);
 
     /// The path to open, looked up anew each time. A dangling link is still the answer: opening it
     /// then fails, instead of reaching a device that the user did not mean. Empty for a number
@@ -50,9 +56,12 @@ class ComPorts {
 
     /// All twenty, in order.
     QList<ComPort> All() const;
+    /// Those at which something is attached, each device once.
+    QList<ComPort> Attached() const;
 
   private:
     std::optional<QString> linkFolder_;
+    Lister attached_;
     QMap<int, QString> assigned_;
 };
 

@@ -80,6 +80,14 @@
         <translation>%1 Flash %2 words  EEPROM %3 bytes  %4</translation>
     </message>
     <message>
+        <source>%1 で指定できるビット:</source>
+        <translation>The bits of %1:</translation>
+    </message>
+    <message>
+        <source>%1 にヒューズはありません。ロックビットは lock で書きます。</source>
+        <translation>%1 has no fuses. Its lock bits are written with lock.</translation>
+    </message>
+    <message>
         <source>%1 のオープンに失敗しました。<byte value="xd"/>ポート番号を再設定してください。</source>
         <translation>%1 could not be opened.<byte value="xd"/>Please choose another port.</translation>
     </message>
@@ -198,6 +206,10 @@
     <message>
         <source>&quot;device&quot; が知らないチップです</source>
         <translation>&quot;device&quot; names no known chip</translation>
+    </message>
+    <message>
+        <source>-%1 の値が空です。</source>
+        <translation>The value of -%1 is empty.</translation>
     </message>
     <message>
         <source>--%1 が二度指定されています</source>
@@ -390,6 +402,10 @@
     <message>
         <source>CODE と DATA が同じファイルです: %1</source>
         <translation>CODE and DATA are the same file: %1</translation>
+    </message>
+    <message>
+        <source>CODE は Flash、DATA は EEPROM のファイルです。DATA を省略すると、CODE の隣の .eep か、ELF ファイルの .eeprom を使います。- は標準入力か標準出力です。</source>
+        <translation>CODE is a file for the Flash, DATA one for the EEPROM. Without DATA the .eep beside CODE counts, or the .eeprom of an ELF file. - is the standard input or output.</translation>
     </message>
     <message>
         <source>COM ポートの一覧を表示する。</source>
@@ -708,6 +724,16 @@ avr-objcopy -O ihex INPUT OUTPUT.hex makes a HEX file of other kinds. If it is a
     <message>
         <source>MODE は full、write、none のどれかです: %1</source>
         <translation>MODE is full, write or none, not: %1</translation>
+    </message>
+    <message>
+        <source>MODE:
+  full   書き込みもベリファイもできなくする
+  write  書き込みをできなくする
+  none   ロックしない（ロックを外せるのは消去だけ）</source>
+        <translation>MODE:
+  full   the chip can neither be written nor verified any more
+  write  the chip can&apos;t be written any more
+  none   no lock (only an erase takes one away)</translation>
     </message>
     <message>
         <source>N 個で終わる。省略すると Ctrl-C まで続ける。</source>
@@ -1564,6 +1590,10 @@ If it is new, erase the chip first.</translation>
         <translation>No port is chosen. Name one with --port.</translation>
     </message>
     <message>
+        <source>ポートは選ばれていません。つながっているものを使います: %1</source>
+        <translation>No port was chosen; the one that is attached is used: %1</translation>
+    </message>
+    <message>
         <source>ポートは開けますが、ライタが応答しません。電源とケーブルを確認してください。自作のライタなら、ファームウエアを書き込んだか、RESET に 10 µF のコンデンサがあるかも確認してください。</source>
         <translation>The port opens, but the writer does not answer. Check its power and the cable. If you built the writer yourself, check also that the firmware is in it and that there are 10 µF at RESET.</translation>
     </message>
@@ -2142,6 +2172,10 @@ Possible are:
     <message>
         <source>読めないファイルがあります。</source>
         <translation>Not every file can be read.</translation>
+    </message>
+    <message>
+        <source>読めるもの: Intel HEX、S レコード、AVR 用の ELF（内容で判断）。バイナリは --format bin で指定します。</source>
+        <translation>What is read: Intel HEX, S-records and ELF for AVRs, told by their content; raw binary with --format bin.</translation>
     </message>
     <message>
         <source>赤線：CN1から8pinソケットへの結線。青線：CN1から追加した28pinソケットへの結線。</source>

@@ -103,7 +103,7 @@ class CliBench : public Surroundings {
         return Path(name);
     }
 
-    ComPorts comPorts{folder.path()};
+    ComPorts comPorts{folder.path(), [] { return QList<QSerialPortInfo>(); }};
     int columns = 0;  ///< of the terminal
     /// Also the place to meddle with the board while a command runs.
     std::function<int()> signal = [] { return 0; };

@@ -7,6 +7,7 @@
 
 #include "base/language.h"
 #include "cli/command.h"
+#include "device/catalogue.h"
 #include "tests/cli/cli_bench.h"
 
 namespace tolvex::testing {
@@ -16,29 +17,78 @@ QString Source(const QString& path) {
     return QString::fromUtf8(Bytes(QStringLiteral(TOLVEX_SOURCE_DIR "/") + path));
 }
 
-/// Help, manual, page and completion name every command and option.
+/// Help, manual, page and completions name every command and option, and every chip.
 TEST(CommandLine, IsExplainedWholeEverywhere) {
     CliBench b;
     EXPECT_EQ(b.Outcome("--help"), "0");
     const QString overview = b.Json()["help"_L1].toString();
-    const QString manual = Source(u"docs/man/tolvex.scd"_s), page = Source(u"docs/cli.md"_s);
-    const QString completion = Source(u"packaging/bash_completion"_s);
+    const QString page = Source(u"docs/cli.md"_s), bash = Source(u"packaging/bash_completion"_s),
+                  zsh = Source(u"packaging/zsh_completion"_s),
+                  fish = Source(u"packaging/fish_completion"_s);
+    const QStringList manuals = {Source(u"docs/man/tolvex.scd"_s),
+                                 Source(u"docs/man/tolvex.ja.scd"_s)};
+    QStringList names;
     for (const CliCommand& command : CliCommands()) {
         SCOPED_TRACE(command.name.toStdString());
+        names << command.name;
         EXPECT_EQ(b.Run({command.name, u"--help"_s}), ExitStatus::Done);
         EXPECT_TRUE(b.Out().contains((command.name + u' ' + command.arguments).trimmed()));
         EXPECT_TRUE(overview.contains(u"\n  "_s + command.name) &&
                     page.contains(u'`' + command.name));
         QString options;
         for (const QCommandLineOption& option : command.options) {
-            options += u" --"_s + option.names().first();
-            EXPECT_TRUE(b.Out().contains(u"--"_s + option.names().first()));
-            EXPECT_TRUE(manual.contains(u"\n*--%1*"_s.arg(option.names().first())));
+            const QString name = option.names().first();
+            options += u" --"_s + name;
+            EXPECT_TRUE(b.Out().contains(u"--"_s + name));
+            EXPECT_TRUE(manuals.filter(u"\n*--%1*"_s.arg(name)).size() == 2 &&
+                        zsh.contains(u"--"_s + name) && fish.contains(u" -l %1"_s.arg(name)))
+                << name.toStdString();
         }
         EXPECT_TRUE(options.isEmpty() ||
-                    completion.contains(u" %1) options+=\"%2\""_s.arg(command.name, options)));
-        EXPECT_TRUE(manual.contains(u"\n*%1*"_s.arg(command.name)));
+                    bash.contains(u" %1) options+=\"%2\""_s.arg(command.name, options)));
+        EXPECT_EQ(manuals.filter(u"\n*%1*"_s.arg(command.name)).size(), 2);
     }
+    for (const QString& completion : {bash, zsh, fish}) {
+        EXPECT_TRUE(
+            QString(completion).replace(u"\\\n"_s, u" "_s).simplified().contains(names.join(u' ')));
+    }
+    QStringList chips;
+    for (const DeviceRecord& device : Catalogue()) {
+        chips << PartNumber(device.name);
+        const QString digits = chips.last().mid(5);
+        b.Run({u"build-writer"_s, u"-jd"_s, digits});
+        EXPECT_EQ(b.Json()["wiring"_L1].toArray().size(), 7) << digits.toStdString();
+        EXPECT_TRUE(Source(u"docs/build-a-writer.md"_s).contains(digits.left(4)));
+        for (const char* pages : {"docs/manual.md", "docs/manual.en.md"}) {
+            EXPECT_TRUE(Source(QString::fromLatin1(pages)).contains(chips.last())) << pages;
+        }
+    }
+    for (const QString& list : QStringList{bash, zsh, fish} + manuals) {
+        EXPECT_TRUE(
+            QString(list).remove(u'\\').remove(u',').simplified().contains(chips.join(u' ')));
+    }
+}
+
+TEST(CommandLine, HelpsWithTheBitsOfTheDevice) {
+    CliBench b;
+    EXPECT_EQ(b.Run("-d 2343 fuses --help"), ExitStatus::Done);
+    EXPECT_TRUE(b.Out().endsWith(
+        u"AT90S2343 で指定できるビット:\n  RCEN = Enable | Disable\n  LOCK = full | write | none\n"_s))
+        << b.Out().toStdString();
+}
+
+/// Nobody has chosen a port: the only one at which something is attached is taken.
+TEST(CommandLine, TakesTheOnlyPortThereIs) {
+    CliBench b;
+    b.settings.values.remove(u"ComNox"_s);
+    QDir(b.Path({})).mkdir(u"ports"_s);
+    QFile::link(u"/dev/null"_s, b.Path(u"ports/com7"_s));
+    EXPECT_EQ(b.Run("detect"), ExitStatus::Done) << b.Err().toStdString();
+    EXPECT_TRUE(b.Out().contains(u"つながっているものを使います: COM7 ("_s) &&
+                b.port.PortNumber() == 7);
+    QFile::link(u"/dev/zero"_s, b.Path(u"ports/com9"_s));
+    EXPECT_EQ(b.Outcome("detect"), "2 noPort");
+    EXPECT_TRUE(b.Err().contains(u"\n  COM7  "_s) && b.Err().contains(u"\n  COM9  "_s));
 }
 
 /// A shell's variable that is not set never means "none".
@@ -67,7 +117,7 @@ TEST(CommandLine, SpeaksEnglishWhereItIsInstalled) {
     EXPECT_EQ(b.Run("devices --help"), ExitStatus::Done);
     EXPECT_TRUE(
         b.Out().startsWith(u"Usage: tolvex-cli [options] devices\nList the devices.\n\n"
-                           "Options:\n  --port <COM5|PATH>  The port: a COM number"_s))
+                           "Options:\n  -p, --port <COM5|PATH>  The port: a COM number"_s))
         << b.Out().toStdString();
     EXPECT_EQ(b.Outcome("verify @a.hex"), "1 differs");
     EXPECT_EQ(b.Json()["error"_L1]["message"_L1].toString(), u"The chip differs in 5 places."_s);
@@ -85,6 +135,7 @@ TEST(CommandLine, ChoosesPortAndDevice) {
         {"--port=20", "", "", "20 20 COM20 AT90S2313"},
         {"", "/a/board", "", "1 0 /a/board AT90S2313"},
         {"--port /a/board", "", "", "1 0 /a/board AT90S2313"},
+        {"-d 8515 -p COM3", "", "", "3 3 COM3 AT90S8515"},
         {"--device at90s1200a", "", "AT90S8515", "1 1 COM1 AT90S1200A"},
         {"", "", "at90s8515", "1 1 COM1 AT90S8515"},
         {"--device AT90S1200~(外部ｸﾛｯｸ)", "", "", "1 1 COM1 AT90S1200"},
