@@ -53,7 +53,7 @@ TEST(MainWindow, BarsStandAsTheUserReadsThem) {
     b.window.SetStatusText(1, text);
     b.window.Panels().show();
     EXPECT_TRUE(first->text().endsWith(u'…') && first->toolTip() == text);
-    EXPECT_LE(first->fontMetrics().horizontalAdvance(first->text()), first->width() - 8);
+    EXPECT_LE(first->fontMetrics().horizontalAdvance(first->text()), first->width() - 7);
     b.window.SetStatusText(1, u"短い"_s);
     EXPECT_TRUE(first->toolTip().isEmpty() && first->accessibleName() == u"短い" &&
                 first->textFormat() == Qt::PlainText);

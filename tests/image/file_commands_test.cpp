@@ -184,7 +184,8 @@ TEST(FileCommands, OpeningLeavesBehind) {
             b.Do(step);
         }
         EXPECT_EQ(b.Met(), met) << left.toStdString();
-        EXPECT_EQ(b.Left(), left);
+        const bool anyCase = QFile::exists(b.Path(u"b.eep"_s));  // for this file system, B.EEP
+        EXPECT_EQ(anyCase ? b.Left().toUpper() : b.Left(), anyCase ? left.toUpper() : left);
         EXPECT_FALSE(b.state.names.ReloadFlag);
     }
 }
