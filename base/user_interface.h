@@ -76,6 +76,8 @@ class UserInterface : public Dialogs {
     virtual void ShowPatchPanel() = 0;
     /// Opens the port dialog and returns when it is closed.
     virtual void ShowPortDialog() = 0;
+    /// What the user is told when no writer answers; nothing = what leads into the windows' menus.
+    virtual std::optional<QString> NoWriterText() const { return std::nullopt; }
     /// The main window's caption, the title of one box.
     virtual QString MainCaption() const = 0;
     /// Called now and then while a long file is read; false gives the read up.

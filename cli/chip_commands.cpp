@@ -85,9 +85,9 @@ Status Detect(Session& session, const Call&) {
     session.output.Print(Text::tr("ファームウエア: %1").arg(writer.softwareVersion));
     session.output.Print(Text::tr("ハードウエア: %1").arg(writer.hardwareVersion));
     session.output.Print(Text::tr("シグネチャ: %1 (%2)").arg(*access.Signature(), part));
-    session.output.Print(
-        Text::tr("デバイス: %1 (%2)")
-            .arg(access.Device().name, match ? Text::tr("一致") : Text::tr("不一致")));
+    session.output.Print(Text::tr("デバイス: %1 (%2)")
+                             .arg(Text::tr(access.Device().name.toUtf8()),
+                                  match ? Text::tr("一致") : Text::tr("不一致")));
     return access.RequireReadablePart(false);
 }
 

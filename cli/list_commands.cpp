@@ -149,12 +149,13 @@ Status ListDevices(Session& session, const Call&) {
         const QString part = PartNumber(record.name);
         const QStringList names = FuseNames(record.fuseGroup);
         const QString fuses = names.join(u' ');
-        session.output.Print(Text::tr("%1 Flash %2 word  EEPROM %3 byte  %4")
-                                 .arg(part.leftJustified(11))
-                                 .arg(record.flashWords, 4)
-                                 .arg(record.eepromBytes, 3)
-                                 .arg(record.name == part ? fuses : record.name + u' ' + fuses)
-                                 .trimmed());
+        session.output.Print(
+            Text::tr("%1 Flash %2 word  EEPROM %3 byte  %4")
+                .arg(part.leftJustified(11))
+                .arg(record.flashWords, 4)
+                .arg(record.eepromBytes, 3)
+                .arg(record.name == part ? fuses : ShownName(record) + u' ' + fuses)
+                .trimmed());
         devices << QJsonObject{{u"name"_s, part},
                                {u"code"_s, record.deviceCode},
                                {u"flashWords"_s, record.flashWords},

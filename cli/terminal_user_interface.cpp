@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "cli/terminal_user_interface.h"
 
+#include "base/text.h"
+
 namespace tolvex {
 
 using namespace Qt::StringLiterals;
@@ -23,6 +25,10 @@ void TerminalUserInterface::SetProgress(bool on, double minimum, double value, d
     if (on && !record_.Unwinding()) {
         output_.StepProgress(minimum, value, maximum);
     }
+}
+
+std::optional<QString> TerminalUserInterface::NoWriterText() const {
+    return Text::tr("ライタと通信ができませんでした。\nPCとライタの接続を確認して下さい。");
 }
 
 /// A text that is shown in two places is said once, and so is a failure that repeats itself.

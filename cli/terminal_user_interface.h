@@ -47,6 +47,7 @@ class TerminalUserInterface : public UserInterface {
     void ShowSettings() override {}
     void ShowPatchPanel() override {}
     void ShowPortDialog() override {}
+    std::optional<QString> NoWriterText() const override;
     QString MainCaption() const override { return QStringLiteral("tolvex-cli"); }
     bool ContinueReading() override { return true; }
 

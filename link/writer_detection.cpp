@@ -47,10 +47,11 @@ void ReportSuccess(const LinkContext& link, const DetectionResult& result) {
 
 void ReportFailure(const LinkContext& link, const QString& statusText) {
     link.connection.ClosePort();
-    link.ui.ShowMessage(MessageKind::Failure,
-                        Text::tr("ライタと通信ができませんでした。\r\n"
-                                 "PCとライタの接続を確認後、メニューバーの\r\n"
-                                 "[通信チェック] [COMポート選択]を実行して下さい。\r\n"));
+    const QString inMenus = Text::tr(
+        "ライタと通信ができませんでした。\r\n"
+        "PCとライタの接続を確認後、メニューバーの\r\n"
+        "[通信チェック] [COMポート選択]を実行して下さい。\r\n");
+    link.ui.ShowMessage(MessageKind::Failure, link.ui.NoWriterText().value_or(inMenus));
     // Replaces the failing command's own text.
     link.ui.SetStatusText(kMessagePanel, statusText, MessageKind::Failure);
 }

@@ -47,11 +47,6 @@ QString Reason(QSerialPort::SerialPortError error) {
             return Text::tr("見つかりません");
         case QSerialPort::PermissionError:
             return Text::tr("使用中か、使う権限がありません");
-        case QSerialPort::NoError:
-        case QSerialPort::ResourceError:
-        case QSerialPort::ReadError:
-        case QSerialPort::WriteError:
-            return Text::tr("接続が切れました");
         default:
             return Text::tr("シリアルポートとして使えません");
     }
@@ -97,13 +92,13 @@ bool QtSerialPort::Open() {
     ApplySettings();
     busy_ = false;
     if (!port_->open(QIODevice::ReadWrite) && !OpenPastStaleLockFile(*port_)) {
-        SetLastError(Reason(port_->error()));
+        lastError_ = Reason(port_->error());
         // Qt's word for a busy device, for a lock file, and for a device without permission.
         busy_ = port_->error() == QSerialPort::PermissionError;
         return false;
     }
     if (!LockDevice(port_->handle())) {
-        SetLastError(Text::tr("ほかのプログラムが使っています"));
+        lastError_ = Text::tr("ほかのプログラムが使っています");
         busy_ = true;
         port_->close();
         return false;
@@ -149,10 +144,6 @@ void QtSerialPort::FetchInput() {
     }
 }
 
-void QtSerialPort::SetLastError(const QString& reason) {
-    lastError_ = u"%1: %2"_s.arg(port_->portName(), reason);
-}
-
 void QtSerialPort::NoticeError(int error) {
     if (open_ && IsFatal(static_cast<QSerialPort::SerialPortError>(error), *port_)) {
         LoseLine();
@@ -163,7 +154,7 @@ void QtSerialPort::NoticeError(int error) {
 /// here on, and the event loop closes the device itself. That can't wait until somebody calls
 /// `Close`: a hung-up device wakes the event loop without pause.
 void QtSerialPort::LoseLine() {
-    SetLastError(Reason(port_->error()));
+    lastError_ = Text::tr("接続が切れました");
     open_ = false;
     input_.clear();
     const auto closeUnlessReopened = [this] {

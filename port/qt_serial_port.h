@@ -35,7 +35,7 @@ class QtSerialPort : public SerialPort {
     bool Write(QByteArrayView bytes) override;
     QByteArray ReadAll() override { return std::exchange(input_, {}); }
 
-    /// What failed last, for logs: device path and reason. Empty before any failure.
+    /// Why opening failed, or the line was lost, without a full stop. Empty before any failure.
     QString LastError() const { return lastError_; }
     /// The last opening failed because another program has the device or its lock.
     bool IsBusy() const { return busy_; }
@@ -48,7 +48,6 @@ class QtSerialPort : public SerialPort {
     void SendHeld();
     void NoticeError(int error);
     void LoseLine();
-    void SetLastError(const QString& reason);
 
     const ComPorts& ports_;
     int number_ = 1;

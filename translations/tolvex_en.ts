@@ -485,7 +485,7 @@
     </message>
     <message>
         <source>EEPROM を読んでいます</source>
-        <translation>Reading EEPROM</translation>
+        <translation>Reading the EEPROM...</translation>
     </message>
     <message>
         <source>EEPROM アドレスが範囲を超えています．</source>
@@ -569,7 +569,7 @@
     </message>
     <message>
         <source>Flash メモリを読んでいます</source>
-        <translation>Reading Flash memory</translation>
+        <translation>Reading the Flash...</translation>
     </message>
     <message>
         <source>Flashメモリ ライト失敗</source>
@@ -1648,6 +1648,12 @@ If it is new, erase the chip first.</translation>
     <message>
         <source>ライタとチップを調べる。</source>
         <translation>Find the writer and the chip.</translation>
+    </message>
+    <message>
+        <source>ライタと通信ができませんでした。
+PCとライタの接続を確認して下さい。</source>
+        <translation>There is no communication with the writer.
+Check its connection to the PC.</translation>
     </message>
     <message>
         <source>ライタと通信ができませんでした。(Command_S)</source>
