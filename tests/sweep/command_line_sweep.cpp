@@ -46,7 +46,11 @@ const struct Case {
     {0, "program @a.hex --keep-eeprom", kSame, {kCode}},
     {0, "program @a.eep --only eeprom", kSame, {{}, kData}},
     {0, "program @a.hex", {.lock = 0xF9}, {.flash = kCode, .eeprom = kData, .lock = 0xFF}},
+    {0, "program @a.hex --if-different", kSame, kBoth},
+    {0, "program @a.hex --if-different", kBoth, kSame},
     {0, "program @blank.hex", kSame, kBlank},
+    {0, "blank", kBlank, kSame},
+    {0, "dump --only eeprom", kSame, kSame, true},
     {0, "verify @a.hex", kBoth, kSame},
     {0, "verify @a.eep --only eeprom", kBoth, kSame},
     {0, "verify @blank.hex", kBlank, kSame},
@@ -214,6 +218,8 @@ QList<Rule> Judge(const World& w, const World& calm, int exchange, int trouble, 
     const bool needed = wantedCode && !signalled &&
                         !w.letters.value(exchange - 1).startsWith(u's') && !w.chip->ReadLocked() &&
                         (w.before.lock == 0xFF || exchange > calm.letters.indexOf(u"e"_s));
+    // What a comparison took for a difference is written anew.
+    const bool anew = line.endsWith("--if-different") && written["erased"_L1].toBool();
     // A command cut in two swallows the L as its end.
     const bool may =
         code == u"lineLost" || trouble == RefusedRest || errors.contains(u"モードのまま"_s);
@@ -222,7 +228,7 @@ QList<Rule> Judge(const World& w, const World& calm, int exchange, int trouble, 
         {"a success is one", !done || taken},
         {"a success has reached the chip", !done || !Missed(calm, exchange, trouble)},
         {"a lost reply is none", !done || !needed},
-        {"a success has done and looked at everything", !done || w.Deeds() == calm.Deeds()},
+        {"a success has done and looked at everything", !done || anew || w.Deeds() == calm.Deeds()},
         {"it knows the part", !done || unproven || json.value("part"_L1) == wanted.value("part"_L1)},
         {"it shows the bits", !done || unproven || json.value("options"_L1) == wanted.value("options"_L1)},
         {"files are whole, old or new", unproven || w.Files() == (done ? calm.Files() : w.old)},
