@@ -19,12 +19,14 @@ TEST(DetectCommand, ShowsWriterAndChip) {
 
 /// Every chip is known by its own three bytes, and by no other's.
 TEST(DetectCommand, NamesThePartInTheSocket) {
-    for (int chip = 0; chip < 10; ++chip) {
+    const auto count = static_cast<int>(Catalogue().size());
+    ASSERT_EQ(ChipModels().size(), Catalogue().size());
+    for (int chip = 0; chip < count; ++chip) {
         CliBench b(chip);
         EXPECT_EQ(b.Outcome("detect"), "0") << chip;
         EXPECT_EQ(b.Json()["part"_L1].toString(),
                   chip == 1 ? u"AT90S1200"_s : b.Json()["device"_L1].toString());
-        Insert(QByteArray::number((chip + 2) % 10).constData())(b);
+        Insert(QByteArray::number((chip + 2) % count).constData())(b);
         EXPECT_EQ(b.Outcome("detect"), "1 wrongChip");
         b.board = SimulatedWriter(b.chip.get(), u"3.5"_s);
         EXPECT_EQ(b.Run("detect --quiet"), ExitStatus::Done);

@@ -3,14 +3,16 @@
 // not confirm; and whatever the line and the socket do to it, it does no chip any harm.
 #include <random>
 
+#include "device/catalogue.h"
 #include "tests/firmware/firmware_bench.h"
 #include "writer/simulated_writer.h"
 
 namespace tolvex::testing {
 namespace {
 
-/// A chip's type code.
-constexpr char kTypes[] = "\x11\x11\x21\x11\x22\x11\x21\x22\x21\x22";
+char TypeOf(std::size_t chip) {
+    return static_cast<char>(Catalogue()[chip].deviceCode);
+}
 
 QByteArray SelectType(char type) {
     return QByteArray("T") + type + '\0';
@@ -52,13 +54,13 @@ bool Took(const SimulatedChip& chip, int address, const QByteArray& command) {
 
 TEST(FirmwareReplies, AreThoseOfTheSimulatedBoard) {
     static const int kCommandsPerChip = qEnvironmentVariableIntValue("TOLVEX_RANDOM_COMMANDS");
-    for (int index = 0; index < 10; ++index) {
-        const ChipModel& model = *FindChipModel(QString::number(index));
+    for (std::size_t index = 0; index < ChipModels().size(); ++index) {
+        const ChipModel& model = ChipModels()[index];
         SimulatedChip chip(model), otherChip(model);
         FirmwareSocket real(&chip);
         SimulatedWriter board(&otherChip);
         std::mt19937 random(static_cast<unsigned>(index));
-        QByteArray command = SelectType(kTypes[index]);
+        QByteArray command = SelectType(TypeOf(index));
         const int most = std::max(500, kCommandsPerChip);
         for (int count = 0; count < most && !::testing::Test::HasFailure(); ++count) {
             const int address = board.Address();
@@ -72,7 +74,7 @@ TEST(FirmwareReplies, AreThoseOfTheSimulatedBoard) {
                 << qUtf8Printable(model.name.toString()) << ", command " << count << ": "
                 << command.toHex(' ').data();
             EXPECT_EQ(real.board.LedIsOn(), board.LedIsOn());
-            command = count == 0 ? QByteArray("P") : RandomCommand(random, kTypes[index]);
+            command = count == 0 ? QByteArray("P") : RandomCommand(random, TypeOf(index));
         }
         EXPECT_EQ(chip.Contents(), otherChip.Contents());
         EXPECT_EQ(real.Violations(), "");
@@ -168,7 +170,7 @@ TEST(FirmwareReplies, IgnoreADisturbedLine) {
         FirmwareSocket noisy(seed % 3 == 0 ? nullptr : &victim, {.seed = seed});
         noisy.board.TakeStreams();
         for (int count = 0; count < 400; ++count) {
-            for (const char byte : RandomCommand(random, kTypes[seed])) {
+            for (const char byte : RandomCommand(random, TypeOf(seed))) {
                 const auto luck = random() % 64;
                 const char sent = luck == 1 ? static_cast<char>(byte ^ 0x10) : byte;
                 if (luck == 2) {

@@ -120,7 +120,7 @@ void LoadState(const QByteArray& bytes) {
 
 /// Whatever comes in, a command ends after three bytes, and no chip changes its size.
 void FeedBoard(const QByteArray& bytes) {
-    SimulatedChip chip(ChipModels()[static_cast<std::size_t>(bytes.size() % 10)]);
+    SimulatedChip chip(ChipModels()[static_cast<std::size_t>(bytes.size()) % ChipModels().size()]);
     SimulatedWriter board(&chip);
     int unanswered = 0;
     for (const char byte : bytes) {
@@ -160,7 +160,8 @@ void Answer(const QByteArray& bytes) {
     const char* const buttons[] = {"Program", "Read", "Verify", "Erase", "FuseRead", "FuseWrite"};
     const QByteArray choice = bytes.left(2).leftJustified(2, '\0');
     AnyPort port(bytes.mid(2));
-    TestBench t(static_cast<std::uint8_t>(choice[0]) % 10, &port);
+    const auto devices = static_cast<int>(Catalogue().size());
+    TestBench t(static_cast<std::uint8_t>(choice[0]) % devices, &port);
     t.bench.state.images.flash[1] = t.bench.state.images.eeprom[1] = 0x55;
     t.Press(QString::fromLatin1(buttons[static_cast<std::uint8_t>(choice[1]) % 6]));
 }
