@@ -4,7 +4,6 @@
 set(CPACK_PACKAGE_NAME tolvex)
 set(CPACK_PACKAGE_VENDOR "The Tolvex developers")
 set(CPACK_PACKAGE_CONTACT "The Tolvex developers <developers@tolvex.example>")
-set(CPACK_PACKAGE_HOMEPAGE_URL https://tolvex.example/)
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "programs AT90S chips through a serial writer board")
 set(CPACK_PACKAGE_DESCRIPTION
 "Tolvex erases, programs, verifies and reads the chips of Atmel's AT90S family
@@ -37,14 +36,7 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # Japanese font, and Qt's own texts in Japanese.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-svg-plugins | libqt6svg6 (<< 6.7.2-5~), \
 fonts-ipafont-gothic | fonts-japanese-gothic, qt6-translations-l10n")
+set(CPACK_TOLVEX_DAY ${release_day})
 set(CPACK_PRE_BUILD_SCRIPTS ${CMAKE_CURRENT_SOURCE_DIR}/debian/stage.cmake)
-
-# Its first line names the version that the package will have.
-set(debian_changelog ${CMAKE_CURRENT_SOURCE_DIR}/debian/changelog)
-set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${debian_changelog})
-file(STRINGS ${debian_changelog} newest LIMIT_COUNT 1)
-if(NOT newest MATCHES "^tolvex \\(${PROJECT_VERSION}\\) ")
-  message(FATAL_ERROR "packaging/debian/changelog does not begin with version ${PROJECT_VERSION}")
-endif()
 
 include(CPack)

@@ -45,7 +45,8 @@ install(FILES fish_completion DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_c
   RENAME tolvex-cli.fish)
 
 install(FILES desktop/tolvex.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
-install(FILES desktop/example.tolvex.Tolvex.metainfo.xml
+configure_file(desktop/example.tolvex.Tolvex.metainfo.xml.in example.tolvex.Tolvex.metainfo.xml @ONLY)
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/example.tolvex.Tolvex.metainfo.xml
   DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES desktop/tolvex-mime.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages
   RENAME tolvex.xml)
