@@ -182,7 +182,7 @@ Result<InputFile> TakeInput(const QString& path, bool binary) {
         file.text = HexOfSRecords(*content);
     } else if (file.kind == FileKind::Hex) {
         file.text = content->toUpper();
-        file.lowerCase = file.text != *content;
+        file.lowerCase = std::ranges::any_of(*content, [](char c) { return c >= 'a' && c <= 'f'; });
     }
     return file;
 }
