@@ -79,8 +79,8 @@ constexpr CommandRow kLedOff{'y', 1, 1, 0, AcknowledgeOrQuote,
     QT_TRANSLATE_NOOP("Tolvex", "LED off x")};
 // clang-format on
 
-QChar Character(char byte) {
-    return QChar(static_cast<char16_t>(static_cast<std::uint8_t>(byte)));
+QChar Character(std::uint8_t byte) {
+    return QChar(char16_t{byte});
 }
 
 /// What the observer of the commands hears of the argument bytes.

@@ -50,7 +50,8 @@ std::optional<QByteArray> ReadStandardInput(qsizetype most) {
         if (StopSignal() != 0) {
             return std::nullopt;
         }
-        const ssize_t count = ::read(STDIN_FILENO, part.data(), part.size());
+        const ssize_t count =
+            ::read(STDIN_FILENO, part.data(), static_cast<std::size_t>(part.size()));
         if (count == 0) {
             break;
         }
